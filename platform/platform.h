@@ -1,0 +1,88 @@
+#pragma once
+
+#include "platform/common_dialog.h"
+#include "platform/message_box.h"
+#include "platform/printer.h"
+#include "platform/serial_control.h"
+#include "platform/timer.h"
+
+#include <functional>
+#include <string>
+
+namespace qdw8 {
+
+/// The per-user store of text values by section and key.
+struct SettingsStore {
+    /// The stored text, or `fallback` if the key is missing. Never fails.
+    std::function<std::string(const std::string& section, const std::string& key,
+                              const std::string& fallback)>
+        GetSetting;
+    /// Stores the text at once. Never fails; a store that can't be written keeps the value for
+    /// the run.
+    std::function<void(const std::string& section, const std::string& key,
+                       const std::string& value)>
+        SaveSetting;
+};
+
+/// The system clipboard, text form, UTF-8.
+struct Clipboard {
+    std::function<std::string()> GetText; ///< empty if it holds no text
+    std::function<void(const std::string&)> SetText;
+    std::function<void()> Clear;
+};
+
+/// Size of the screen that the main window opens on, in pixels.
+struct ScreenSize {
+    int width = 0;
+    int height = 0;
+};
+
+/// What the program needs of a desktop. One platform is in force at a time: the real one on Qt,
+/// or a scripted one with a clock of its own in tests.
+struct Platform {
+    SerialControl MSComm1;
+    MessageBox ShowMessageBox;
+    CommonDialog CommonDialog1;
+    Printer ThePrinter;
+    SettingsStore Settings;
+    Clipboard TheClipboard;
+
+    /// Serves what is pending of timers, arriving characters and window events. If nothing is
+    /// due it sleeps until something is; it never spins.
+    std::function<void()> PumpEvents;
+    /// Called after the fields of a timer changed (see timer.h).
+    std::function<void(Timer&)> TimerChanged;
+    /// Opens or closes the input method of the window that has the focus; nothing happens if
+    /// there is no input method.
+    std::function<void(bool open)> ImeSetOpenStatus;
+    std::function<void()> Beep;
+    std::function<ScreenSize()> GetScreenSize;
+    /// Ends the process at once; no other window gets a chance to ask. On the scripted platform
+    /// it notes the end and returns.
+    std::function<void()> EndProgram;
+
+    /// Folder of the program, in which the list files lie; no separator at the end.
+    std::string programFolder;
+    /// Folder of the user's settings; no separator at the end.
+    std::string settingsFolder;
+};
+
+/// The platform in force. Its functions are empty until a platform has been installed.
+Platform& ThePlatform();
+
+/// Shorthands for what nearly every unit uses.
+inline void PumpEvents() {
+    ThePlatform().PumpEvents();
+}
+inline SerialControl& MSComm1() {
+    return ThePlatform().MSComm1;
+}
+
+/// Path of a file that lies beside the program.
+std::string BesideProgram(const std::string& fileName);
+
+/// The device that stands behind a port number: `ports/comN` in the user's settings folder if
+/// there is such a link, else the built-in port /dev/ttyS(N-1).
+std::string DeviceOfPort(int portNo);
+
+} // namespace qdw8
