@@ -1,0 +1,45 @@
+#include "app/boxes.h"
+
+#include "app/string_table.h"
+#include "platform/platform.h"
+
+namespace qdw8 {
+namespace {
+
+/// Joins what `textOf` makes of each item, one a line.
+template<typename Items, typename TextOf> std::string Join(const Items& items, TextOf textOf) {
+    std::string text;
+    bool first = true;
+    for (const auto& item : items) {
+        if (!first) {
+            text += "\r\n";
+        }
+        first = false;
+        text += textOf(item);
+    }
+    return text;
+}
+
+} // namespace
+
+std::string Lines(std::initializer_list<std::string> lines) {
+    return Join(lines, [](const std::string& line) { return line; });
+}
+
+std::string TextLines(std::initializer_list<std::int16_t> ids) {
+    return Join(ids, [](std::int16_t id) { return ResText(id); });
+}
+
+void ShowBox(const std::string& text) {
+    ThePlatform().ShowMessageBox({text, BoxButtons::Ok, {}, BoxIcon::None});
+}
+
+void ShowTexts(std::initializer_list<std::int16_t> ids) {
+    ShowBox(TextLines(ids));
+}
+
+BoxAnswer AskBox(const std::string& text, BoxButtons buttons) {
+    return ThePlatform().ShowMessageBox({text, buttons, {}, BoxIcon::Question});
+}
+
+} // namespace qdw8

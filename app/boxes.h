@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/message_box.h"
+
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+
+namespace qdw8 {
+
+/// Joins lines with "\r\n". An empty line makes a blank one.
+std::string Lines(std::initializer_list<std::string> lines);
+
+/// The texts of the ids, one a line.
+std::string TextLines(std::initializer_list<std::int16_t> ids);
+
+/// A box with an OK button and the default title.
+void ShowBox(const std::string& text);
+/// The same with the texts of the ids, one a line.
+void ShowTexts(std::initializer_list<std::int16_t> ids);
+
+/// A question box with the default title.
+BoxAnswer AskBox(const std::string& text, BoxButtons buttons);
+
+} // namespace qdw8

@@ -1,0 +1,10 @@
+#include "app/screens.h"
+
+namespace qdw8 {
+
+ScreenFunctions& Screens() {
+    static ScreenFunctions screens;
+    return screens;
+}
+
+} // namespace qdw8

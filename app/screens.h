@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+/// What the rules ask of the windows. One member per need, named after the window; `program/` fills
+/// them with the real windows and a test with a script. No rule names a window class.
+///
+/// The functions that only tell ("look at the data again") may be empty; the modal ones return the
+/// user's answer and must be there when a rule reaches them.
+namespace qdw8 {
+
+/// The choice dialog `frmSelection`.
+struct SelectionQuestion {
+    std::string title;
+    std::string text;
+    std::vector<std::string> choices; ///< two or three; the first is preselected
+    bool mustAnswer = false;          ///< no Cancel button, and the window can't be closed
+};
+inline constexpr std::int16_t kSelectionCancelled = -1;
+
+struct ScreenFunctions {
+    /// The panel, the command states, the transfer dialog, the wait dialog have changed.
+    std::function<void()> frmMainPanel;
+    std::function<void()> frmMainCommands;
+    std::function<void()> frmTrance;
+    std::function<void()> frmProcessing;
+    /// The grid's cells, colours, heads or size have changed.
+    std::function<void()> flgdData;
+    /// Gives the grid the focus.
+    std::function<void()> flgdDataFocus;
+    /// Repaint of the axis texts and colours after the axes in use changed.
+    std::function<void()> frmMainAxes;
+
+    /// Loads and shows `frmMain`, small on a screen of at most 800 pixels' width.
+    std::function<void(bool small)> frmMainShow;
+    /// Asks the main window to close, as its title bar does.
+    std::function<void()> frmMainClose;
+    /// Shows and takes away the splash.
+    std::function<void()> frmSplashShow;
+    std::function<void()> frmSplashUnload;
+
+    /// Modal. 0, 1 or 2 by the choice, -1 cancelled.
+    std::function<std::int16_t(const SelectionQuestion&)> frmSelection;
+    /// Modal range dialogs. They set `PosiFirst`, `PosiLast` or `RangeCancelFlag`.
+    std::function<void()> frmSelectPosiNo2;
+    std::function<void()> frmSelectPosiNo3;
+    /// Modal result window of a check or a verify.
+    std::function<void()> frmSyogoKekka;
+};
+
+/// The screens in force.
+ScreenFunctions& Screens();
+
+} // namespace qdw8

@@ -1,0 +1,32 @@
+#include "app/settings.h"
+
+#include "app/number_forms.h"
+#include "platform/fault.h"
+#include "platform/platform.h"
+
+namespace qdw8 {
+namespace {
+constexpr const char* kSection = "Settings";
+}
+
+std::string SettingText(const std::string& key, const std::string& fallback) {
+    return ThePlatform().Settings.GetSetting(kSection, key, fallback);
+}
+
+std::int16_t SettingNumber(const std::string& key, std::int16_t fallback) {
+    try {
+        return ToInt16(NumberFromText(SettingText(key, std::to_string(fallback))));
+    } catch (const Fault&) {
+        return fallback;
+    }
+}
+
+void SaveSettingText(const std::string& key, const std::string& text) {
+    ThePlatform().Settings.SaveSetting(kSection, key, text);
+}
+
+void SaveSettingNumber(const std::string& key, std::int16_t number) {
+    SaveSettingText(key, std::to_string(number));
+}
+
+} // namespace qdw8
