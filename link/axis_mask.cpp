@@ -1,0 +1,56 @@
+#include "link/axis_mask.h"
+
+#include "app/number_forms.h"
+#include "app/transfer_dialog.h"
+#include "link/Module3Tusin.h"
+#include "link/ct_commands.h"
+#include "platform/fault.h"
+
+namespace qdw8 {
+namespace {
+
+/// Takes the mask out of the block 0 that stands in `ReplyText`. False if it is no number.
+bool TakeMask(std::array<Flag, kAxes>& off) {
+    try {
+        SetAxisOffByMask(off, HexValue(Mid(ReplyText, 17, 2)));
+        return true;
+    } catch (const Fault&) {
+        return false;
+    }
+}
+
+} // namespace
+
+std::int16_t ReadAxisMask() {
+    if (OpenCtPortForBatch() != 0 || ReadParaBlock(0) != 0) {
+        return 1;
+    }
+    if (!TakeMask(AxisOff)) {
+        ShowWrongData();
+        return 1;
+    }
+    return 0;
+}
+
+std::int16_t ReadAxisMaskShown() {
+    SetTranceValue(1);
+    const std::int16_t result = ReadAxisMask();
+    SetTranceValue(2);
+    return result;
+}
+
+std::int16_t ReadAxisMaskQuiet() {
+    for (int tries = 0; tries <= kRetries; ++tries) {
+        if (tries > 0) {
+            MsecTimer(kRetryPauseMs);
+            // The failed try went off line, where the receiver is deaf.
+            GoOnLine();
+        }
+        if (ReadParaBlock0Quiet() == 0 && TakeMask(CtAxisOff)) {
+            return 0;
+        }
+    }
+    return 1;
+}
+
+} // namespace qdw8
