@@ -1,0 +1,194 @@
+#include "simulator/faults.h"
+
+#include "simulator/commands.h"
+
+#include <algorithm>
+#include <array>
+
+namespace qdk8 {
+
+namespace {
+
+constexpr Millis LongestWait = 3'600'000;
+
+enum class Value { none, number, text, alarm };
+
+struct FaultName {
+    const char* name;
+    FaultKind kind;
+    Value value;
+    const char* standard; ///< the value when none is given; null: one must be given
+    const char* help;
+};
+
+constexpr std::array<FaultName, 15> Names{{
+    {"silence", FaultKind::silence, Value::none, "", "obeyed, but the reply is lost"},
+    {"deaf", FaultKind::deaf, Value::none, "", "the request is lost: not obeyed, no reply"},
+    {"late", FaultKind::late, Value::number, nullptr, "late=MS: the reply comes MS later"},
+    {"part", FaultKind::part, Value::number, nullptr, "part=N: N characters, then silence"},
+    {"bytes", FaultKind::bytes, Value::number, "20",
+     "bytes=MS: one character at a time, MS apart (20)"},
+    {"noise-before", FaultKind::noiseBefore, Value::text, "~#?",
+     "noise-before=TEXT: TEXT (\"~#?\") in front of the reply"},
+    {"noise-inside", FaultKind::noiseInside, Value::text, "~#?",
+     "noise-inside=TEXT: TEXT (\"~#?\") in the middle of the reply"},
+    {"echo", FaultKind::echo, Value::text, "0ZZ",
+     "echo=TEXT: TEXT (\"0ZZ\") in place of the echoed word"},
+    {"long", FaultKind::tooLong, Value::none, "", "one character too many"},
+    {"short", FaultKind::tooShort, Value::none, "", "one character too few"},
+    {"twice", FaultKind::twice, Value::none, "", "the reply two times in one burst"},
+    {"error", FaultKind::error, Value::alarm, nullptr,
+     "error=06 or error=0%%134: not obeyed, this error reply"},
+    {"reply", FaultKind::reply, Value::text, nullptr, "reply=TEXT: obeyed, TEXT as the reply"},
+    {"previous", FaultKind::previous, Value::none, "", "the reply to the request before"},
+    {"hangup", FaultKind::hangUp, Value::number, "0",
+     "hangup=N: N characters (0), then the cable is pulled"},
+}};
+
+std::string quoted(std::string_view text) {
+    std::string all = "\"";
+    all += text;
+    return all + "\"";
+}
+
+bool parseOccurrence(std::string_view text, FaultRule& rule) {
+    constexpr Millis Most = 1'000'000'000;
+    if (text == "*")
+        return true;
+    const std::size_t dash = text.find('-');
+    const bool open = !text.empty() && text.back() == '+';
+    const auto first =
+        fromDecimal(open ? text.substr(0, text.size() - 1) : text.substr(0, dash), Most);
+    if (!first || *first < 1)
+        return false;
+    rule.first = static_cast<long>(*first);
+    if (open)
+        return true;
+    rule.last = rule.first;
+    if (dash == std::string_view::npos)
+        return true;
+    const auto last = fromDecimal(text.substr(dash + 1), Most);
+    if (!last || *last < *first)
+        return false;
+    rule.last = static_cast<long>(*last);
+    return true;
+}
+
+bool parseFault(std::string_view text, Fault& fault, std::string& problem) {
+    const std::size_t equal = text.find('=');
+    const std::string_view name = text.substr(0, equal);
+    const auto* known = std::find_if(Names.begin(), Names.end(),
+                                     [&](const FaultName& n) { return name == n.name; });
+    if (known == Names.end()) {
+        problem = quoted(name) + " is no fault";
+        return false;
+    }
+    const bool given = equal != std::string_view::npos;
+    if (given && known->value == Value::none) {
+        problem = quoted(name) + " takes no value";
+        return false;
+    }
+    if (!given && known->standard == nullptr) {
+        problem = quoted(name) + " needs a value";
+        return false;
+    }
+    const std::string value(given ? text.substr(equal + 1) : std::string_view(known->standard));
+    Fault fresh{known->kind, 0, value};
+    if (known->value == Value::number) {
+        const auto number = fromDecimal(value, LongestWait);
+        if (!number) {
+            problem = quoted(value) + " is not a number from 0 to " + std::to_string(LongestWait);
+            return false;
+        }
+        fresh.number = *number;
+    } else if (known->value == Value::alarm && value.substr(0, 3) != "0%%") {
+        // A whole text is taken as it stands: a reply cut short is worth sending, too.
+        const auto alarm = parseAlarm(value);
+        if (!alarm) {
+            problem = quoted(value) + " is neither class and code nor an error reply";
+            return false;
+        }
+        fresh.text = alarm->text();
+    }
+    fault = fresh;
+    return true;
+}
+
+} // namespace
+
+bool parseFaultRule(std::string_view text, FaultRule& rule, std::string& problem) {
+    const std::size_t one = text.find(':');
+    const std::size_t two = one == std::string_view::npos ? one : text.find(':', one + 1);
+    if (two == std::string_view::npos) {
+        problem = "a fault rule is COMMAND:OCCURRENCE:FAULT";
+        return false;
+    }
+    FaultRule fresh;
+    const std::string_view command = text.substr(0, one);
+    if (command != "*") {
+        if (!isCommandWord(command.substr(0, 3))) {
+            problem = quoted(command) + " begins with no command of the controller";
+            return false;
+        }
+        fresh.command = command;
+    }
+    if (!parseOccurrence(text.substr(one + 1, two - one - 1), fresh)) {
+        problem = "the occurrence is \"*\", a number such as \"3\", \"4+\" or \"2-5\"";
+        return false;
+    }
+    if (!parseFault(text.substr(two + 1), fresh.fault, problem))
+        return false;
+    rule = fresh;
+    return true;
+}
+
+std::string faultHelp() {
+    std::string help;
+    for (const FaultName& name : Names) {
+        std::string line = std::string("    ") + name.name;
+        line.resize(18, ' ');
+        help += line + name.help + "\n";
+    }
+    return help;
+}
+
+bool keepsFromActing(const Fault& fault) {
+    return fault.kind == FaultKind::deaf || fault.kind == FaultKind::error;
+}
+
+std::vector<Outgoing> spoil(const Fault& fault, const std::string& reply,
+                            const std::string& previous, Millis at) {
+    const std::string end = "\r\n";
+    const std::string body = reply.substr(0, reply.size() - end.size());
+    const std::string first = reply.substr(0, static_cast<std::size_t>(fault.number));
+    std::vector<Outgoing> out;
+    switch (fault.kind) {
+    case FaultKind::silence:
+    case FaultKind::deaf: break;
+    case FaultKind::late: out.push_back({at + fault.number, reply}); break;
+    case FaultKind::part: out.push_back({at, first}); break;
+    case FaultKind::bytes:
+        for (std::size_t i = 0; i < reply.size(); ++i)
+            out.push_back({at + fault.number * static_cast<Millis>(i), reply.substr(i, 1)});
+        break;
+    case FaultKind::noiseBefore: out.push_back({at, fault.text + reply}); break;
+    case FaultKind::noiseInside:
+        out.push_back({at, std::string(body).insert(body.size() / 2, fault.text) + end});
+        break;
+    case FaultKind::echo: out.push_back({at, fault.text + reply.substr(3)}); break;
+    case FaultKind::tooLong: out.push_back({at, body + "0" + end}); break;
+    case FaultKind::tooShort: out.push_back({at, body.substr(0, body.size() - 1) + end}); break;
+    case FaultKind::twice: out.push_back({at, reply + reply}); break;
+    case FaultKind::error:
+    case FaultKind::reply: out.push_back({at, fault.text + end}); break;
+    case FaultKind::previous: out.push_back({at, previous}); break;
+    case FaultKind::hangUp:
+        out.push_back({at, first});
+        out.push_back({at, "", true});
+        break;
+    }
+    std::erase_if(out, [](const Outgoing& o) { return o.bytes.empty() && !o.hangUp; });
+    return out;
+}
+
+} // namespace qdk8

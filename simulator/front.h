@@ -1,0 +1,65 @@
+#pragma once
+
+// qd-k8-sim itself: the controller, the terminal and the pace of the line between them.
+
+#include "simulator/controller.h"
+#include "simulator/options.h"
+#include "simulator/terminal.h"
+
+#include <deque>
+#include <string>
+
+namespace qdk8 {
+
+/// Bytes on their way, in microseconds of the simulator's clock.
+struct Arriving {
+    double due = 0; ///< the last of them has arrived
+    std::string bytes;
+};
+
+struct Leaving {
+    double start = 0; ///< the first of them begins
+    std::string bytes;
+    std::size_t sent = 0;
+    bool hangUp = false;
+};
+
+struct Front {
+    Options options;
+    Controller controller;
+    Terminal terminal;
+    std::deque<Arriving> arriving;
+    std::deque<Leaving> leaving;
+    double arrivedUntil = 0; ///< the line towards the controller is taken until then
+    double leftUntil = 0;    ///< the line from the controller is taken until then
+    double lastRequest = 0;
+    double lastTraffic = 0;
+    unsigned savedChanges = 0;
+    unsigned savedCommits = 0;
+    std::string typed; ///< control input, not yet a whole line
+    bool ended = false;
+};
+
+/// Microseconds since the first call, on a clock that is never set.
+double microseconds();
+Millis milliseconds();
+
+/// Makes the controller from its options and memory file, and the terminal. On failure gives false
+/// with one line in `problem`.
+bool setUp(Front& front, std::string& problem);
+
+/// Serves the line until the end is asked for; takes the link away and saves the memory.
+/// Gives the exit status.
+int serve(Front& front);
+
+/// The line that tells where the controller can be reached, to standard output.
+void tellPlace(const Front& front, const char* event);
+
+/// Pulls the cable. `plug` of the terminal puts it back.
+void pullCable(Front& front);
+
+/// Writes the lasting memory to its file if there is one and it changed. On failure gives false
+/// with one line in `problem`.
+bool keepMemory(Front& front, std::string& problem);
+
+} // namespace qdk8

@@ -1,0 +1,31 @@
+#include "simulator/front.h"
+
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <vector>
+
+int main(int count, char** texts) {
+    try {
+        qdk8::microseconds(); // the clock starts here
+        qdk8::Front front;
+        std::string problem;
+        if (!qdk8::parseOptions(std::vector<std::string>(texts + 1, texts + count), front.options,
+                                problem)) {
+            std::fprintf(stderr, "qd-k8-sim: %s\n", problem.c_str());
+            return 2;
+        }
+        if (front.options.help) {
+            std::fputs(qdk8::helpText().c_str(), stdout);
+            return 0;
+        }
+        if (!qdk8::setUp(front, problem)) {
+            std::fprintf(stderr, "qd-k8-sim: %s\n", problem.c_str());
+            return 1;
+        }
+        return qdk8::serve(front);
+    } catch (const std::exception& fault) {
+        std::fprintf(stderr, "qd-k8-sim: %s\n", fault.what());
+        return 1;
+    }
+}
