@@ -1,0 +1,86 @@
+#include "device/controller_device.h"
+
+#include "device/axis_device.h"
+#include "link/ct_commands.h"
+
+#include <limits>
+
+namespace qdw8 {
+namespace {
+
+constexpr std::int16_t kOldKind = 0;
+constexpr std::int16_t kNewKind = 1;
+
+/// Checked for all axes before any is touched, so that no axis is left half taken over.
+std::int16_t CheckNumbers() {
+    for (std::size_t axis = 0; axis < CtDevice.size(); ++axis) {
+        if (IsSet(AxisOff[axis])) {
+            continue;
+        }
+        if (CtDevice[axis].PPR > std::numeric_limits<std::int16_t>::max()) {
+            ShowWrongData();
+            return 1;
+        }
+        if (CtDevice[axis].Lead == 0 || CtDevice[axis].PPR == 0) {
+            return 1;
+        }
+    }
+    return 0;
+}
+
+void TakeFlags(AxisDevice& device, const ControllerDevice& ct) {
+    const bool own = ct.KindCode == kOldKind || ct.KindCode == kNewKind;
+    device.Device = FlagOf(own);
+    device.Vertical = FlagOf(ct.KindCode == kNewKind);
+    if (ct.KindCode != kNewKind) {
+        device.NewType = kClear;
+    } else if (ExistsOnlyAsNew(ct.Size)) {
+        device.NewType = kSet;
+    } // the kind doesn't tell the two types of the other sizes apart: what was known stands
+    device.WithPG = FlagOf(ct.Function == 1 || ct.Function == 2);
+}
+
+} // namespace
+
+std::int16_t TakeControllerFlags() {
+    if (CheckNumbers() != 0) {
+        return 1;
+    }
+    for (std::size_t axis = 0; axis < CtDevice.size(); ++axis) {
+        if (IsSet(AxisOff[axis])) {
+            continue;
+        }
+        const ControllerDevice& ct = CtDevice[axis];
+        TakeFlags(DevSetting[axis], ct);
+        TakeFlags(DevSettei[axis], ct);
+        DevSetting[axis].DevLead = ct.Lead;
+        DevSetting[axis].DevPPR = static_cast<std::int16_t>(ct.PPR);
+        DevSetting[axis].MaxPulse = ct.MaxPulse;
+    }
+    return 0;
+}
+
+std::int16_t TakeControllerDevices() {
+    for (std::size_t axis = 0; axis < CtDevice.size(); ++axis) {
+        if (IsSet(AxisOff[axis])) {
+            continue;
+        }
+        const ControllerDevice& ct = CtDevice[axis];
+        if (ct.Size.empty() || ct.Speed.empty() || ct.Stroke == 0) {
+            return 1;
+        }
+        AxisDevice& device = DevSetting[axis];
+        device.DevSize = ct.Size;
+        device.DevSpeed = ct.Speed;
+        device.DevStroke = ct.Stroke;
+        device.Device = kSet;
+        FamilyText[axis] = "QD"; // the stored family follows the flag
+        if (ExistsOnlyAsNew(ct.Size)) {
+            device.NewType = kSet;
+            DevSettei[axis].NewType = kSet;
+        }
+    }
+    return 0;
+}
+
+} // namespace qdw8
