@@ -1,0 +1,45 @@
+#include "position/check_result.h"
+
+namespace qdw8 {
+
+std::array<Flag, kPosiRows> PosiRowError{};
+std::array<std::array<Flag, kPosiRows>, 20> PosiCellError{};
+std::int16_t PosiErrorCount = 0;
+std::int16_t SyogoMode = 0;
+
+void ClearPosiErrors() {
+    for (auto& column : PosiCellError) {
+        column.fill(kClear);
+    }
+}
+
+void MarkPosiCell(std::size_t column, std::int16_t position) {
+    const auto row = static_cast<std::size_t>(position);
+    PosiCellError[column][row] = kSet;
+    PosiCellError[kSomeCell][row] = kSet;
+}
+
+std::vector<ResultRow> ResultRows() {
+    std::vector<ResultRow> rows;
+    for (std::int16_t position = PosiFirst; position <= kLastPosition; ++position) {
+        const auto row = static_cast<std::size_t>(position);
+        if (!IsSet(PosiCellError[kSomeCell][row])) {
+            continue;
+        }
+        ResultRow result{position, {}};
+        for (std::size_t column = 0; column < kComment; ++column) {
+            result.failed.set(column, IsSet(PosiCellError[column][row]));
+        }
+        rows.push_back(result);
+    }
+    return rows;
+}
+
+void ResetCheckResult() {
+    PosiRowError.fill(kClear);
+    ClearPosiErrors();
+    PosiErrorCount = 0;
+    SyogoMode = 0;
+}
+
+} // namespace qdw8

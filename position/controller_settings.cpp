@@ -1,0 +1,71 @@
+#include "position/controller_settings.h"
+
+#include "app/Module1.h"
+#include "app/screens.h"
+#include "app/string_table.h"
+#include "device/Module2Calc.h"
+#include "device/axis_device.h"
+#include "device/axis_texts.h"
+#include "device/controller_device.h"
+#include "device/device_settings.h"
+#include "link/axis_mask.h"
+#include "parameter/device_bytes.h"
+#include "position/grid_display.h"
+
+namespace qdw8 {
+namespace {
+
+/// 0 alike, 1 different, -1 the controller couldn't be asked.
+std::int16_t CompareWithController() {
+    if (ReadAxisMaskQuiet() != 0) {
+        return -1;
+    }
+    return CtAxisOff != AxisOff ? std::int16_t{1} : CompareDeviceSettings();
+}
+
+} // namespace
+
+std::int16_t TakeOverControllerDevices() {
+    const auto setting = DevSetting;
+    const auto settei = DevSettei;
+    if (ReadDeviceBytes() != 0) {
+        return 1;
+    }
+    TakeControllerFlags();
+    if (TakeControllerDevices() != 0) {
+        // Half a device is none: a lead without its model would convert by a stranger's figures.
+        DevSetting = setting;
+        DevSettei = settei;
+        return 1;
+    }
+    CalcMaxStrokeMm();
+    ShowAxisDevices();
+    DispAxisData();
+    ShowUnitScale();
+    WriteDeviceSettings();
+    return 0;
+}
+
+std::int16_t MatchControllerSettings() {
+    const std::int16_t compared = CompareWithController();
+    if (compared != 1) {
+        return compared;
+    }
+    const std::int16_t choice =
+        Screens().frmSelection({ResText(471), ResText(371), {ResText(372), ResText(373)}, false});
+    if (choice == kSelectionCancelled) {
+        return 1;
+    }
+    if (choice != 0) {
+        return 0;
+    }
+    const auto axesBefore = AxisOff;
+    AxisOff = CtAxisOff;
+    if (TakeOverControllerDevices() != 0) {
+        AxisOff = axesBefore;
+        return -1;
+    }
+    return 0;
+}
+
+} // namespace qdw8

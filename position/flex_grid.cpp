@@ -1,0 +1,122 @@
+#include "position/flex_grid.h"
+
+#include "app/main_panel.h"
+#include "app/screens.h"
+#include "app/string_table.h"
+#include "platform/fault.h"
+
+#include <algorithm>
+
+namespace qdw8 {
+namespace {
+
+FlexGrid grid;
+
+FlexGrid::Row& RowAt(int row, int column) {
+    if (row < 0 || row >= static_cast<int>(grid.rows.size()) || column < 0 ||
+        column >= kGridColumns) {
+        throw Fault("the grid has no such cell");
+    }
+    return grid.rows[static_cast<std::size_t>(row)];
+}
+
+void Tell() {
+    if (grid.frozen == 0 && Screens().flgdData) {
+        Screens().flgdData();
+    }
+}
+
+} // namespace
+
+Rgb RgbOf(CellColour colour) {
+    switch (colour) {
+    case CellColour::Band: return {0xFF, 0xFF, 0xC0};
+    case CellColour::OffAxis: return {0xE0, 0xE0, 0xE0};
+    case CellColour::Editing: return {0xC0, 0xFF, 0xFF};
+    case CellColour::Window: break;
+    }
+    return {0xFF, 0xFF, 0xFF};
+}
+
+const FlexGrid& flgdData() {
+    return grid;
+}
+
+void SetGridRows(int count) {
+    grid.rows.resize(static_cast<std::size_t>(std::max(count, kGridHeadRows)));
+    const int last = static_cast<int>(grid.rows.size()) - 1;
+    grid.row = std::min(grid.row, last);
+    grid.rowSel = std::min(grid.rowSel, last);
+    Tell();
+}
+
+const std::string& GridText(int row, int column) {
+    return RowAt(row, column).text[static_cast<std::size_t>(column)];
+}
+
+void SetGridText(int row, int column, const std::string& text) {
+    RowAt(row, column).text[static_cast<std::size_t>(column)] = text;
+    Tell();
+}
+
+void SetGridColour(int row, int column, CellColour colour) {
+    RowAt(row, column).colour[static_cast<std::size_t>(column)] = colour;
+    Tell();
+}
+
+void SelectCells(int row, int column, int rowSel, int columnSel) {
+    grid.row = row;
+    grid.col = column;
+    grid.rowSel = rowSel;
+    grid.colSel = columnSel;
+}
+
+void FreezeGrid() {
+    ++grid.frozen;
+}
+
+void ThawGrid() {
+    if (grid.frozen > 0) {
+        --grid.frozen;
+        Tell();
+    }
+}
+
+void ThawGridWholly() {
+    grid.frozen = 0;
+    Tell();
+}
+
+void GridHome() {
+    SelectCells(0, 0, 0, 0);
+    Tell();
+}
+
+void LockGrid(bool locked) {
+    grid.locked = locked;
+    Tell();
+}
+
+std::string GridHead(int row, int column) {
+    if (column == 0) {
+        return row == 0 ? "" : ResText(248);
+    }
+    const int tableColumn = column - 1;
+    if (tableColumn >= 16) {
+        // "ITPL", "OUT", "S/M" and "COMMENT" stand under "Common".
+        return ResText(static_cast<std::int16_t>(row == 0 ? 224 : 231 + tableColumn - 16));
+    }
+    const auto axis = static_cast<std::size_t>(tableColumn / 4);
+    const int item = tableColumn % 4;
+    if (row == 0) {
+        const std::string& header = ThePanel().axisHeader[axis];
+        return header.empty() ? ResText(static_cast<std::int16_t>(220 + axis)) : header;
+    }
+    return item == 3 ? ThePanel().posiHeader[axis] : ResText(static_cast<std::int16_t>(225 + item));
+}
+
+void ResetGrid() {
+    grid = FlexGrid{};
+}
+
+} // namespace qdw8

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// The grid `flgdData` as data: a table of text cells, its current cell and its state. The window
+/// shows it and hands keys and clicks back; the rules work on it alone.
+///
+/// Rows 0 and 1 are heads, column 0 holds position numbers. Row g shows position
+/// `GridFirst` + g - 2, column c shows table column c - 1. With no data there are exactly 2 rows.
+namespace qdw8 {
+
+inline constexpr int kGridColumns = 21;
+inline constexpr int kGridHeadRows = 2;
+inline constexpr int kGridCommentColumn = 20;
+
+/// Background of a cell.
+enum class CellColour : std::uint8_t {
+    Window,  ///< the system's window colour
+    Band,    ///< the blocks of AXIS 2 and AXIS 4
+    OffAxis, ///< the block of an axis out of use
+    Editing  ///< the cell being edited
+};
+
+/// Red, green, blue of a colour that the system fixes; `Window` has none of its own.
+struct Rgb {
+    std::uint8_t red = 0;
+    std::uint8_t green = 0;
+    std::uint8_t blue = 0;
+};
+Rgb RgbOf(CellColour colour);
+
+struct FlexGrid {
+    struct Row {
+        std::array<std::string, kGridColumns> text;
+        std::array<CellColour, kGridColumns> colour{};
+    };
+    std::vector<Row> rows = std::vector<Row>(kGridHeadRows);
+    int row = 0; ///< current cell
+    int col = 0;
+    int rowSel = 0; ///< the other end of the selection
+    int colSel = 0;
+    bool locked = false; ///< no selection, no editing
+    int frozen = 0;      ///< not painted while above 0
+};
+
+/// The grid of the main window.
+const FlexGrid& flgdData();
+
+/// Number of rows, heads included; at least 2. New rows are empty.
+void SetGridRows(int count);
+/// Text of a cell; a cell that doesn't exist faults.
+const std::string& GridText(int row, int column);
+void SetGridText(int row, int column, const std::string& text);
+void SetGridColour(int row, int column, CellColour colour);
+/// Current cell and the other end of the selection.
+void SelectCells(int row, int column, int rowSel, int columnSel);
+
+/// Stop and restart the painting around bulk changes; they nest.
+void FreezeGrid();
+void ThawGrid();
+/// Starts the painting again whatever was left frozen by a routine that ended in a fault.
+void ThawGridWholly();
+/// Puts the current cell at row 0, column 0.
+void GridHome();
+/// No selection and no editing while locked.
+void LockGrid(bool locked);
+
+/// Text of a head cell, row 0 or 1.
+std::string GridHead(int row, int column);
+
+void ResetGrid();
+
+} // namespace qdw8

@@ -1,0 +1,204 @@
+#include "position/posi_file.h"
+
+#include "app/boxes.h"
+#include "app/command_states.h"
+#include "app/main_panel.h"
+#include "app/number_forms.h"
+#include "app/screens.h"
+#include "app/string_table.h"
+#include "link/Module3Tusin.h"
+#include "platform/cp932_text.h"
+#include "platform/platform.h"
+#include "platform/whole_file.h"
+#include "position/flex_grid.h"
+#include "position/posi_check.h"
+#include "position/posi_table.h"
+
+#include <exception>
+#include <filesystem>
+#include <optional>
+
+namespace qdw8 {
+
+std::string PosiFolder;
+Flag SaveCancelledFlag = kClear;
+
+namespace {
+
+constexpr std::size_t kExtensionLength = 4; // ".qdd"
+
+/// A text field of a file: between double quotes, with no escaping.
+std::string Quoted(const std::string& text) {
+    return "\"" + text + "\"";
+}
+
+std::string TypeWord(std::size_t axis) {
+    const bool old = !ThePanel().lblDeviceType[axis].empty() && !IsSet(AxisOff[axis]) &&
+                     !IsSet(DevSetting[axis].NewType);
+    return Quoted(old ? "OLD" : "NEW");
+}
+
+std::string RowLine(std::int16_t position) {
+    const PosiRow& row = PosiTable[static_cast<std::size_t>(position)];
+    std::string line = std::to_string(position);
+    for (const double number : row.number) {
+        line += "," + Quoted(BlankOrMinusDecimal(number));
+    }
+    return line + "," + Quoted(row.comment) + "\r\n";
+}
+
+/// The whole file: the magic, the device names as the main window shows them, the types, and a
+/// line for each position of the working range.
+std::string FileText() {
+    std::string names;
+    std::string types;
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
+        const char* separator = axis == 0 ? "" : ",";
+        names += separator + Quoted(ThePanel().lblDeviceType[axis]);
+        types += separator + TypeWord(axis);
+    }
+    std::string text = Quoted("QD-K8") + "\r\n" + names + "\r\n" + types + "\r\n";
+    for (std::int16_t position = PosiFirst; position <= PosiLast; ++position) {
+        text += RowLine(position);
+    }
+    return text;
+}
+
+std::string WithoutExtension(const std::string& fileName) {
+    return fileName.substr(0, fileName.size() - std::min(fileName.size(), kExtensionLength));
+}
+
+/// The first `count` characters of a text, whatever bytes they take.
+std::string FirstCharacters(const std::string& text, int count) {
+    std::size_t end = 0;
+    while (end < text.size() && count > 0) {
+        ++end;
+        while (end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) {
+            ++end;
+        }
+        --count;
+    }
+    return text.substr(0, end);
+}
+
+/// The data came from no file yet. A real file whose name begins with the same three letters as
+/// one of the two stand-ins is taken for one of them; that is meant so.
+bool HasNoFileYet() {
+    const std::string begin = FirstCharacters(PosiFileName, 3);
+    return begin == FirstCharacters(ResText(213), 3) || begin == FirstCharacters(ResText(374), 3);
+}
+
+/// Asks for a file to save; the folder chosen becomes the current one. Nothing: cancelled.
+std::optional<std::string> AskFileName(std::int16_t titleId) {
+    FileQuestion question;
+    question.kind = FileQuestion::Kind::Save;
+    question.title = ResText(titleId);
+    question.filter = ResText(351);
+    question.defaultExt = "qdd";
+    question.fileName = ResText(407);
+    question.folder = PosiFolder;
+    question.flags = kOverwritePrompt;
+    const auto answer = ThePlatform().CommonDialog1.ShowFile(question);
+    if (!answer || answer->path.empty()) {
+        return std::nullopt;
+    }
+    PosiFolder = std::filesystem::path(answer->path).parent_path().string();
+    return answer->title;
+}
+
+/// Up to six tries, 100 ms apart.
+bool SaveWithTries(const std::string& fileName) {
+    RetryCount = 0;
+    while (SaveFileAs2(fileName) != 0) {
+        if (++RetryCount > kRetries) {
+            ShowTexts({422});
+            return false;
+        }
+        MsecTimer(kRetryPauseMs);
+    }
+    return true;
+}
+
+/// Runs the steps of a save command between the commands being taken away and given back. The
+/// steps say whether a file was written.
+template<typename Steps> void RunSave(Steps steps) {
+    const CommandsAway away;
+    SaveCancelledFlag = kClear;
+    GridHome();
+    LockGrid(true);
+    bool saved = false;
+    try {
+        saved = steps();
+    } catch (const std::exception&) {
+        ShowTexts({422});
+    }
+    SaveCancelledFlag = FlagOf(!saved);
+    LockGrid(false);
+    if (Screens().flgdDataFocus) {
+        Screens().flgdDataFocus();
+    }
+}
+
+bool Save() {
+    if (Check_flgdLineNo() != 0) {
+        ShowTexts({422});
+        return false;
+    }
+    if (PosiDataCheck3() == 1) {
+        return false;
+    }
+    std::string fileName = PosiFileName + ".qdd";
+    if (HasNoFileYet()) {
+        const auto chosen = AskFileName(423);
+        if (!chosen) {
+            return false;
+        }
+        fileName = *chosen;
+    }
+    return SaveWithTries(fileName);
+}
+
+bool SaveAs() {
+    if (Check_flgdLineNo() != 0) {
+        return false;
+    }
+    Screens().frmSelectPosiNo3();
+    if (IsSet(RangeCancelFlag)) {
+        RangeCancelFlag = kClear;
+        return false;
+    }
+    if (PosiDataCheck3() == 1 || AskBox(ResText(405), BoxButtons::OkCancel) != BoxAnswer::Ok) {
+        return false;
+    }
+    const auto chosen = AskFileName(406);
+    return chosen && SaveWithTries(*chosen);
+}
+
+} // namespace
+
+std::int16_t SaveFileAs2(const std::string& fileName) {
+    try {
+        const std::filesystem::path path = std::filesystem::path(PosiFolder) / fileName;
+        WriteWholeFile(path.string(), ToCp932(FileText()));
+        ShowPosiFileName(WithoutExtension(fileName));
+        PosiDirtyFlag = kClear;
+        return 0;
+    } catch (const std::exception&) {
+        return 1;
+    }
+}
+
+void SavePosiFile() {
+    RunSave(Save);
+}
+
+void SavePosiFileAs() {
+    RunSave(SaveAs);
+}
+
+void ResetPosiFile() {
+    PosiFolder.clear();
+    SaveCancelledFlag = kClear;
+}
+
+} // namespace qdw8
