@@ -1,0 +1,20 @@
+#include "app/Module1.h"
+#include "platform/qt/qt_platform.h"
+#include "program/startup.h"
+#include "program/wiring.h"
+
+#include <QApplication>
+#include <QStyleFactory>
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("QD-W8");
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    // The main window alone decides when the program ends.
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    qdw8::InstallQtPlatform();
+    qdw8::WireScreens();
+    qdw8::Main();
+    return QApplication::exec();
+}

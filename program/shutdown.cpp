@@ -1,0 +1,38 @@
+#include "program/shutdown.h"
+
+#include "app/Module1.h"
+#include "app/boxes.h"
+#include "app/settings.h"
+#include "app/string_table.h"
+#include "link/Module3Tusin.h"
+#include "platform/platform.h"
+#include "position/posi_file.h"
+#include "position/posi_table.h"
+
+namespace qdw8 {
+
+bool frmMain_QueryUnload() {
+    if (!IsSet(PosiDirtyFlag)) {
+        if (AskBox(ResText(390), BoxButtons::OkCancel) != BoxAnswer::Ok) {
+            return false;
+        }
+        CloseCtPortForce();
+        return true;
+    }
+    switch (AskBox(ResText(391), BoxButtons::YesNoCancel)) {
+    case BoxAnswer::Yes: SavePosiFileAs(); return !IsSet(SaveCancelledFlag);
+    case BoxAnswer::No: return true;
+    default: return false;
+    }
+}
+
+void frmMain_Unload() {
+    SaveSettingNumber("PortNo", PortNo);
+    if (IsSet(LanguageChangedFlag)) {
+        LanguageNo = LanguageNo == 1 ? std::int16_t{2} : std::int16_t{1};
+    }
+    SaveSettingNumber("Language", LanguageNo);
+    ThePlatform().EndProgram();
+}
+
+} // namespace qdw8

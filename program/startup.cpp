@@ -1,0 +1,265 @@
+#include "program/startup.h"
+
+#include "app/Module1.h"
+#include "app/boxes.h"
+#include "app/command_states.h"
+#include "app/main_panel.h"
+#include "app/screens.h"
+#include "app/settings.h"
+#include "app/string_table.h"
+#include "app/transfer_dialog.h"
+#include "device/Module2Calc.h"
+#include "device/axis_device.h"
+#include "device/axis_texts.h"
+#include "device/controller_device.h"
+#include "device/device_list.h"
+#include "device/device_settings.h"
+#include "link/Module3Tusin.h"
+#include "link/axis_mask.h"
+#include "link/ct_commands.h"
+#include "parameter/device_bytes.h"
+#include "platform/fault.h"
+#include "platform/platform.h"
+#include "position/grid_display.h"
+#include "position/posi_table.h"
+#include "program/commands.h"
+
+#include <exception>
+
+namespace qdw8 {
+namespace {
+
+constexpr int kSmallScreenWidth = 800; ///< pixels; up to here the window is made small
+
+Timer timerSplash{"timerSplash", 2000, false, {}};
+
+void ShowSplash() {
+    SplashDoneFlag = kClear;
+    timerSplash.routine = [] {
+        SplashDoneFlag = kSet;
+        DisableTimer(timerSplash);
+    };
+    Screens().frmSplashShow();
+    EnableTimer(timerSplash);
+    while (!IsSet(SplashDoneFlag)) {
+        PumpEvents();
+    }
+    SplashDoneFlag = kClear;
+    Screens().frmSplashUnload();
+}
+
+/// What a run begins with before the settings say otherwise: no actuator anywhere.
+void MarkNoActuators() {
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
+        AxisOff[axis] = kSet;
+        FamilyText[axis] = "QD";
+        DevSetting[axis].NewType = kSet;
+        DevSettei[axis].NewType = kSet;
+    }
+    FirstDeviceSetFlag = kSet;
+}
+
+void ReadRunSettings() {
+    LanguageChangedFlag = kClear;
+    DispMmFlag = FlagOf(SettingNumber("DispMmUnit", 1) != 0);
+    MarkNoActuators();
+    LanguageNo = SettingNumber("Language", 2);
+    LanguageBase = LanguageNo == 1 ? std::int16_t{0} : std::int16_t{10000};
+    PortNo = SettingNumber("PortNo", 1);
+    PortOccupyFlag = FlagOf(SettingNumber("PortOccupy", 1) != 0);
+    MmRoundUpFlag = FlagOf(SettingNumber("MmRoundUp", 1) != 0);
+    AccWideFlag = kClear;
+}
+
+/// A step of the start with the controller failed. Both flags are set first, so that
+/// `SetOfflineState` changes neither of them.
+void LeaveLine() {
+    OffLineFlag = kSet;
+    OnLineFlag = kSet;
+    CloseCtPortForce();
+    SetOfflineState();
+    UnloadTrance();
+}
+
+bool OpenLine() {
+    if (OpenCtPortWithTries() == 0) {
+        return true;
+    }
+    OffLineFlag = kSet;
+    CloseCtPortForce();
+    SetOfflineState();
+    UnloadTrance();
+    ShowPortBox();
+    return false;
+}
+
+bool BeginTalk() {
+    const std::int16_t result = SetCtMode(2);
+    CtBusyFlag = kClear;
+    return result == 0;
+}
+
+/// The controller's axes and actuators, step by step. False: the program is off line now.
+bool AskController() {
+    if (!OpenLine()) {
+        return false;
+    }
+    if (!BeginTalk()) {
+        LeaveLine();
+        return false;
+    }
+    SetTranceValue(1);
+    if (CheckCtIdentity() != 0) {
+        LeaveLine();
+        return false;
+    }
+    if (CtAxisCount != kAxes) {
+        LeaveLine();
+        ShowTexts({124, 125});
+        return false;
+    }
+    SetTranceValue(2);
+    if (ReadAxisMask() != 0) {
+        LeaveLine();
+        return false;
+    }
+    SetTranceValue(3);
+    const bool good = ReadDeviceBytes() == 0;
+    if (good) {
+        SetTranceValue(4);
+        TakeControllerFlags();
+    } else {
+        SetOfflineState();
+    }
+    UnloadTrance();
+    CloseCtPort();
+    return good;
+}
+
+void ShowAxes() {
+    ShowAxisDevices();
+    DispAxisData();
+    ShowUnitScale();
+}
+
+void ChooseDevices() {
+    StartDeviceSelectFlag = kSet;
+    RunCommand(Command::cmdChangeDev);
+    StartDeviceSelectFlag = kClear;
+    ShowAxes();
+}
+
+/// Off line: the devices come from the settings, and the user may choose others.
+void StartOffLine() {
+    if (ReadDeviceSettings() == 1) {
+        ShowTexts({4, 5});
+    } else {
+        for (std::size_t axis = 0; axis < kAxes; ++axis) {
+            if (IsSet(AxisOff[axis])) {
+                FamilyText[axis] = "QD";
+            }
+        }
+        if (LoadDeviceList() != 0) {
+            return; // the main window stays, with no devices to choose from
+        }
+    }
+    ChooseDevices();
+}
+
+/// Devices and stroke ends from what was read. A lead or pulse figure of 0 is no device either.
+bool TakeDevices() {
+    try {
+        if (TakeControllerDevices() != 0) {
+            return false;
+        }
+        CalcMaxStrokeMm();
+        return true;
+    } catch (const Fault&) {
+        return false;
+    }
+}
+
+void StartRun() {
+    if (SelectStartMode() != 0) {
+        SetOfflineState();
+        StartOffLine();
+        return;
+    }
+    TransferRunFlag = kClear;
+    ShowTrance(4, ResText(368));
+    if (!AskController()) {
+        StartOffLine();
+        return;
+    }
+    if (!TakeDevices()) {
+        // The controller holds no usable device for an axis: the user has to say what is fitted.
+        SetOfflineState();
+        ChooseDevices();
+        return;
+    }
+    ShowAxes();
+    UnloadProcessing();
+}
+
+/// Gives the commands back on every way out of start-up.
+struct CommandsBack {
+    ~CommandsBack() {
+        CMDBTN_Yuko();
+        ToolBar_Yuko();
+        Menyu_Yuko();
+        EditCMD_Muko();
+    }
+};
+
+} // namespace
+
+void InitTables() {
+    ResetModule1();
+    ResetCommandStates();
+    ResetMainPanel();
+    ResetTransferDialog();
+    ResetModule3Tusin();
+    ResetDevices();
+    ResetPositions();
+}
+
+void Main() {
+    InitTables();
+    ShowSplash();
+    ReadRunSettings();
+    RegisterCommands();
+    frmMain_Load();
+    const CommandsBack back;
+    try {
+        StartRun();
+    } catch (const std::exception&) {
+        UnloadTrance();
+        CloseCtPortForce();
+        SetOfflineState();
+        ShowTexts({397});
+    }
+}
+
+void frmMain_Load() {
+    HomedFlag = kClear;
+    LoadErrorList();
+    Set_MainFormStr();
+    ShowAxisDevices();
+    SetPanel(&MainPanel::lblFileName, ResText(201) + " Ver" + std::to_string(QDW8_MAJOR) + "." +
+                                          std::to_string(QDW8_MINOR) +
+                                          std::to_string(QDW8_REVISION) + "E");
+    PosiFirst = PosiLast = GridRowCount = 1;
+    const bool small = ThePlatform().GetScreenSize().width <= kSmallScreenWidth;
+    if (small) {
+        ShowTexts({435, 436});
+    }
+    Screens().frmMainShow(small);
+    EditCMD_Muko();
+    EnableTimer(Timer1);
+}
+
+std::int16_t SelectStartMode() {
+    return Screens().frmSelection({ResText(471), ResText(1), {ResText(2), ResText(3)}, false});
+}
+
+} // namespace qdw8
