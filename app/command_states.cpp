@@ -109,6 +109,7 @@ constexpr std::array kCellClip{mnuEditCellCopy, mnuEditCellPaste, tbCellCopy, tb
 std::bitset<kCommands> enabledStates;
 std::bitset<kCommands> builtCommands;
 bool batchRuns = false;
+int takenAway = 0; ///< `CommandsAway` objects that live
 
 std::size_t IndexOf(Command command) {
     return static_cast<std::size_t>(command);
@@ -207,6 +208,9 @@ void EditCMD_Muko() {
 }
 
 void EditCMD_Yuko() {
+    if (batchRuns) {
+        return; // a click into the grid doesn't give commands to a running batch
+    }
     Put(kLineButtons, true);
     Put(kLineMenus, true);
     Put(std::array{mnuEditCellCopy, tbCellCopy, mnuEditLineCopy, tbLineCopy}, true);
@@ -216,6 +220,9 @@ void EditCMD_Yuko() {
 }
 
 void CellPasteYuko() {
+    if (batchRuns) {
+        return;
+    }
     Put(kLineButtons, true);
     Put(kLineMenus, true);
     Put(kLineClip, true);
@@ -229,6 +236,7 @@ void LinePaste_Muko() {
 }
 
 CommandsAway::CommandsAway() {
+    ++takenAway;
     CMDBTN_Muko();
     ToolBar_Muko();
     Menyu_Muko();
@@ -236,6 +244,9 @@ CommandsAway::CommandsAway() {
 }
 
 CommandsAway::~CommandsAway() {
+    if (--takenAway > 0) {
+        return; // a command that ran inside another one, as a save before the end of the program
+    }
     CMDBTN_Yuko();
     ToolBar_Yuko();
     Menyu_Yuko();
@@ -246,7 +257,15 @@ EditCommandsAway::EditCommandsAway() : before(enabledStates) {
 }
 
 EditCommandsAway::~EditCommandsAway() {
-    enabledStates = before;
+    const auto putBack = [this](const auto& list) {
+        for (const Command command : list) {
+            enabledStates.set(IndexOf(command), before.test(IndexOf(command)));
+        }
+    };
+    putBack(kLineButtons);
+    putBack(kLineMenus);
+    putBack(kLineClip);
+    putBack(kCellClip);
     Tell();
 }
 
@@ -255,6 +274,7 @@ void ResetCommandStates() {
     CellCopiedFlag = kClear;
     enabledStates.set();
     builtCommands.reset();
+    takenAway = 0;
     CMDBTN_Muko();
     ToolBar_Muko();
     Menyu_Muko();

@@ -120,14 +120,15 @@ void Menyu_Yuko();
 void MenuFunction_Muko();
 void MenuFunction_Yuko();
 void EditCMD_Muko();
-/// With a row selection in the grid.
+/// With a row selection in the grid. Nothing happens while a batch runs.
 void EditCMD_Yuko();
-/// With a cell selection in the grid.
+/// With a cell selection in the grid. Nothing happens while a batch runs.
 void CellPasteYuko();
 void LinePaste_Muko();
 
 /// Takes all commands away for the life of the object and gives back what doesn't depend on the
-/// grid: what every command does that talks to the controller or changes the table.
+/// grid: what every command does that talks to the controller or changes the table. They nest; the
+/// outermost one gives the commands back.
 class CommandsAway {
 public:
     CommandsAway();

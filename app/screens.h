@@ -34,6 +34,8 @@ struct ScreenFunctions {
     /// Repaint of the axis texts and colours after the axes in use changed.
     std::function<void()> frmMainAxes;
 
+    /// The language of the run is settled: font, and what the toolkit itself says.
+    std::function<void()> languageSettled;
     /// Loads and shows `frmMain`, small on a screen of at most 800 pixels' width.
     std::function<void(bool small)> frmMainShow;
     /// Asks the main window to close, as its title bar does.
@@ -47,8 +49,16 @@ struct ScreenFunctions {
     /// Modal range dialogs. They set `PosiFirst`, `PosiLast` or `RangeCancelFlag`.
     std::function<void()> frmSelectPosiNo2;
     std::function<void()> frmSelectPosiNo3;
+    /// The same for a verify with a file; without anything in common it only says so.
+    std::function<void(bool overlap)> frmSelectPosiNo4;
+    /// Modal. 1 verify with a file, 2 with the controller, 0 cancelled.
+    std::function<std::int16_t()> frmDataShogo;
     /// Modal result window of a check or a verify.
     std::function<void()> frmSyogoKekka;
+    /// Modal device window. It stores the choice in `DevSettei`, or sets `DeviceCancelled`.
+    std::function<void()> frmDevice2;
+    /// The fields of the parameter window have changed.
+    std::function<void()> frmParameta2;
 };
 
 /// The screens in force.

@@ -21,6 +21,15 @@ std::int16_t SettingNumber(const std::string& key, std::int16_t fallback) {
     }
 }
 
+std::int16_t StoredPortNo() {
+    const double number = NumberFromText(SettingText("PortNo", "1"));
+    try {
+        return ToInt16(number);
+    } catch (const Fault&) {
+        return 0;
+    }
+}
+
 void SaveSettingText(const std::string& key, const std::string& text) {
     ThePlatform().Settings.SaveSetting(kSection, key, text);
 }

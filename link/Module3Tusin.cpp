@@ -63,8 +63,8 @@ void TakeCharacters() {
     if (ReplyText.starts_with("0%%")) {
         AlarmFlag = kSet;
         ErrorReplyText = ReplyText;
-        // Inside an exchange the exchange itself decides whether the user hears of it.
-        if (IsSet(CtBusyFlag)) {
+        // An exchange that waits decides itself whether the user hears of it.
+        if (ExchangeWaitsForReply()) {
             DecodeCtErrorSilently();
         } else {
             DecodeCtError();
@@ -123,6 +123,9 @@ void ResetModule3Tusin() {
     CtAxisCount = 0;
     CtAxisVersion.fill({});
 
+    DisableTimer(TimerJusin);
+    DisableTimer(timerTimeout);
+    DisableTimer(Timer1);
     TimerJusin = {"TimerJusin", 1, false, ReceiveTick};
     timerTimeout = {"timerTimeout", 15000, false, [] {
                         TimeoutFlag = kSet;
@@ -136,7 +139,10 @@ void ResetModule3Tusin() {
 std::int16_t OpenCtPort() {
     try {
         if (PortNo < 1 || PortNo > 9) {
-            PortNo = SettingNumber("PortNo", 1);
+            PortNo = StoredPortNo();
+        }
+        if (PortNo < 1 || PortNo > 9) {
+            return 1;
         }
         SerialControl& port = MSComm1();
         if (!port.PortOpen()) {
@@ -153,8 +159,6 @@ std::int16_t OpenCtPort() {
     }
 }
 
-std::int16_t OpenCtPortQuiet() { return OpenCtPort(); }
-
 std::int16_t OpenCtPortWithTries() {
     RetryCount = 0;
     while (OpenCtPort() != 0) {
@@ -166,7 +170,9 @@ std::int16_t OpenCtPortWithTries() {
     return 0;
 }
 
-void ShowPortBox() { ShowBox(Lines({ResText(109), "", ResText(110)})); }
+void ShowPortBox() {
+    ShowBox(Lines({ResText(109), "", ResText(110)}));
+}
 
 std::int16_t OpenCtPortForBatch() {
     if (OpenCtPortWithTries() == 0) {

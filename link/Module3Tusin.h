@@ -64,7 +64,6 @@ void ResetModule3Tusin();
 /// Opens the port, settings 9600,N,8,1 without handshaking; an open port is left as it is. A
 /// `PortNo` outside 1 to 9 is replaced by the stored one (default 1) first. 0 open, 1 failed.
 std::int16_t OpenCtPort();
-std::int16_t OpenCtPortQuiet();
 /// Opens with six tries, 100 ms apart. 0 open, 1 failed.
 std::int16_t OpenCtPortWithTries();
 /// The same, and tells: on failure the port box comes once and the program goes off
@@ -83,15 +82,16 @@ void SetOfflineState();
 /// again and an earlier failure no longer counts. The lamp waits for the first good reply.
 void GoOnLine();
 
-/// Waits `ms` milliseconds while events go on. Waits may nest; each takes its own time.
+/// Waits `ms` milliseconds (above 0; 0 would never end) while events go on. Waits may nest; each
+/// takes its own time.
 void MsecTimer(std::int16_t ms);
 
 // ---- the exchange ----
 
 /// Sends `word` and `data` and waits for the reply, which must have `length` characters, the echo
 /// and CR LF counted. 0: good, the reply stands in `ReplyText`. 1: failed, and the user has been
-/// told, except by the quiet form. The caller has set `ReplyTimeoutMs` and `CtBusyFlag`, and clears
-/// `CtBusyFlag` on either result.
+/// told, except by the quiet form and after the group stop button. The caller has set
+/// `ReplyTimeoutMs` and `CtBusyFlag`, and clears `CtBusyFlag` on either result.
 ///
 /// Sends again up to five times after a time-out: for reads and writes that are safe to repeat.
 std::int16_t SendCtCommand(const std::string& word, std::int16_t length,
@@ -99,9 +99,19 @@ std::int16_t SendCtCommand(const std::string& word, std::int16_t length,
 /// Never sends twice: for what acts on the machine or is timed by the user.
 std::int16_t SendCtCommandOnce(const std::string& word, std::int16_t length,
                                const std::string& data = {});
-/// Never sends twice and shows no box: for background traffic.
+/// Never sends twice and shows no box: for background traffic. If a user command took the line over
+/// while this one waited, the result is 1 and everything stays as that command left it.
 std::int16_t SendCtCommandQuiet(const std::string& word, std::int16_t length,
                                 const std::string& data = {});
+/// True while a quiet exchange has the line and nothing more is to come for it. A command that
+/// starts out of the wait of that exchange can't wait for `CtBusyFlag`: the exchange goes on only
+/// when the command has returned. It takes the line instead.
+bool LineCanBeTakenOver();
+/// Ends a quiet exchange that waits below on the stack: its result is 1, and nothing of it counts
+/// any more. For the user who goes off line meanwhile.
+void EndQuietExchange();
+/// True while an exchange waits for its reply. It then decides itself what the user hears of it.
+bool ExchangeWaitsForReply();
 
 // ---- alarms ----
 

@@ -16,7 +16,9 @@
 namespace qdw8 {
 namespace {
 
-std::string FirstCharacter(const std::string& text) { return text.substr(0, 1); }
+std::string FirstCharacter(const std::string& text) {
+    return text.substr(0, 1);
+}
 
 std::string LastCharacter(const std::string& text) {
     return text.empty() ? text : text.substr(text.size() - 1);
@@ -82,8 +84,8 @@ void DecodeCtErrorSilently() {
     SetPanel(&MainPanel::imgAlarmLed, true);
 
     // Row 0 takes part, with the count of rows as its code.
-    const auto rows = std::min(static_cast<std::size_t>(NumberFromText(ErrorList[0].code)),
-                               kErrorListRows);
+    const auto rows =
+        std::min(static_cast<std::size_t>(NumberFromText(ErrorList[0].code)), kErrorListRows);
     const auto end = ErrorList.begin() + static_cast<std::ptrdiff_t>(rows) + 1;
     const auto row = std::find_if(ErrorList.begin(), end, [&](const ErrorListRow& candidate) {
         return LastCharacter(candidate.code) == ErrorNo &&

@@ -17,9 +17,13 @@ constexpr std::int16_t kNoLimit = 0;
 
 using Transaction = std::int16_t (*)(const std::string&, std::int16_t, const std::string&);
 
-/// Waits until the line is free. False: a dead line keeps it taken.
+/// Waits until the line is free, or held only by background traffic that has had its answer.
+/// False: a dead line keeps it taken.
 bool WaitForLine() {
     while (IsSet(CtBusyFlag) && !IsSet(CommErrorFlag)) {
+        if (LineCanBeTakenOver()) {
+            return true;
+        }
         PumpEvents();
     }
     return !IsSet(CtBusyFlag);
@@ -62,7 +66,9 @@ std::int16_t ReadNumbered(const std::string& word, std::int16_t length, const st
     return 0;
 }
 
-std::string MaskDigit() { return HexField(AxisMaskOf(AxisOff), 1); }
+std::string MaskDigit() {
+    return HexField(AxisMaskOf(AxisOff), 1);
+}
 
 } // namespace
 
@@ -76,7 +82,9 @@ std::int16_t CheckCtStatus() {
     return result;
 }
 
-std::int16_t PollCtStatus() { return Run(SendCtCommandQuiet, "0CM", 6, "1", kReplyMs); }
+std::int16_t PollCtStatus() {
+    return Run(SendCtCommandQuiet, "0CM", 6, "1", kReplyMs);
+}
 
 std::int16_t SetCtMode(std::int16_t mode) {
     GoOnLine();
@@ -84,7 +92,9 @@ std::int16_t SetCtMode(std::int16_t mode) {
     return Once("0CM", 7, "0" + std::to_string(known ? mode : 0));
 }
 
-std::int16_t SendAlarmReset() { return Safe("0AR", 5); }
+std::int16_t SendAlarmReset() {
+    return Safe("0AR", 5);
+}
 
 std::int16_t ReadHomeStatus() {
     const std::int16_t result = Safe("0RH", 6);
@@ -129,11 +139,17 @@ std::int16_t MoveToPosition(int position, int kind) {
     return Once(kind == 1 ? "0MM" : "0MP", 9, HexField(position, 3) + MaskDigit());
 }
 
-std::int16_t RunGroup(int group) { return Once("0MG", 7, HexField(group, 2), kNoLimit); }
+std::int16_t RunGroup(int group) {
+    return Once("0MG", 7, HexField(group, 2), kNoLimit);
+}
 
-std::int16_t JogRun(const std::string& data) { return Once("0JR", 5, data, std::nullopt); }
+std::int16_t JogRun(const std::string& data) {
+    return Once("0JR", 5, data, std::nullopt);
+}
 
-std::int16_t InchingMove(const std::string& data) { return Once("0MV", 5, data, std::nullopt); }
+std::int16_t InchingMove(const std::string& data) {
+    return Once("0MV", 5, data, std::nullopt);
+}
 
 std::int16_t StopMotion() {
     // A stop that waits without limit would keep the next one from going out.
@@ -149,28 +165,56 @@ std::int16_t ReadPresentPosition() {
     return Once("0RC", static_cast<std::int16_t>(6 + 5 * axes), mask);
 }
 
-std::int16_t ReadParaBlock(int block) { return ReadNumbered("0RD", 38, HexField(block, 1)); }
+std::int16_t ReadParaBlock(int block) {
+    return ReadNumbered("0RD", 38, HexField(block, 1));
+}
 
 std::int16_t WriteParaBlock(int block, const std::string& data) {
     return Safe("0WD", 6, HexField(block, 1) + data);
 }
 
-std::int16_t CommitParameters() { return Safe("0WE", 6, "2", kCommitMs); }
-std::int16_t CommitGroups() { return Safe("0WE", 6, "3", kCommitMs); }
-std::int16_t CommitMacros() { return Safe("0WE", 6, "1", kCommitMs); }
+std::int16_t CommitParameters() {
+    return Safe("0WE", 6, "2", kCommitMs);
+}
+std::int16_t CommitGroups() {
+    return Safe("0WE", 6, "3", kCommitMs);
+}
+std::int16_t CommitMacros() {
+    return Safe("0WE", 6, "1", kCommitMs);
+}
 
-std::int16_t ReadPosiRow(int position) { return ReadNumbered("0RP", 48, HexField(position, 3)); }
-std::int16_t WritePosiRow(const std::string& row) { return Safe("0WP", 8, row); }
-std::int16_t ReadGroup(int group) { return ReadNumbered("0RG", 13, HexField(group, 2)); }
-std::int16_t WriteGroup(const std::string& row) { return Safe("0WG", 7, row); }
-std::int16_t ReadMacro(int macro) { return ReadNumbered("0RS", 39, HexField(macro, 2)); }
-std::int16_t WriteMacro(const std::string& row) { return Safe("0WS", 7, row); }
+std::int16_t ReadPosiRow(int position) {
+    return ReadNumbered("0RP", 48, HexField(position, 3));
+}
+std::int16_t WritePosiRow(const std::string& row) {
+    return Safe("0WP", 8, row);
+}
+std::int16_t ReadGroup(int group) {
+    return ReadNumbered("0RG", 13, HexField(group, 2));
+}
+std::int16_t WriteGroup(const std::string& row) {
+    return Safe("0WG", 7, row);
+}
+std::int16_t ReadMacro(int macro) {
+    return ReadNumbered("0RS", 39, HexField(macro, 2));
+}
+std::int16_t WriteMacro(const std::string& row) {
+    return Safe("0WS", 7, row);
+}
 
-std::int16_t ReadInputs() { return Once("0RI", 11); }
-std::int16_t ReadOutputs() { return Once("0RO", 11); }
-std::int16_t WriteOutputs(const std::string& digits) { return Once("0WO", 11, digits); }
+std::int16_t ReadInputs() {
+    return Once("0RI", 11);
+}
+std::int16_t ReadOutputs() {
+    return Once("0RO", 11);
+}
+std::int16_t WriteOutputs(const std::string& digits) {
+    return Once("0WO", 11, digits);
+}
 
-void ShowWrongData() { ShowTexts({384, 385}); }
+void ShowWrongData() {
+    ShowTexts({384, 385});
+}
 
 std::int16_t ReadParaBlock0Quiet() {
     const std::int16_t result = Run(SendCtCommandQuiet, "0RD", 38, "0", kReplyMs);

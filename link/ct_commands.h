@@ -9,9 +9,9 @@
 ///
 /// Every wrapper waits until no other exchange runs, sets `ReplyTimeoutMs` and `CtBusyFlag`, runs
 /// the exchange and clears `CtBusyFlag`. Results: 0 good (the reply stands in `ReplyText`), 1
-/// failed; the exchange has then told the user. A reply that carries another row, group, macro or
-/// block number than the one asked for counts as failed too: one late reply would otherwise shift
-/// every row behind it.
+/// failed; the exchange has then told the user, unless the line stayed taken by a dead one. A reply
+/// that carries another row, group, macro or block number than the one asked for counts as failed
+/// too: one late reply would otherwise shift every row behind it.
 namespace qdw8 {
 
 // ---- link and status ----

@@ -23,20 +23,22 @@ bool PollIsDue() {
            IsSet(AlarmFlag) && !IsSet(CtBusyFlag);
 }
 
+/// A poll that fails leaves the line as the exchange left it: on line with the alarm still
+/// standing, off line when nothing answered.
 void Poll() {
     if (PollCtStatus() == 0) {
         AlarmFlag = kClear;
         CloseCtPort();
-    } else if (!IsSet(AlarmFlag)) {
-        SetOfflineState();
     }
 }
 
 /// Runs a user command to its end; a fault in it ends it with the communication box.
-template <typename Steps> void RunGuarded(Steps steps) {
+template<typename Steps> void RunGuarded(Steps steps) {
     try {
         steps();
     } catch (const std::exception&) {
+        UnloadTrance();
+        CloseCtPort();
         ShowTexts({108});
     }
 }
@@ -60,6 +62,15 @@ void ResetAlarm() {
         CommErrorFlag = kClear;
     }
     CloseCtPort();
+}
+
+void AskOffline() {
+    const EditCommandsAway away;
+    if (AskBox(ResText(432), BoxButtons::OkCancel) == BoxAnswer::Ok) {
+        EndQuietExchange();
+        CloseCtPortForce();
+        SetOfflineState();
+    }
 }
 
 std::string VersionLine(std::int16_t nameId, const std::string& version) {
@@ -137,23 +148,31 @@ void SupervisionTick() {
     }
 }
 
-PollHeld::PollHeld() { ++pollHolders; }
-PollHeld::~PollHeld() { --pollHolders; }
-
-void cmdReset_Click() { RunGuarded(ResetAlarm); }
-
-void mnuSettingsOffline_Click() {
-    const EditCommandsAway away;
-    if (AskBox(ResText(432), BoxButtons::OkCancel) == BoxAnswer::Ok) {
-        CloseCtPortForce();
-        SetOfflineState();
-    }
+PollHeld::PollHeld() {
+    ++pollHolders;
+}
+PollHeld::~PollHeld() {
+    --pollHolders;
 }
 
-void mnuFuncCtversion_Click() { RunGuarded(ShowVersions); }
+void cmdReset_Click() {
+    RunGuarded(ResetAlarm);
+}
 
-void mnuFuncGetAxis_Click() { RunGuarded(ShowAxes); }
+void mnuSettingsOffline_Click() {
+    RunGuarded(AskOffline);
+}
 
-void ResetSupervision() { pollHolders = 0; }
+void mnuFuncCtversion_Click() {
+    RunGuarded(ShowVersions);
+}
+
+void mnuFuncGetAxis_Click() {
+    RunGuarded(ShowAxes);
+}
+
+void ResetSupervision() {
+    pollHolders = 0;
+}
 
 } // namespace qdw8

@@ -6,7 +6,8 @@
 /// controller what it is.
 namespace qdw8 {
 
-/// The half-second tick `Timer1`: the port lamp, and the poll that lets a resettable alarm go out
+/// The half-second tick `Timer1`: the port lamp (the rest of the panel and the status bar are told
+/// of every change at once), and the poll that lets a resettable alarm go out
 /// by itself once the controller has dropped it.
 void SupervisionTick();
 

@@ -15,7 +15,52 @@ enum class Manner {
     Quiet   ///< no box at all
 };
 
-bool IsTalking(Manner manner) { return manner != Manner::Quiet; }
+bool IsTalking(Manner manner) {
+    return manner != Manner::Quiet;
+}
+
+/// Where the exchange stands that began last.
+struct Progress {
+    int number = 0; ///< counts exchanges
+    bool quiet = false;
+    bool waitsForPort = false;
+    bool waitsForReply = false;
+};
+Progress progress;
+
+/// Thrown out of a wait of a quiet exchange in which another exchange has run: what stands in the
+/// reply variables now is no answer to this one.
+struct Overtaken {};
+
+bool OpenPort() {
+    const int number = progress.number;
+    progress.waitsForPort = true;
+    const bool open = OpenCtPortWithTries() == 0;
+    if (progress.number != number) {
+        // What ran in between may have ended off line with the port closed for good.
+        if (IsSet(OffLineFlag)) {
+            CloseCtPortForce();
+        } else {
+            CloseCtPort();
+        }
+        throw Overtaken{};
+    }
+    progress.waitsForPort = false;
+    return open;
+}
+
+template<typename Condition> void PumpUntil(Condition condition) {
+    const int number = progress.number;
+    progress.waitsForReply = true;
+    while (!condition()) {
+        PumpEvents();
+        if (progress.number != number) {
+            throw Overtaken{};
+        }
+    }
+    progress.waitsForReply = false;
+    DisableTimer(timerTimeout);
+}
 
 /// Arms the time limit and sends a frame; the wait is the caller's.
 void Send(const std::string& frame) {
@@ -28,10 +73,7 @@ void Send(const std::string& frame) {
 }
 
 void WaitForReply() {
-    while (!IsSet(ReplyDoneFlag) && !IsSet(TimeoutFlag)) {
-        PumpEvents();
-    }
-    DisableTimer(timerTimeout);
+    PumpUntil([] { return IsSet(ReplyDoneFlag) || IsSet(TimeoutFlag); });
 }
 
 void DecodeReply(Manner manner) {
@@ -94,10 +136,7 @@ void FailErrorReply(Manner manner) {
 /// runs a group answers when the group is done.
 void Recover(Manner manner, bool wrongLength) {
     Send("0CM0");
-    while (!IsSet(ReplyDoneFlag) && !IsSet(GrpMoveStopFlag)) {
-        PumpEvents();
-    }
-    DisableTimer(timerTimeout);
+    PumpUntil([] { return IsSet(ReplyDoneFlag) || IsSet(GrpMoveStopFlag); });
     if (IsSet(GrpMoveStopFlag)) {
         SetOfflineState();
         return;
@@ -123,7 +162,7 @@ void Recover(Manner manner, bool wrongLength) {
 
 std::int16_t Exchange(const std::string& word, std::int16_t length, const std::string& data,
                       Manner manner) {
-    if (OpenCtPortWithTries() != 0) {
+    if (!OpenPort()) {
         FailPort(manner);
         return 1;
     }
@@ -162,8 +201,11 @@ std::int16_t Exchange(const std::string& word, std::int16_t length, const std::s
 
 std::int16_t ExchangeGuarded(const std::string& word, std::int16_t length, const std::string& data,
                              Manner manner) {
+    progress = {progress.number + 1, manner == Manner::Quiet, false, false};
     try {
         return Exchange(word, length, data, manner);
+    } catch (const Overtaken&) {
+        return 1;
     } catch (const std::exception&) {
         DisableTimer(timerTimeout);
         if (IsTalking(manner)) {
@@ -176,6 +218,23 @@ std::int16_t ExchangeGuarded(const std::string& word, std::int16_t length, const
 }
 
 } // namespace
+
+void EndQuietExchange() {
+    if (progress.quiet && (progress.waitsForPort || progress.waitsForReply)) {
+        DisableTimer(timerTimeout);
+        ++progress.number;
+    }
+}
+
+bool ExchangeWaitsForReply() {
+    return progress.waitsForReply;
+}
+
+bool LineCanBeTakenOver() {
+    return progress.quiet &&
+           (progress.waitsForPort ||
+            (progress.waitsForReply && (IsSet(ReplyDoneFlag) || IsSet(TimeoutFlag))));
+}
 
 std::int16_t SendCtCommand(const std::string& word, std::int16_t length, const std::string& data) {
     return ExchangeGuarded(word, length, data, Manner::Resend);

@@ -31,7 +31,7 @@ struct Clipboard {
     std::function<void()> Clear;
 };
 
-/// Size of the screen that the main window opens on, in pixels.
+/// Size of the primary screen, in pixels.
 struct ScreenSize {
     int width = 0;
     int height = 0;

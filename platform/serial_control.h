@@ -19,12 +19,14 @@ struct SerialControl {
     /// a closed port does nothing. What had come and was not read is lost.
     std::function<void(bool)> SetPortOpen;
     /// Line settings as "9600,N,8,1": baud, parity, data bits, stop bits. Written after opening.
+    /// Throws `Fault` for settings that can't be read or set.
     std::function<void(const std::string&)> SetSettings;
     /// Time in milliseconds that the line may lack carrier; 0 to 65535.
     std::function<void(int)> SetCDTimeout;
-    /// 0 is no handshaking.
+    /// 0 is no handshaking. Throws `Fault` for a number that there is none for.
     std::function<void(int)> SetHandshaking;
-    /// Sends the text, one byte a character. Throws `Fault` if the port is not open.
+    /// Sends the text, one byte a character. Throws `Fault` if the port is not open or the text
+    /// can't be sent.
     std::function<void(const std::string&)> Output;
     /// Number of characters that have come and were not read yet; 0 if the port is closed.
     std::function<int()> InBufferCount;

@@ -11,6 +11,7 @@ namespace qdw8 {
 ///
 /// The fields are read freely; they change only through the routines below, which tell the
 /// platform.
+/// A timer must be disabled before the object goes away.
 struct Timer {
     std::string name;
     std::int32_t interval = 0; ///< milliseconds; 0 never fires

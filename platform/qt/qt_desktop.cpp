@@ -7,6 +7,7 @@
 #include <QScreen>
 
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 
 namespace qdw8 {

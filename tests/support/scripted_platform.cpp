@@ -159,6 +159,10 @@ void ScriptedPlatform::installScreens() {
     };
     Screens().frmSelectPosiNo2 = scripted("frmSelectPosiNo2");
     Screens().frmSelectPosiNo3 = scripted("frmSelectPosiNo3");
+    Screens().frmSelectPosiNo4 = [scripted](bool overlap) {
+        scripted(overlap ? "frmSelectPosiNo4" : "frmSelectPosiNo4 without a range")();
+    };
+    Screens().frmDataShogo = [this] { return ask("frmDataShogo").answer; };
     Screens().frmSyogoKekka = scripted("frmSyogoKekka");
 }
 
@@ -234,7 +238,8 @@ bool ScriptedPlatform::step(std::int64_t limit) {
 
 void ScriptedPlatform::pump() {
     constexpr std::int64_t kOneDay = 86'400'000;
-    if (!step(now + kOneDay)) {
+    // A periodic timer keeps a wait that hangs busy, so the clock itself has an end as well.
+    if (now > 2 * kOneDay || !step(now + kOneDay)) {
         ADD_FAILURE() << "the program waits for something that never comes";
         throw WaitsForEver{};
     }
@@ -265,6 +270,10 @@ void ScriptedPlatform::expectSelection(const SelectionQuestion& question, std::i
 
 void ScriptedPlatform::expectScreen(const std::string& name, std::function<void()> script) {
     expected.push_back({name, std::move(script), 0, {}});
+}
+
+void ScriptedPlatform::expectDataShogo(std::int16_t answer) {
+    expected.push_back({"frmDataShogo", {}, answer, {}});
 }
 
 void ScriptedPlatform::checkAllAsked() {

@@ -70,6 +70,8 @@ public:
     void expectSelection(const SelectionQuestion& question, std::int16_t answer);
     /// A modal window without a question of its own: runs the script in its place.
     void expectScreen(const std::string& name, std::function<void()> script = {});
+    /// The choice of what to verify with.
+    void expectDataShogo(std::int16_t answer);
     /// Checks that every expected question has come, so that a later step starts clean.
     void checkAllAsked();
 
