@@ -55,6 +55,7 @@ std::int16_t TakeControllerFlags() {
         TakeFlags(DevSettei[axis], ct);
         DevSetting[axis].DevLead = ct.Lead;
         DevSetting[axis].DevPPR = static_cast<std::int16_t>(ct.PPR);
+        DevSetting[axis].MmPerPulse = static_cast<double>(ct.Lead) / ct.PPR;
         DevSetting[axis].MaxPulse = ct.MaxPulse;
     }
     return 0;

@@ -4,15 +4,11 @@
 #include "device/axis_device.h"
 #include "link/Module3Tusin.h"
 #include "link/ct_commands.h"
+#include "parameter/para_blocks.h"
 #include "platform/fault.h"
 
 namespace qdw8 {
 namespace {
-
-/// The block that holds the actuator of an axis (0 to 3).
-constexpr int ActuatorBlock(std::size_t axis) {
-    return 6 + 2 * static_cast<int>(axis);
-}
 
 /// `count` bytes from byte `from` of the block that stands in `ReplyText`, most significant first.
 std::int32_t BlockNumber(std::size_t from, std::size_t count) {
@@ -27,21 +23,9 @@ ControllerDevice CutDevice() {
     device.PPR = BlockNumber(2, 2);
     device.Function = ToInt16(BlockNumber(4, 1));
     device.MaxPulse = BlockNumber(5, 3);
-    const std::int32_t size = BlockNumber(8, 1);
-    const std::int32_t letter = BlockNumber(9, 1);
-    if (letter == 'E') {
-        // J52 has no number of its own: the controller holds it as 52 and the letter E.
-        device.Size = "J52";
-        device.Speed = "L";
-    } else {
-        device.Size = std::to_string(size);
-        if (device.Size.size() == 2) {
-            device.Size.insert(device.Size.begin(), ' ');
-        }
-        // A memory that was never set holds no letter at all.
-        const bool isText = letter > ' ' && letter < 0x7F;
-        device.Speed = isText ? std::string(1, static_cast<char>(letter)) : "";
-    }
+    const ActuatorParts parts = ActuatorOfBytes(BlockNumber(8, 1), BlockNumber(9, 1));
+    device.Size = parts.size;
+    device.Speed = parts.speed;
     device.Stroke = ToInt16(BlockNumber(10, 2));
     return device;
 }
@@ -62,7 +46,7 @@ std::int16_t ReadDeviceBytes() {
             CtDevice[axis] = ControllerDevice{};
             continue;
         }
-        if (ReadParaBlock(ActuatorBlock(axis)) != 0) {
+        if (ReadParaBlock(DeviceBlockOf(axis)) != 0) {
             return 1;
         }
         try {

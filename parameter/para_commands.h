@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+/// The commands of the parameter window that talk to the controller. The window takes the main
+/// window's commands away around them.
+namespace qdw8 {
+
+/// Reads everything into `ParaSet` and the fields: offers to save first, takes the axes in use from
+/// the controller and compares the actuators. 0 done; 1 not (the user was told, or ended it), and
+/// `ParaSet` is as the saving left it. The axes in use follow the controller as soon as they were
+/// read.
+std::int16_t GetParametaValue();
+
+/// The axes in use and all blocks into `ParaSet`, without a question. 0 good; 1 failed after a box,
+/// `ParaSet` is as it was.
+std::int16_t GetParametaValue2();
+
+/// Checks the position table against the devices in force, which have just changed, and rebuilds
+/// what follows from them: 0 clean, 1 errors found, 2 no data. The table stands above this room, so
+/// whoever runs the write command brings the check along.
+using PosiTableCheck = std::function<std::int16_t()>;
+
+/// `cmdParaWrite`: the fields to the controller, and on request what it then holds back into the
+/// program. Every way out has told the user or was the user's own.
+void cmdParaWrite_Click(const PosiTableCheck& checkPosiTable);
+
+} // namespace qdw8

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "app/Module1.h"
+
+#include <cstdint>
+
+/// What the parameters say of the actuators, and the choice of an actuator whose factory parameters
+/// are wanted.
+namespace qdw8 {
+
+extern Flag FactoryDeviceFlag; ///< -1 while the device window serves a load of factory parameters
+extern Flag DeviceCancelled;   ///< -1: the device window was left by Cancel; the caller clears it
+
+/// The axes and actuators of `ParaSet` become what the program works with, and the stroke ends in
+/// mm follow. 0 good. 1 not: an axis in use names no actuator (`DeviceTextEmpty` is set, the axes
+/// before it are done), or, after a box, it holds figures that no device can have, such as more
+/// pulses per revolution than 32767 or a lead of 0, and no device has changed. `AxisOff` follows
+/// the mask in any case.
+std::int16_t TakeParameterDevices();
+
+/// `MaxPulse` of each axis in use from item `STROKE`, in pulses; an axis out of use gets 0. Faults
+/// when it doesn't fit into 32 bits; the axes before it are done.
+void Culc_MaxPulse2();
+
+/// Reads the actuators of the axes in use from the controller and works with them from then on:
+/// stored and shown. 0 good; 1 an exchange failed or the controller names no usable actuator, and
+/// the devices are as they were.
+std::int16_t TakeOverDevicesOfController();
+
+/// Lets the user choose the actuators and loads their factory parameters into `ParaSet`. 0 done, -1
+/// cancelled, 1 failed after a box.
+std::int16_t SelectDeviceAndLoadFactory();
+
+} // namespace qdw8

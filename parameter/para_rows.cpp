@@ -1,0 +1,105 @@
+#include "parameter/para_rows.h"
+
+#include "app/number_forms.h"
+#include "platform/fault.h"
+
+namespace qdw8 {
+
+ParaRows ParaRowTable;
+
+namespace {
+
+constexpr std::size_t kLongestNumber = 40;
+
+bool IsPlainNumber(std::string_view text) {
+    if (text.size() > kLongestNumber) {
+        return false;
+    }
+    if (!text.empty() && (text.front() == '-' || text.front() == '+')) {
+        text.remove_prefix(1);
+    }
+    bool digit = false;
+    bool point = false;
+    for (const char c : text) {
+        if (c == '.' && !point) {
+            point = true;
+        } else if (c >= '0' && c <= '9') {
+            digit = true;
+        } else {
+            return false;
+        }
+    }
+    return digit;
+}
+
+void ZeroIfEmpty(ParaCell& cell) {
+    if (std::holds_alternative<std::monostate>(cell)) {
+        cell = 0.0;
+    }
+}
+
+} // namespace
+
+ParaCell CellOfField(const std::string& field) {
+    const std::string text = Trim(field);
+    if (text.empty()) {
+        return {};
+    }
+    if (IsPlainNumber(text)) {
+        return NumberFromText(text);
+    }
+    return field;
+}
+
+double WholeNumberField(std::string_view field) {
+    const std::string text = Trim(field);
+    if (!IsPlainNumber(text)) {
+        throw Fault("a text stands where a number is due");
+    }
+    return NumberFromText(text);
+}
+
+double CellNumber(const ParaCell& cell) {
+    if (const auto* text = std::get_if<std::string>(&cell)) {
+        return WholeNumberField(*text);
+    }
+    const auto* number = std::get_if<double>(&cell);
+    return number == nullptr ? 0 : *number;
+}
+
+std::string CellText(const ParaCell& cell) {
+    if (const auto* text = std::get_if<std::string>(&cell)) {
+        return *text;
+    }
+    const auto* number = std::get_if<double>(&cell);
+    return number == nullptr ? std::string() : PlainDecimal(*number);
+}
+
+std::int16_t ApplyRowTable(RowSource source) {
+    try {
+        ParaRows rows = ParaRowTable;
+        // Files of older programs end before these two.
+        ZeroIfEmpty(rows.at(0, kRowSTOP_PAUSE));
+        ZeroIfEmpty(rows.at(0, kRowACC_DCC));
+
+        ParameterSet set;
+        for (const ParaItem& item : ParaItems()) {
+            const std::size_t columns = item.perAxis() ? kAxes : 1;
+            for (std::size_t column = 0; column < columns; ++column) {
+                SetParaValue(set, item, column, CellNumber(rows.at(column, item.row)));
+            }
+        }
+        for (std::size_t axis = 0; axis < kAxes; ++axis) {
+            set.Actuator[axis] = CellText(rows.at(axis, kRowActuator));
+            set.parts[axis] = source == RowSource::Controller ? rows.parts[axis]
+                                                              : ParseActuator(set.Actuator[axis]);
+        }
+        ParaRowTable = std::move(rows);
+        ParaSet = std::move(set);
+        return 0;
+    } catch (const std::exception&) {
+        return 1;
+    }
+}
+
+} // namespace qdw8

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+
+/// The exchanges that move the parameter blocks. Each ends at the first failed exchange, which has
+/// told the user; blocks of an axis out of use move neither way. What was already written stays in
+/// the controller, uncommitted.
+///
+/// The caller holds the poll and closes the port. The transfer dialog is gone on every way out.
+namespace qdw8 {
+
+/// All blocks into `ParaRowTable` and `ParaReserved`. 0 good; 1 failed, both are as they were. The
+/// cells of an axis out of use are empty, and its reserved bytes keep their values.
+std::int16_t ReadAllBlocks();
+
+/// `ParaSet` to the controller, and commits it. 0 good. 1 failed; `ParaWriteFailedFlag` is set when
+/// a reply named another block, or when a value is too wide for its bytes and nothing was sent.
+std::int16_t WriteAllBlocks();
+
+/// The same for the homing and device blocks alone. Its reserved bytes come from cells that
+/// deliberately don't match those of a read.
+std::int16_t WriteDeviceBlocks();
+
+/// Changes the axis mask in the controller, uncommitted: the rest of block 0 goes back as it came.
+/// The first form takes the axes in use and keeps the mask as item `AXIS` when it was written.
+/// 0 good, 1 failed.
+std::int16_t WriteAxisMask();
+std::int16_t WriteAxisMask(int mask);
+
+} // namespace qdw8

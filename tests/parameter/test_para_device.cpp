@@ -1,0 +1,135 @@
+#include "parameter/para_device.h"
+
+#include "device/axis_device.h"
+#include "parameter/device_bytes.h"
+#include "parameter/factory_lists.h"
+#include "parameter_fixture.h"
+
+namespace qdw8::test {
+namespace {
+
+class ParaDevice : public ParameterLineTest {
+protected:
+    ParaDevice() {
+        ParaSet = SampleSet();
+        ParaSet.LEAD = {8, 2, 2, 2};
+        ParaSet.PULSE = {400, 400, 400, 400};
+        ParaSet.STROKE = {15000, 10000, 20000, 40000};
+        ParaSet.TYPE = {0, 1, 4, 5};
+        ParaSet.FUNCTION = {0, 1, 2, 0};
+    }
+};
+
+TEST_F(ParaDevice, TheImageBecomesTheDevices) {
+    DevSetting[1].NewType = kClear;
+    DevSettei[3].NewType = kClear;
+    ParaSet.AXIS = 0b1011;
+    ASSERT_EQ(TakeParameterDevices(), 0);
+    EXPECT_EQ(AxisOff, (std::array<Flag, kAxes>{kClear, kClear, kSet, kClear}));
+    EXPECT_EQ(DevSetting[0].DevSize, " 61");
+    EXPECT_EQ(DevSetting[0].DevSpeed, "H");
+    EXPECT_EQ(DevSetting[0].DevStroke, 300);
+    EXPECT_EQ(DevSetting[0].DevLead, 8);
+    EXPECT_EQ(DevSetting[0].DevPPR, 400);
+    EXPECT_EQ(DevSetting[0].MaxPulse, 15000);
+    EXPECT_DOUBLE_EQ(DevSetting[0].MaxStrokeMm, 300);
+    EXPECT_EQ(DevSetting[0].Vertical, kClear);
+    EXPECT_EQ(DevSetting[1].Vertical, kSet);
+    EXPECT_EQ(DevSetting[1].WithPG, kSet);
+    EXPECT_EQ(DevSettei[1].WithPG, kSet);
+    EXPECT_EQ(DevSetting[1].NewType, kClear) << "a 44 exists as both";
+    EXPECT_EQ(DevSettei[3].NewType, kSet) << "a 33 doesn't";
+    EXPECT_EQ(DevSetting[2].DevSize, "") << "out of use";
+
+    Culc_MaxPulse2();
+    EXPECT_EQ(DevSetting[3].MaxPulse, 40000);
+    EXPECT_EQ(DevSetting[2].MaxPulse, 0);
+}
+
+TEST_F(ParaDevice, FiguresThatNoDeviceHasAreToldAndChangeNoDevice) {
+    const auto before = DevSetting;
+    const auto refused = [&](auto change) {
+        const ParameterSet good = ParaSet;
+        change(ParaSet);
+        platform.expectBox(kInvalid);
+        EXPECT_EQ(TakeParameterDevices(), 1);
+        platform.checkAllAsked();
+        EXPECT_EQ(DevSetting, before);
+        ParaSet = good;
+    };
+    refused([](ParameterSet& set) { set.PULSE[3] = 32768; });
+    refused([](ParameterSet& set) { set.PULSE[1] = 0; });
+    refused([](ParameterSet& set) { set.LEAD[2] = 0; });
+    refused([](ParameterSet& set) { set.STROKE[0] = 3e9; });
+    ParaSet.PULSE[3] = 32767;
+    EXPECT_EQ(TakeParameterDevices(), 0);
+}
+
+TEST_F(ParaDevice, AnAxisWithoutAnActuatorEndsIt) {
+    ParaSet.Actuator[1].clear();
+    EXPECT_EQ(TakeParameterDevices(), 1);
+    EXPECT_EQ(DeviceTextEmpty, (std::array<Flag, kAxes>{kClear, kSet, kClear, kClear}));
+    EXPECT_EQ(DevSetting[0].DevSize, " 61");
+    EXPECT_EQ(DevSetting[2].DevSize, "");
+}
+
+TEST_F(ParaDevice, TheControllersActuatorsAreTakenOverOrLeft) {
+    ASSERT_EQ(TakeOverDevicesOfController(), 0);
+    EXPECT_EQ(DevSetting[2].DevSize, "J52");
+    EXPECT_EQ(DevSetting[3].DevPPR, 192);
+    EXPECT_EQ(CompareDeviceSettings(), 0);
+    const auto before = DevSetting;
+    for (int step = 1; step <= 4; ++step) {
+        forgetFrames();
+        GoOnLine();
+        addFault("0RD:" + std::to_string(step) + "+:silence");
+        platform.expectBox(kTimeout);
+        EXPECT_EQ(TakeOverDevicesOfController(), 1);
+        EXPECT_EQ(DevSetting, before);
+    }
+    forgetFrames();
+    GoOnLine();
+    line.controller.setBlock(12, std::string(32, '0'));
+    EXPECT_EQ(TakeOverDevicesOfController(), 1) << "it was never set up";
+    EXPECT_EQ(DevSetting, before);
+}
+
+TEST_F(ParaDevice, TheChosenActuatorsBringTheirFactoryParameters) {
+    KeepAxisFlag = kSet;
+    Screens().frmDevice2 = [] {
+        EXPECT_EQ(FactoryDeviceFlag, kSet);
+        EXPECT_EQ(FirstDeviceSetFlag, kSet);
+        EXPECT_EQ(KeepAxisFlag, kClear);
+        AxisOff = {kClear, kClear, kSet, kSet};
+        DevSettei[0] = {" 61", "F", 200, kSet, kSet, kSet};
+        DevSettei[1] = {" 52", "H", 50, kClear, kClear, kClear};
+    };
+    ASSERT_EQ(SelectDeviceAndLoadFactory(), 0);
+    EXPECT_EQ(FactoryDeviceFlag, kClear);
+    EXPECT_EQ(FirstDeviceSetFlag, kSet);
+    EXPECT_EQ(ParaSet.AXIS, 3);
+    EXPECT_EQ(ParaSet.Actuator[0], " 61F200");
+    EXPECT_EQ(ParaSet.STROKE[0], 4800);
+    EXPECT_EQ(ParaSet.STROKE[1], 3334) << "a broken pulse counts as a whole one";
+    EXPECT_EQ(ParaSet.TYPE[0], 1);
+    EXPECT_EQ(ParaSet.TYPE[1], 0);
+    EXPECT_NE(ParaSet.FUNCTION[0], 0);
+    EXPECT_EQ(ParaSet.FUNCTION[1], 0);
+}
+
+TEST_F(ParaDevice, ACancelledChoiceChangesNothing) {
+    const ParameterSet before = ParaSet;
+    Screens().frmDevice2 = [] { DeviceCancelled = kSet; };
+    EXPECT_EQ(SelectDeviceAndLoadFactory(), -1);
+    EXPECT_EQ(DeviceCancelled, kClear);
+    EXPECT_EQ(FactoryDeviceFlag, kClear);
+    EXPECT_EQ(ParaSet, before);
+
+    Screens().frmDevice2 = [] {}; // a choice that no list holds
+    platform.expectBox("Fail to open standard parameter file.");
+    EXPECT_EQ(SelectDeviceAndLoadFactory(), 1);
+    EXPECT_EQ(FactoryDeviceFlag, kClear);
+}
+
+} // namespace
+} // namespace qdw8::test
