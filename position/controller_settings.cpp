@@ -31,8 +31,7 @@ std::int16_t TakeOverControllerDevices() {
     if (ReadDeviceBytes() != 0) {
         return 1;
     }
-    TakeControllerFlags();
-    if (TakeControllerDevices() != 0) {
+    if (TakeControllerFlags() != 0 || TakeControllerDevices() != 0) {
         // Half a device is none: a lead without its model would convert by a stranger's figures.
         DevSetting = setting;
         DevSettei = settei;

@@ -64,6 +64,74 @@ void SetGridColour(int row, int column, CellColour colour) {
     Tell();
 }
 
+void SetCurrentText(const std::string& text) {
+    if (grid.fillMode == FillMode::OneCell) {
+        SetGridText(grid.row, grid.col, text);
+        return;
+    }
+    const auto [top, bottom] = SelectedRows();
+    const auto [left, right] = std::minmax(grid.col, grid.colSel);
+    FreezeGrid();
+    for (int row = top; row <= bottom; ++row) {
+        for (int column = left; column <= right; ++column) {
+            SetGridText(row, column, text);
+        }
+    }
+    ThawGrid();
+}
+
+void SetFillMode(FillMode mode) {
+    grid.fillMode = mode;
+}
+
+void InsertGridRow(int row) {
+    if (row < kGridHeadRows || row > static_cast<int>(grid.rows.size())) {
+        throw Fault("a row can't be added there");
+    }
+    grid.rows.emplace(grid.rows.begin() + row);
+    Tell();
+}
+
+void RemoveGridRow(int row) {
+    if (row < kGridHeadRows || row >= static_cast<int>(grid.rows.size())) {
+        throw Fault("the grid has no such row");
+    }
+    grid.rows.erase(grid.rows.begin() + row);
+    Tell();
+}
+
+std::string GridClip() {
+    const auto [top, bottom] = SelectedRows();
+    const auto [left, right] = std::minmax(grid.col, grid.colSel);
+    std::string text;
+    for (int row = top; row <= bottom; ++row) {
+        for (int column = left; column <= right; ++column) {
+            text += GridText(row, column);
+            text += column < right ? "\t" : "";
+        }
+        text += row < bottom ? "\r" : "";
+    }
+    return text;
+}
+
+GridSpan SelectedRows() {
+    return {std::min(grid.row, grid.rowSel), std::max(grid.row, grid.rowSel)};
+}
+
+void OpenEditBox(int maxLength) {
+    grid.edit = {true, GridText(grid.row, grid.col), maxLength};
+    Tell();
+}
+
+void SetEditText(const std::string& text) {
+    grid.edit.text = text;
+}
+
+void CloseEditBox() {
+    grid.edit = EditBox{};
+    Tell();
+}
+
 void SelectCells(int row, int column, int rowSel, int columnSel) {
     grid.row = row;
     grid.col = column;
@@ -92,8 +160,17 @@ void GridHome() {
     Tell();
 }
 
-void LockGrid(bool locked) {
-    grid.locked = locked;
+void RefreshGrid() {
+    Tell();
+}
+
+GridLock::GridLock() {
+    ++grid.locked;
+    Tell();
+}
+
+GridLock::~GridLock() {
+    --grid.locked;
     Tell();
 }
 

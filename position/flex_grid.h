@@ -32,6 +32,19 @@ struct Rgb {
 };
 Rgb RgbOf(CellColour colour);
 
+/// Where a text written to the current cell goes.
+enum class FillMode : std::uint8_t {
+    OneCell, ///< to this cell alone
+    Repeat   ///< to every cell of the selection
+};
+
+/// The box in which a cell is edited; it stands on the current cell.
+struct EditBox {
+    bool open = false;
+    std::string text;  ///< what stands in it now, UTF-8
+    int maxLength = 0; ///< characters that can be typed
+};
+
 struct FlexGrid {
     struct Row {
         std::array<std::string, kGridColumns> text;
@@ -42,8 +55,10 @@ struct FlexGrid {
     int col = 0;
     int rowSel = 0; ///< the other end of the selection
     int colSel = 0;
-    bool locked = false; ///< no selection, no editing
-    int frozen = 0;      ///< not painted while above 0
+    int locked = 0; ///< no selection and no editing while above 0
+    int frozen = 0; ///< not painted while above 0
+    FillMode fillMode = FillMode::OneCell;
+    EditBox edit;
 };
 
 /// The grid of the main window.
@@ -55,6 +70,28 @@ void SetGridRows(int count);
 const std::string& GridText(int row, int column);
 void SetGridText(int row, int column, const std::string& text);
 void SetGridColour(int row, int column, CellColour colour);
+/// Writes a text to the current cell, or to the selection, by the fill mode.
+void SetCurrentText(const std::string& text);
+void SetFillMode(FillMode mode);
+/// Adds an empty row in front of `row`, or behind the last one; takes a row out. Neither touches
+/// the current cell. A row that doesn't exist or is a head faults.
+void InsertGridRow(int row);
+void RemoveGridRow(int row);
+/// The selection as text: a tab between cells, a carriage return between rows.
+std::string GridClip();
+
+/// Rows of the selection from top to bottom, whichever end it began at.
+struct GridSpan {
+    int first = 0;
+    int last = 0;
+};
+GridSpan SelectedRows();
+
+/// The edit box, opened on the current cell with its text.
+void OpenEditBox(int maxLength);
+void SetEditText(const std::string& text);
+void CloseEditBox();
+
 /// Current cell and the other end of the selection.
 void SelectCells(int row, int column, int rowSel, int columnSel);
 
@@ -65,8 +102,17 @@ void ThawGrid();
 void ThawGridWholly();
 /// Puts the current cell at row 0, column 0.
 void GridHome();
-/// No selection and no editing while locked.
-void LockGrid(bool locked);
+/// Shows the grid again after its current cell or its edit box has changed.
+void RefreshGrid();
+
+/// No selection and no editing for the life of the object; they nest.
+class GridLock {
+public:
+    GridLock();
+    ~GridLock();
+    GridLock(const GridLock&) = delete;
+    GridLock& operator=(const GridLock&) = delete;
+};
 
 /// Text of a head cell, row 0 or 1.
 std::string GridHead(int row, int column);

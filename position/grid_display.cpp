@@ -20,18 +20,26 @@ CellColour BlockColour(int gridColumn) {
     return axis % 2 == 1 ? CellColour::Band : CellColour::Window;
 }
 
-void ColourRow(int gridRow) {
-    for (int column = 1; column < kGridColumns; ++column) {
-        SetGridColour(gridRow, column, BlockColour(column));
-    }
-}
-
 std::string PosiText(const PosiUnits& units, std::size_t axis) {
     const bool off = IsSet(AxisOff[axis]);
     if (IsSet(DispMmFlag)) {
-        return PadLeft(FixedDecimals(off ? kOffPosi : units.mm[axis], 3), 7);
+        return MmText(off ? kOffPosi : units.mm[axis]);
     }
     return PlainDecimal(off ? kOffPosi : units.pulse[axis]);
+}
+
+std::string DefaultText(int tableColumn) {
+    if (tableColumn == kComment) {
+        return {};
+    }
+    if (tableColumn >= kItpl) {
+        return "0";
+    }
+    const int item = tableColumn % kAxisColumns;
+    if (item == kPosi && IsSet(DispMmFlag)) {
+        return MmText(0);
+    }
+    return PlainDecimal(DefaultNumber(tableColumn / kAxisColumns, item));
 }
 
 std::string CellText(std::size_t position, int tableColumn) {
@@ -56,6 +64,55 @@ std::string CellText(std::size_t position, int tableColumn) {
 
 } // namespace
 
+std::string MmText(double mm) {
+    return PadLeft(FixedDecimals(mm, 3), 7);
+}
+
+void RestoreBlockColour(int gridRow, int gridColumn) {
+    SetGridColour(gridRow, gridColumn, BlockColour(gridColumn));
+}
+
+void ColourGridRow(int gridRow) {
+    for (int column = 1; column < kGridColumns; ++column) {
+        RestoreBlockColour(gridRow, column);
+    }
+}
+
+void FillDefaults(int gridRow) {
+    for (int column = 0; column <= kComment; ++column) {
+        SetGridText(gridRow, column + 1, DefaultText(column));
+    }
+}
+
+void Init_FlexGrid(int first, int last) {
+    FreezeGrid();
+    SetGridRows(last - first + 1 + kGridHeadRows);
+    for (int i = 0; i <= last - first; ++i) {
+        SetGridText(i + kGridHeadRows, 0, std::to_string(PosiFirst + i));
+        FillDefaults(i + kGridHeadRows);
+    }
+    GridHome();
+    ThawGrid();
+    Coloring_FlexGrid(first, last);
+}
+
+void Coloring_FlexGrid(int first, int last) {
+    FreezeGrid();
+    for (int i = 0; i <= last - first; ++i) {
+        ColourGridRow(i + kGridHeadRows);
+    }
+    ThawGrid();
+}
+
+void NumberGridRows() {
+    const int rows = static_cast<int>(flgdData().rows.size());
+    FreezeGrid();
+    for (int row = kGridHeadRows; row < rows; ++row) {
+        SetGridText(row, 0, std::to_string(GridFirst + row - kGridHeadRows));
+    }
+    ThawGrid();
+}
+
 void Set_MainFormStr() {
     Change_DispUnit();
 }
@@ -66,7 +123,7 @@ void QdDataHyoji_3() {
     }
     SetGridRows(GridLast - GridFirst + 1 + kGridHeadRows);
     Change_DispUnit();
-    LockGrid(true);
+    const GridLock lock;
     FreezeGrid();
     for (int i = 0; i <= GridLast - GridFirst; ++i) {
         const int gridRow = i + kGridHeadRows;
@@ -75,11 +132,10 @@ void QdDataHyoji_3() {
         for (int column = 0; column <= kComment; ++column) {
             SetGridText(gridRow, column + 1, CellText(static_cast<std::size_t>(position), column));
         }
-        ColourRow(gridRow);
+        ColourGridRow(gridRow);
     }
     GridHome();
     ThawGrid();
-    LockGrid(false);
 }
 
 void DispAxisData() {
@@ -87,11 +143,7 @@ void DispAxisData() {
     if (rows <= kGridHeadRows) {
         return;
     }
-    FreezeGrid();
-    for (int row = kGridHeadRows; row < rows; ++row) {
-        ColourRow(row);
-    }
-    ThawGrid();
+    Coloring_FlexGrid(1, rows - kGridHeadRows);
 }
 
 bool GridShowsItsRange() {

@@ -1,13 +1,34 @@
 #pragma once
 
+#include <string>
+
 /// How the position table is shown in the grid.
 namespace qdw8 {
+
+/// A position in mm as the grid shows it: three decimals, at least seven characters.
+std::string MmText(double mm);
 
 /// Head texts of the position columns; called at load and when the unit changes.
 void Set_MainFormStr();
 
 /// Fills the grid from the table for `GridFirst` to `GridLast`; nothing happens without data.
 void QdDataHyoji_3();
+
+/// Makes rows for the positions `first` to `last`, numbered from `PosiFirst`, with the values of a
+/// new row in every cell.
+void Init_FlexGrid(int first, int last);
+
+/// Puts the values of a new row into the cells of a grid row, all but the position number.
+void FillDefaults(int gridRow);
+
+/// Block colours of the grid's first rows, as many as `first` to `last` are; of one row; of one
+/// cell.
+void Coloring_FlexGrid(int first, int last);
+void ColourGridRow(int gridRow);
+void RestoreBlockColour(int gridRow, int gridColumn);
+
+/// Writes the position numbers down column 0, from `GridFirst`.
+void NumberGridRows();
 
 /// Block colours of all cells in the grid; nothing happens without data.
 void DispAxisData();

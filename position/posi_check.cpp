@@ -150,14 +150,17 @@ void ShowNoData() {
     ShowTexts({433, 434});
 }
 
-std::int16_t RunCheck() {
-    LockGrid(true);
+/// The rows of the range tested and, if all are clean, committed.
+void CheckRows() {
+    const GridLock lock;
     FreezeGrid();
     WorkingRow values{};
     for (std::int16_t position = PosiFirst; position <= PosiLast; ++position) {
         if (!TestRow(position, values)) {
-            PosiRowError[static_cast<std::size_t>(position) - 1] = kSet;
             ++PosiErrorCount;
+            if (position > 0) { // a file can bring a row 0, which no transfer ever asks for
+                PosiRowError[static_cast<std::size_t>(position) - 1] = kSet;
+            }
         }
     }
     if (PosiErrorCount == 0) {
@@ -165,8 +168,10 @@ std::int16_t RunCheck() {
     }
     GridHome();
     ThawGrid();
-    LockGrid(false);
-    GridHome();
+}
+
+std::int16_t RunCheck() {
+    CheckRows();
     if (PosiErrorCount == 0) {
         return 0;
     }
@@ -216,7 +221,6 @@ std::int16_t PosiDataCheck3() {
         return RunCheck();
     } catch (const Fault&) {
         ThawGridWholly();
-        LockGrid(false);
         return 0;
     }
 }

@@ -1,7 +1,6 @@
 #include "position/posi_file.h"
 
 #include "app/boxes.h"
-#include "app/command_states.h"
 #include "app/main_panel.h"
 #include "app/number_forms.h"
 #include "app/screens.h"
@@ -10,8 +9,8 @@
 #include "platform/cp932_text.h"
 #include "platform/platform.h"
 #include "platform/whole_file.h"
-#include "position/flex_grid.h"
 #include "position/posi_check.h"
+#include "position/posi_command.h"
 #include "position/posi_table.h"
 
 #include <exception>
@@ -62,10 +61,6 @@ std::string FileText() {
         text += RowLine(position);
     }
     return text;
-}
-
-std::string WithoutExtension(const std::string& fileName) {
-    return fileName.substr(0, fileName.size() - std::min(fileName.size(), kExtensionLength));
 }
 
 /// The first `count` characters of a text, whatever bytes they take.
@@ -122,10 +117,9 @@ bool SaveWithTries(const std::string& fileName) {
 /// Runs the steps of a save command between the commands being taken away and given back. The
 /// steps say whether a file was written.
 template<typename Steps> void RunSave(Steps steps) {
-    const CommandsAway away;
+    const PositionCommand command;
+    const RangesBefore before;
     SaveCancelledFlag = kClear;
-    GridHome();
-    LockGrid(true);
     bool saved = false;
     try {
         saved = steps();
@@ -133,9 +127,9 @@ template<typename Steps> void RunSave(Steps steps) {
         ShowTexts({422});
     }
     SaveCancelledFlag = FlagOf(!saved);
-    LockGrid(false);
-    if (Screens().flgdDataFocus) {
-        Screens().flgdDataFocus();
+    if (!saved) {
+        // The next save under the old name must not write a part of the document alone.
+        before.putBack();
     }
 }
 
@@ -176,11 +170,15 @@ bool SaveAs() {
 
 } // namespace
 
+std::string FileNameOnly(const std::string& fileName) {
+    return fileName.substr(0, fileName.size() - std::min(fileName.size(), kExtensionLength));
+}
+
 std::int16_t SaveFileAs2(const std::string& fileName) {
     try {
         const std::filesystem::path path = std::filesystem::path(PosiFolder) / fileName;
         WriteWholeFile(path.string(), ToCp932(FileText()));
-        ShowPosiFileName(WithoutExtension(fileName));
+        ShowPosiFileName(FileNameOnly(fileName));
         PosiDirtyFlag = kClear;
         return 0;
     } catch (const std::exception&) {

@@ -5,7 +5,11 @@
 #include "device/Module2Calc.h"
 #include "position/check_result.h"
 #include "position/flex_grid.h"
+#include "position/grid_editor.h"
 #include "position/posi_file.h"
+#include "position/posi_reader.h"
+#include "position/posi_verify.h"
+#include "position/stroke_check.h"
 
 #include <algorithm>
 
@@ -136,8 +140,12 @@ void ResetPositions() {
     PosiDirtyFlag = PosiHasDataFlag = kClear;
     PosiFileName.clear();
     ResetGrid();
+    ResetGridEditor();
     ResetCheckResult();
     ResetPosiFile();
+    ResetPosiReader();
+    ResetStrokeCheck();
+    ResetVerify();
 }
 
 } // namespace qdw8

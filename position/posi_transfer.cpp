@@ -1,7 +1,6 @@
 #include "position/posi_transfer.h"
 
 #include "app/boxes.h"
-#include "app/command_states.h"
 #include "app/number_forms.h"
 #include "app/screens.h"
 #include "app/string_table.h"
@@ -14,6 +13,7 @@
 #include "position/controller_settings.h"
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
+#include "position/posi_command.h"
 #include "position/posi_file.h"
 #include "position/posi_table.h"
 
@@ -80,23 +80,6 @@ bool ReadRows(std::vector<RowNumbers>& rows) {
     return true;
 }
 
-/// The range variables, to be put back when a read doesn't come to its end.
-struct Ranges {
-    std::int16_t gridFirst = GridFirst;
-    std::int16_t gridLast = GridLast;
-    std::int16_t gridRowCount = GridRowCount;
-    std::int16_t posiFirst = PosiFirst;
-    std::int16_t posiLast = PosiLast;
-
-    void putBack() const {
-        GridFirst = gridFirst;
-        GridLast = gridLast;
-        GridRowCount = gridRowCount;
-        PosiFirst = posiFirst;
-        PosiLast = posiLast;
-    }
-};
-
 /// Data in the table can be saved first. False: the command ends here.
 bool OfferToSave() {
     if (!PosiTableHasData()) {
@@ -127,7 +110,7 @@ bool AskRange() {
 /// force now. The pulses stand; the mm forms follow the devices.
 void ShowWhatWasThere() {
     if (flgdData().rows.size() > kGridHeadRows && GridShowsItsRange()) {
-        const Ranges working;
+        const RangesBefore working;
         PosiFirst = GridFirst;
         PosiLast = GridLast;
         ConvertTableToMm();
@@ -148,7 +131,7 @@ void Read() {
     if (!OfferToSave()) {
         return;
     }
-    const Ranges before;
+    const RangesBefore before;
     if (!AskRange()) {
         before.putBack();
         return;
@@ -211,9 +194,7 @@ std::int16_t ReadPosidataFromCt() {
 }
 
 void ReadFromCt() {
-    const CommandsAway away;
-    GridHome();
-    LockGrid(true);
+    const PositionCommand command;
     try {
         Read();
     } catch (const std::exception&) {
@@ -222,10 +203,6 @@ void ReadFromCt() {
         ShowTexts({108});
     }
     TransferRunFlag = kClear;
-    LockGrid(false);
-    if (Screens().flgdDataFocus) {
-        Screens().flgdDataFocus();
-    }
 }
 
 } // namespace qdw8

@@ -2,7 +2,9 @@
 
 #include "app/boxes.h"
 #include "app/number_forms.h"
+#include "position/posi_reader.h"
 #include "position/posi_table.h"
+#include "position/posi_verify.h"
 
 namespace qdw8 {
 namespace {
@@ -45,6 +47,37 @@ RangeTexts GridRangePreset() {
 
 bool TakeGridRange(const RangeTexts& texts) {
     return TakeRange(texts, GridFirst, GridLast);
+}
+
+VerifyRangeTexts VerifyRangePreset() {
+    const auto texts = [](std::int16_t first, std::int16_t last) {
+        return RangeTexts{std::to_string(first), std::to_string(last)};
+    };
+    return {texts(FileFirst, FileLast), GridRangePreset(), texts(VerifyFirst, VerifyLast)};
+}
+
+bool TakeVerifyRange(const RangeTexts& texts) {
+    const double start = NumberFromText(texts.start);
+    const double end = NumberFromText(texts.end);
+    if (start > end) {
+        return false;
+    }
+    const auto isPosition = [](double number) { return number >= 1 && number <= kLastPosition; };
+    bool valid = isPosition(start) && isPosition(end);
+    if (start < VerifyFirst) {
+        valid = false;
+    } else if (isPosition(start)) {
+        PosiFirst = ToInt16(start);
+    }
+    if (end > VerifyLast) {
+        valid = false;
+    } else if (isPosition(end)) {
+        PosiLast = ToInt16(end);
+    }
+    if (!valid) {
+        ShowTexts({1610});
+    }
+    return valid;
 }
 
 void RangeDialogOpened() {

@@ -22,6 +22,20 @@ RangeTexts GridRangePreset();
 /// Takes a range inside the grid's rows; results as above.
 bool TakeGridRange(const RangeTexts& texts);
 
+/// `frmSelectPosiNo4`, verify with a file: what the file holds, what the grid shows, and what both
+/// have in common. Without anything in common the range and its boxes are hidden, and OK only
+/// closes.
+struct VerifyRangeTexts {
+    RangeTexts file;
+    RangeTexts grid;
+    RangeTexts range;
+};
+VerifyRangeTexts VerifyRangePreset();
+/// Takes a range inside the common one. True: the dialog may close. False: it stays; a box has told
+/// that a number is not valid, but of the two a number inside its own limit has been set all the
+/// same. A start behind the end is refused without a box, and nothing is set.
+bool TakeVerifyRange(const RangeTexts& texts);
+
 /// Called when a range dialog opens, and when it is left by Cancel or by closing it.
 void RangeDialogOpened();
 void RangeDialogCancelled();

@@ -3,8 +3,7 @@
 #include "device/Module2Calc.h"
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
-#include "position_fixture.h"
-#include "support/simulated_line.h"
+#include "transfer_fixture.h"
 
 #include <array>
 
@@ -17,57 +16,8 @@ const std::string kWrongData = "Communication error occurs!\r\ntransmit data is 
 const std::string kConfirm = "Read the data from controller, OK?";
 const std::string kSaveFirst = "Save the editing data before reading data?";
 
-/// The machine of the fixture at the other end: AXIS 1 and AXIS 4 in use, rows that differ.
-class TransferTest : public PositionTest {
+class TransferTest : public ControllerTest {
 protected:
-    TransferTest() : line(platform) {
-        line.controller.setAxisMask(0b1001);
-        line.controller.setBlock(6, "0002019000"
-                                    "004E20"
-                                    "2C"
-                                    "4C"
-                                    "0064"
-                                    "00000000");
-        line.controller.setBlock(12, "000800C002"
-                                     "0012C0"
-                                     "3D"
-                                     "46"
-                                     "00C8"
-                                     "00000000");
-        line.controller.setPositionRow(1, "1E3"
-                                          "0"
-                                          "030D4"
-                                          "1E3"
-                                          "0"
-                                          "00000"
-                                          "1E3"
-                                          "0"
-                                          "00000"
-                                          "1E2"
-                                          "0"
-                                          "00000"
-                                          "1"
-                                          "2"
-                                          "0A");
-        line.controller.setPositionRow(999, "3C1"
-                                            "3"
-                                            "04E20"
-                                            "1E3"
-                                            "0"
-                                            "00000"
-                                            "1E3"
-                                            "0"
-                                            "00000"
-                                            "011"
-                                            "0"
-                                            "012BF"
-                                            "0"
-                                            "3"
-                                            "14");
-        DevSetting[3].MaxPulse = 4800;
-        LoadErrorList();
-    }
-
     void expectReadOf(std::int16_t first, std::int16_t last) {
         platform.expectScreen("frmSelectPosiNo2", [first, last] {
             PosiFirst = first;
@@ -75,8 +25,6 @@ protected:
         });
         platform.expectBox(kConfirm, BoxButtons::OkCancel, BoxAnswer::Ok);
     }
-
-    SimulatedLine line;
 };
 
 TEST_F(TransferTest, TheWholeTableComesIn) {

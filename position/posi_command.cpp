@@ -1,0 +1,63 @@
+#include "position/posi_command.h"
+
+#include "app/command_states.h"
+#include "app/screens.h"
+#include "position/flex_grid.h"
+#include "position/grid_display.h"
+#include "position/grid_editor.h"
+#include "position/posi_table.h"
+
+#include <memory>
+
+namespace qdw8 {
+namespace {
+
+/// What the outermost command has taken away.
+struct Taken {
+    CommandsAway commands;
+    GridLock grid;
+};
+
+int depth = 0;
+std::unique_ptr<Taken> taken;
+
+} // namespace
+
+PositionCommand::PositionCommand() {
+    if (depth++ == 0) {
+        taken = std::make_unique<Taken>();
+        CancelEdit();
+        GridHome();
+    }
+}
+
+PositionCommand::~PositionCommand() {
+    if (--depth == 0) {
+        ThawGridWholly();
+        taken.reset();
+        if (Screens().flgdDataFocus) {
+            Screens().flgdDataFocus();
+        }
+    }
+}
+
+RangesBefore::RangesBefore()
+    : gridFirst(GridFirst), gridLast(GridLast), gridRowCount(GridRowCount), posiFirst(PosiFirst),
+      posiLast(PosiLast) {}
+
+void RangesBefore::putBack() const {
+    GridFirst = gridFirst;
+    GridLast = gridLast;
+    GridRowCount = gridRowCount;
+    PosiFirst = posiFirst;
+    PosiLast = posiLast;
+}
+
+WholeGridAfter::~WholeGridAfter() {
+    if (GridShowsItsRange()) {
+        PosiFirst = GridFirst;
+        PosiLast = GridLast;
+    }
+}
+
+} // namespace qdw8

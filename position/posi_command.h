@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+
+/// What the commands of the position document have in common.
+namespace qdw8 {
+
+/// Takes the commands and the grid away for the life of the object: the current cell goes home, a
+/// cell being edited gets its old text back (the window commits it before it runs a command). At
+/// the end the grid is free again and has the focus, and the commands are back, the edit commands
+/// with the next selection. A command that runs inside another one changes none of this.
+class PositionCommand {
+public:
+    PositionCommand();
+    ~PositionCommand();
+    PositionCommand(const PositionCommand&) = delete;
+    PositionCommand& operator=(const PositionCommand&) = delete;
+};
+
+/// The five range variables, as they were when the object was made.
+class RangesBefore {
+public:
+    RangesBefore();
+    void putBack() const;
+
+private:
+    std::int16_t gridFirst;
+    std::int16_t gridLast;
+    std::int16_t gridRowCount;
+    std::int16_t posiFirst;
+    std::int16_t posiLast;
+};
+
+/// Makes the working range the whole grid when the object goes: a command that works on a part of
+/// the document must not leave it narrowed, or the next save would write that part alone. Nothing
+/// happens without data.
+class WholeGridAfter {
+public:
+    WholeGridAfter() = default;
+    ~WholeGridAfter();
+    WholeGridAfter(const WholeGridAfter&) = delete;
+    WholeGridAfter& operator=(const WholeGridAfter&) = delete;
+};
+
+} // namespace qdw8

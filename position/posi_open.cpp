@@ -1,0 +1,177 @@
+#include "position/posi_open.h"
+
+#include "app/boxes.h"
+#include "app/screens.h"
+#include "app/string_table.h"
+#include "device/Module2Calc.h"
+#include "device/axis_device.h"
+#include "device/axis_texts.h"
+#include "device/device_name.h"
+#include "link/Module3Tusin.h"
+#include "platform/fault.h"
+#include "platform/platform.h"
+#include "position/device_change.h"
+#include "position/grid_display.h"
+#include "position/posi_command.h"
+#include "position/posi_file.h"
+#include "position/posi_reader.h"
+#include "position/posi_table.h"
+
+#include <exception>
+#include <filesystem>
+#include <optional>
+
+namespace qdw8 {
+
+DeviceChangeSteps& DeviceChange() {
+    static DeviceChangeSteps steps;
+    return steps;
+}
+
+namespace {
+
+/// The devices of before, to be put back where a change of them comes to no end: half a device
+/// would convert positions by a stranger's figures.
+struct DevicesBefore {
+    std::array<AxisDevice, kAxes> setting = DevSetting;
+    std::array<Flag, kAxes> off = AxisOff;
+
+    void putBack() const {
+        DevSetting = setting;
+        AxisOff = off;
+    }
+};
+
+std::optional<FileAnswer> AskFile() {
+    FileQuestion question;
+    question.kind = FileQuestion::Kind::Open;
+    question.title = ResText(364);
+    question.filter = ResText(351);
+    question.defaultExt = "qdd";
+    question.flags = kFileMustExist;
+    return ThePlatform().CommonDialog1.ShowFile(question);
+}
+
+void TakeFileRange() {
+    const bool noData = FileFirst == 0 && FileLast == 0;
+    if (noData || FileLast < FileFirst) {
+        throw Fault("the file's rows can't be shown");
+    }
+    GridFirst = PosiFirst = FileFirst;
+    GridLast = PosiLast = FileLast;
+    GridRowCount = static_cast<std::int16_t>(FileLast - FileFirst + 1);
+}
+
+/// True if the file uses other axes or other actuators than the program.
+bool FileDiffers() {
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
+        FileAxisOff[axis] = FlagOf(FileDevText[axis].empty());
+    }
+    if (ParseFileDevices() != 0) {
+        throw Fault("the file names a device that doesn't exist");
+    }
+    return DeviceChange().CompareActuatorSettingOfPosifile2PC() == 1 || FileAxisOff != AxisOff;
+}
+
+/// The actuators of the file with their factory parameters.
+void TakeFileDevices() {
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
+        const bool newlyUsed = IsSet(AxisOff[axis]) && !IsSet(FileAxisOff[axis]);
+        if (newlyUsed && ParseFileDevice(axis) != 0) {
+            throw Fault("the file names a device that doesn't exist");
+        }
+    }
+    const DevicesBefore before;
+    DeviceChange().ReflectFileDevice2PcDevice();
+    if (DeviceChange().LoadFactoryParameters() == 0) {
+        DeviceChange().TakeParameterDevices();
+    } else {
+        before.putBack();
+    }
+}
+
+/// The actuators of a parameter file. False: the command ends, and a box has told why.
+bool TakeParameterFile() {
+    const auto path = DeviceChange().AskParameterFile();
+    if (!path) {
+        ShowTexts({367});
+        return false;
+    }
+    RetryCount = 0;
+    while (DeviceChange().ReadParameterFile(*path) != 0) {
+        if (++RetryCount > kRetries) {
+            ShowTexts({681});
+            return false;
+        }
+        MsecTimer(kRetryPauseMs);
+    }
+    DeviceChange().TakeParameterDevices();
+    return true;
+}
+
+/// Puts other axes or actuators to the user. False: the command ends here.
+bool SettleDevices() {
+    if (!FileDiffers()) {
+        return true;
+    }
+    switch (Screens().frmSelection(
+        {ResText(471), ResText(44), {ResText(45), ResText(46), ResText(47)}, false})) {
+    case 0: DeviceChange().LetDevSettingToDevSettei(); return true;
+    case 1: TakeFileDevices(); return true;
+    case 2: return TakeParameterFile();
+    default: return true; // cancelled: opened all the same, with nothing copied
+    }
+}
+
+void ShowAxes() {
+    ShowAxisDevices();
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
+        if (IsSet(DevSetting[axis].Device)) {
+            FamilyText[axis] = "QD";
+        }
+    }
+}
+
+/// From the dialog to the filled grid. False: the document is the one of before.
+bool Open() {
+    const auto answer = AskFile();
+    if (!answer) {
+        ShowTexts({367});
+        return false;
+    }
+    if (answer->path.empty() || !ReadPosiFileWithTries(answer->path)) {
+        return false;
+    }
+    TakeFileRange();
+    if (!SettleDevices()) {
+        return false;
+    }
+    ShowAxes();
+    PosiStageToTable();
+    ConvertTableToMm();
+    QdDataHyoji_3();
+    CalcMaxStrokeMm();
+    ShowUnitScale();
+    PosiFolder = std::filesystem::path(answer->path).parent_path().string();
+    ShowPosiFileName(FileNameOnly(answer->title));
+    PosiDirtyFlag = kClear;
+    return true;
+}
+
+} // namespace
+
+void OpenPosiFile() {
+    const PositionCommand command;
+    const RangesBefore before;
+    bool opened = false;
+    try {
+        opened = Open();
+    } catch (const std::exception&) {
+        ShowTexts({484});
+    }
+    if (!opened) {
+        before.putBack();
+    }
+}
+
+} // namespace qdw8

@@ -1,0 +1,183 @@
+#include "position/posi_verify.h"
+
+#include "app/boxes.h"
+#include "app/screens.h"
+#include "app/string_table.h"
+#include "app/transfer_dialog.h"
+#include "link/Module3Tusin.h"
+#include "link/ct_commands.h"
+#include "link/supervision.h"
+#include "platform/platform.h"
+#include "position/check_result.h"
+#include "position/posi_check.h"
+#include "position/posi_command.h"
+#include "position/posi_reader.h"
+#include "position/posi_table.h"
+#include "position/posi_transfer.h"
+
+#include <algorithm>
+#include <exception>
+#include <optional>
+
+namespace qdw8 {
+
+std::int16_t VerifyFirst = 0;
+std::int16_t VerifyLast = 0;
+
+namespace {
+
+bool IsCompared(std::size_t column) {
+    return column >= kItpl || !IsSet(AxisOff[column / kAxisColumns]);
+}
+
+/// Marks what differs between the table and `PosiStage` in the working range.
+void MarkDifferences() {
+    ClearPosiErrors();
+    PosiErrorCount = 0;
+    for (std::int16_t position = PosiFirst; position <= PosiLast; ++position) {
+        const auto row = static_cast<std::size_t>(position);
+        bool differs = false;
+        for (std::size_t column = 0; column < kComment; ++column) {
+            if (IsCompared(column) &&
+                NumberOf(PosiStage[row][column + 1]) != PosiTable[row].number[column]) {
+                MarkPosiCell(column, position);
+                differs = true;
+            }
+        }
+        PosiErrorCount = static_cast<std::int16_t>(PosiErrorCount + (differs ? 1 : 0));
+    }
+}
+
+/// Compares and shows the outcome; `with` names the other side when all is equal.
+void ShowOutcome(const std::string& with) {
+    MarkDifferences();
+    if (PosiErrorCount > 0) {
+        SyogoMode = kSet;
+        Screens().frmSyogoKekka();
+    } else {
+        ShowBox(Lines({with, "", ResText(826)}));
+    }
+    ClearPosiErrors();
+    PosiErrorCount = 0;
+}
+
+bool TakeRangeCancel() {
+    const bool cancelled = IsSet(RangeCancelFlag);
+    RangeCancelFlag = kClear;
+    return cancelled;
+}
+
+/// The whole path of the file; nothing when the user cancelled.
+std::optional<std::string> AskFile() {
+    FileQuestion question;
+    question.kind = FileQuestion::Kind::Open;
+    question.title = ResText(350);
+    question.filter = ResText(351);
+    question.defaultExt = "qdd";
+    question.flags = kFileMustExist;
+    const auto answer = ThePlatform().CommonDialog1.ShowFile(question);
+    return answer && !answer->path.empty() ? std::optional(answer->path) : std::nullopt;
+}
+
+void VerifyWithFile() {
+    if (Check_flgdLineNo() != 0) {
+        return;
+    }
+    PosiFirst = GridFirst;
+    PosiLast = GridLast;
+    if (PosiDataCheck3() == 1) {
+        return;
+    }
+    const auto path = AskFile();
+    if (!path || !ReadPosiFileWithTries(*path)) {
+        return;
+    }
+    const bool overlap = CompareFileRange() == 0;
+    Screens().frmSelectPosiNo4(overlap);
+    if (TakeRangeCancel() || !overlap) {
+        return;
+    }
+    ShowOutcome(ResText(352) + *path + ResText(353));
+}
+
+void VerifyWithController() {
+    if (Check_flgdLineNo() != 0) {
+        return;
+    }
+    Screens().frmSelectPosiNo3();
+    if (TakeRangeCancel() || PosiDataCheck3() == 1) {
+        return;
+    }
+    const PollHeld held;
+    GoOnLine();
+    if (OpenCtPortForBatch() != 0) {
+        return;
+    }
+    if (CheckCtStatus() != 0) {
+        CommErrorFlag = kClear;
+        CloseCtPort();
+        return;
+    }
+    if (ReadPosidataFromCt() == 0) {
+        ShowOutcome(ResText(354));
+    }
+}
+
+/// A verify from its start to its end; a fault in it ends it with the box `faultId`.
+void Run(void (*verify)(), std::int16_t faultId) {
+    const PositionCommand command;
+    const WholeGridAfter wholeGrid;
+    try {
+        verify();
+    } catch (const std::exception&) {
+        UnloadTrance();
+        CloseCtPort();
+        ClearPosiErrors();
+        ShowTexts({faultId});
+    }
+    TransferRunFlag = kClear;
+}
+
+} // namespace
+
+std::int16_t CompareFileRange() {
+    if (FileFirst > GridFirst) {
+        if (FileFirst > GridLast) {
+            return 1;
+        }
+        VerifyFirst = FileFirst;
+    } else {
+        if (FileLast < GridFirst) {
+            return 1;
+        }
+        VerifyFirst = GridFirst;
+    }
+    VerifyLast = std::min(FileLast, GridLast);
+    return 0;
+}
+
+void PosiDataFileShogo2() {
+    Run(VerifyWithFile, 484);
+}
+
+void PosiDataCtShogo() {
+    Run(VerifyWithController, 108);
+}
+
+void VerifyChoose() {
+    const PositionCommand command;
+    if (Check_flgdLineNo() != 0) {
+        return;
+    }
+    switch (Screens().frmDataShogo()) {
+    case 1: PosiDataFileShogo2(); break;
+    case 2: PosiDataCtShogo(); break;
+    default: break;
+    }
+}
+
+void ResetVerify() {
+    VerifyFirst = VerifyLast = 0;
+}
+
+} // namespace qdw8

@@ -1,0 +1,208 @@
+#include "position/posi_write.h"
+
+#include "app/boxes.h"
+#include "app/number_forms.h"
+#include "app/screens.h"
+#include "app/string_table.h"
+#include "app/transfer_dialog.h"
+#include "link/Module3Tusin.h"
+#include "link/axis_mask.h"
+#include "link/ct_commands.h"
+#include "link/supervision.h"
+#include "parameter/device_bytes.h"
+#include "position/check_result.h"
+#include "position/posi_check.h"
+#include "position/posi_command.h"
+#include "position/posi_table.h"
+#include "position/stroke_check.h"
+
+#include <algorithm>
+#include <exception>
+
+namespace qdw8 {
+namespace {
+
+constexpr std::size_t kRowLength = 43;
+
+int WidthOf(std::size_t column) {
+    if (column == kSm) {
+        return 2;
+    }
+    if (column >= kItpl) {
+        return 1;
+    }
+    switch (column % kAxisColumns) {
+    case kVel: return 2;
+    case kPosi: return 5;
+    default: return 1;
+    }
+}
+
+bool IsWholeRow(const std::string& row) {
+    return row.size() == kRowLength && row.find_first_not_of("0123456789ABCDEF") == row.npos;
+}
+
+bool IsSent(std::int16_t position) {
+    return !IsSet(PosiRowError[static_cast<std::size_t>(position) - 1]);
+}
+
+void BuildRows() {
+    for (std::int16_t position = PosiFirst; position <= PosiLast; ++position) {
+        if (IsSent(position)) {
+            PosiFrameText[static_cast<std::size_t>(position) - 1] = PosiRowText(position);
+        }
+    }
+}
+
+/// One row. False: it was not taken, and the user has been told.
+bool WriteRow(const std::string& row) {
+    if (!IsWholeRow(row)) {
+        ShowWrongData();
+        return false;
+    }
+    if (WritePosiRow(row) != 0) {
+        return false;
+    }
+    // The echo of the position number is the whole verification.
+    constexpr std::size_t kEcho = 6;
+    if (("0WP" + row).substr(0, kEcho) != ReplyText.substr(0, kEcho)) {
+        CloseCtPort();
+        CommErrorFlag = kSet;
+        ShowWrongData();
+        return false;
+    }
+    return true;
+}
+
+bool WriteRows() {
+    int done = 0;
+    for (std::int16_t position = PosiFirst; position <= PosiLast; ++position) {
+        if (!IsSent(position)) {
+            continue;
+        }
+        if (!WriteRow(PosiFrameText[static_cast<std::size_t>(position) - 1])) {
+            return false;
+        }
+        SetTranceValue(++done);
+    }
+    return true;
+}
+
+/// Range, check and confirmation. False: nothing goes out.
+bool AskWhatToWrite() {
+    if (Check_flgdLineNo() != 0) {
+        return false;
+    }
+    Screens().frmSelectPosiNo3();
+    if (IsSet(RangeCancelFlag)) {
+        RangeCancelFlag = kClear;
+        return false;
+    }
+    return PosiDataCheck3() == 0 && AskBox(ResText(375), BoxButtons::OkCancel) == BoxAnswer::Ok;
+}
+
+/// The controller stands still and is in the mode for writing. False: the command ends.
+bool PrepareController() {
+    const std::int16_t arrived = ReadArrivalStatus();
+    if (arrived != 1) {
+        if (arrived == 0) {
+            ShowTexts({424});
+        }
+        return false;
+    }
+    if (SetCtMode(1) != 0) {
+        ShowTexts({377});
+        return false;
+    }
+    return true;
+}
+
+/// Axes and actuators are those of the controller. False: the command ends.
+bool SettingsAgree() {
+    if (ReadAxisMaskQuiet() != 0) {
+        return false;
+    }
+    const std::int16_t compared = CtAxisOff != AxisOff ? std::int16_t{1} : CompareDeviceSettings();
+    if (compared == 1) {
+        ShowTexts({357, 483});
+    }
+    if (compared != 0) {
+        return false;
+    }
+    if (ReadDeviceBytes() != 0) {
+        ShowTexts({377});
+        return false;
+    }
+    return true;
+}
+
+/// Back to the normal mode, with six tries.
+void FinishController() {
+    int tries = 0;
+    while (SetCtMode(0) != 0) {
+        if (++tries > kRetries) {
+            ShowTexts({377});
+            break;
+        }
+        MsecTimer(kRetryPauseMs);
+    }
+    ShowTexts({376});
+}
+
+void Write() {
+    if (!AskWhatToWrite()) {
+        return;
+    }
+    const PollHeld held;
+    TransferCancelFlag = kClear;
+    MsecTimer(1); // what is pending of events runs before the first frame
+    GoOnLine();
+    if (PrepareController() && SettingsAgree() && PosiKakikomimaeParaCheck() == 0 &&
+        WritePosidataToCt() == 0) {
+        FinishController();
+    }
+    CloseCtPort();
+}
+
+} // namespace
+
+std::string PosiRowText(std::int16_t position) {
+    const PosiRow& row = PosiTable[static_cast<std::size_t>(position)];
+    std::string text = HexField(position, 3);
+    for (std::size_t column = 0; column < kComment; ++column) {
+        text += HexField(ToInt32(row.number[column]), WidthOf(column));
+    }
+    return text;
+}
+
+std::int16_t WritePosidataToCt() {
+    try {
+        BuildRows();
+        TransferRunFlag = kSet;
+        ShowTrance(PosiLast - PosiFirst + 1, ResText(383));
+        const bool good = WriteRows();
+        UnloadTrance();
+        CloseCtPort();
+        return good ? 0 : 1;
+    } catch (const std::exception&) {
+        UnloadTrance();
+        CloseCtPort();
+        ShowWrongData(); // a number that is no 32-bit number has no form on the line
+        return 1;
+    }
+}
+
+void WriteToCt() {
+    const PositionCommand command;
+    const WholeGridAfter wholeGrid;
+    try {
+        Write();
+    } catch (const std::exception&) {
+        UnloadTrance();
+        CloseCtPort();
+        ShowTexts({108});
+    }
+    TransferRunFlag = kClear;
+}
+
+} // namespace qdw8

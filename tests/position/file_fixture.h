@@ -1,0 +1,41 @@
+#pragma once
+
+#include "device/device_name.h"
+#include "platform/whole_file.h"
+#include "position/device_change.h"
+#include "position/posi_file.h"
+#include "position_fixture.h"
+
+#include <filesystem>
+
+namespace qdw8::test {
+
+/// A folder for position files, the device names of the fixture's axes on the panel, and the rooms
+/// above that opening a file may ask, played by the test.
+class PosiFilesTest : public PositionTest {
+protected:
+    PosiFilesTest();
+    ~PosiFilesTest() override;
+
+    std::string path(const std::string& name) const { return folder + "/" + name; }
+    void write(const std::string& name, const std::string& bytes) const {
+        WriteWholeFile(path(name), bytes);
+    }
+    FileQuestion question(const std::string& title) const;
+    void expectOpen(const std::string& name);
+    /// Waits for the choice dialog about other devices.
+    void expectDeviceChoice(std::int16_t answer);
+
+    /// A row of defaults with a comment.
+    static std::string row(int position, const std::string& comment = {});
+    /// Magic, names and types that agree with the fixture.
+    static std::string head();
+
+    std::string folder;
+    std::vector<std::string> asked; ///< what was asked of the rooms above, in order
+    std::int16_t factoryResult = 0;
+    int badParameterReads = 0; ///< so many reads of the parameter file fail
+    std::optional<std::string> parameterFile = "some.pmt";
+};
+
+} // namespace qdw8::test

@@ -1,0 +1,148 @@
+#include "device/Module2Calc.h"
+#include "file_fixture.h"
+#include "position/flex_grid.h"
+#include "position/grid_display.h"
+#include "position/posi_check.h"
+#include "position/posi_reader.h"
+#include "position/posi_transfer.h"
+#include "position/posi_write.h"
+#include "support/simulated_line.h"
+
+#include <random>
+
+namespace qdw8::test {
+namespace {
+
+/// Tables made by chance, the same in every run: what holds for one of them holds for any.
+class AnyTable : public PosiFilesTest {
+protected:
+    int pick(int lowest, int highest) {
+        return std::uniform_int_distribution(lowest, highest)(random);
+    }
+
+    /// Axes in use and actuators of any kind that the list knows.
+    void pickDevices() {
+        struct Kind {
+            std::int16_t lead;
+            std::int16_t ppr;
+        };
+        constexpr std::array<Kind, 5> kKinds{{{2, 400}, {6, 400}, {8, 192}, {20, 400}, {12, 600}}};
+        for (std::size_t axis = 0; axis < kAxes; ++axis) {
+            AxisOff[axis] = FlagOf(pick(0, 3) == 0);
+            const Kind kind = kKinds[static_cast<std::size_t>(pick(0, 4))];
+            DevSetting[axis].DevLead = kind.lead;
+            DevSetting[axis].DevPPR = kind.ppr;
+            DevSetting[axis].DevStroke = static_cast<std::int16_t>(pick(1, 10) * 50);
+            DevSetting[axis].DevSize = pick(0, 1) == 0 ? " 44" : " 61";
+            DevSetting[axis].DevSpeed = DevSetting[axis].DevSize == " 61" ? "F" : "L";
+        }
+        Culc_MaxPulse();
+        CalcMaxStrokeMm();
+    }
+
+    /// A grid of valid rows, in pulses.
+    void pickRows() {
+        static const std::array<std::string, 5> kComments{"", " with blanks ", "a,b", "原点へ移動",
+                                                          "ｱｲｳ 100%"};
+        const auto first = static_cast<std::int16_t>(pick(1, 999));
+        showRows(first, static_cast<std::int16_t>(pick(first, std::min(first + 60, 999))));
+        for (int position = GridFirst; position <= GridLast; ++position) {
+            for (int axis = 0; axis < kAxes; ++axis) {
+                const AccLimits acc = AccLimitsOf(axis);
+                const AxisDevice& device = DevSetting[static_cast<std::size_t>(axis)];
+                type(position, 4 * axis + kVel, std::to_string(pick(1, 60)));
+                type(position, 4 * axis + kAcc, std::to_string(pick(acc.lowest, acc.highest)));
+                type(position, 4 * axis + kWay, std::to_string(pick(0, 3)));
+                type(position, 4 * axis + kPosi, std::to_string(pick(0, device.MaxPulse)));
+            }
+            type(position, kItpl, std::to_string(pick(0, 1)));
+            type(position, kOut, std::to_string(pick(0, 3)));
+            type(position, kSm, std::to_string(pick(0, 20)));
+            type(position, kComment, kComments[static_cast<std::size_t>(pick(0, 4))]);
+        }
+        ASSERT_EQ(PosiDataCheck3(), 0);
+        QdDataHyoji_3(); // axes out of use show their fixed values from here on
+    }
+
+    static std::vector<std::string> gridTexts() {
+        std::vector<std::string> texts;
+        for (const FlexGrid::Row& row : flgdData().rows) {
+            texts.insert(texts.end(), row.text.begin(), row.text.end());
+        }
+        return texts;
+    }
+
+    std::mt19937 random{4711}; // NOLINT(bugprone-random-generator-seed): the same in every run
+};
+
+TEST_F(AnyTable, SurvivesAFileByteForByte) {
+    PosiFolder = folder;
+    for (int round = 0; round < 30; ++round) {
+        pickDevices();
+        pickRows();
+        ASSERT_FALSE(HasFatalFailure());
+        const auto shown = gridTexts();
+        ASSERT_EQ(SaveFileAs2("a.qdd"), 0);
+        const std::string bytes = ReadWholeFile(path("a.qdd"));
+        const std::int16_t first = GridFirst;
+        const std::int16_t last = GridLast;
+
+        ClearPosiTable();
+        for (StageRow& row : PosiStage) {
+            row.fill({});
+        }
+        ResetGrid();
+        ASSERT_EQ(ReadPosiFile(path("a.qdd")), 0);
+        EXPECT_EQ(FileFirst, first);
+        EXPECT_EQ(FileLast, last);
+        PosiStageToTable();
+        ConvertTableToMm();
+        QdDataHyoji_3();
+        EXPECT_EQ(gridTexts(), shown);
+        ASSERT_EQ(PosiDataCheck3(), 0);
+        ASSERT_EQ(SaveFileAs2("b.qdd"), 0);
+        EXPECT_EQ(ReadWholeFile(path("b.qdd")), bytes);
+    }
+}
+
+TEST_F(AnyTable, SurvivesTheWayToTheControllerAndBack) {
+    SimulatedLine line(platform);
+    for (int round = 0; round < 20; ++round) {
+        pickDevices();
+        pickRows();
+        ASSERT_FALSE(HasFatalFailure());
+        auto shown = gridTexts();
+        ASSERT_EQ(WritePosidataToCt(), 0);
+        ClearPosiTable();
+        ResetGrid();
+        ASSERT_EQ(ReadPosidataFromCt(), 0);
+        for (int position = PosiFirst; position <= PosiLast; ++position) {
+            // The comment never travels.
+            const int row = position - PosiFirst + kGridHeadRows;
+            shown[static_cast<std::size_t>(row * kGridColumns + kGridCommentColumn)].clear();
+        }
+        PosiStageToTable();
+        ConvertTableToMm();
+        QdDataHyoji_3();
+        EXPECT_EQ(gridTexts(), shown);
+    }
+}
+
+TEST_F(AnyTable, SurvivesASwitchOfTheUnitAndBack) {
+    for (int round = 0; round < 30; ++round) {
+        pickDevices();
+        DispMmFlag = kClear;
+        pickRows();
+        ASSERT_FALSE(HasFatalFailure());
+        const auto shown = gridTexts();
+        for (const Flag mm : {kSet, kClear}) {
+            ASSERT_EQ(PosiDataCheck3(), 0);
+            DispMmFlag = mm;
+            QdDataHyoji_3();
+        }
+        EXPECT_EQ(gridTexts(), shown);
+    }
+}
+
+} // namespace
+} // namespace qdw8::test

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "app/Module1.h"
+#include "app/command_states.h"
+#include "app/main_panel.h"
+#include "app/transfer_dialog.h"
+#include "device/axis_device.h"
+#include "position/check_result.h"
+#include "position/flex_grid.h"
+#include "position/posi_table.h"
+#include "support/scripted_platform.h"
+
+#include <QWidget>
+#include <gtest/gtest.h>
+
+namespace qdw8::test {
+
+/// A fresh start of everything that the windows show, in English.
+class WindowTest : public ::testing::Test {
+protected:
+    WindowTest() {
+        ResetModule1();
+        ResetCommandStates();
+        ResetMainPanel();
+        ResetTransferDialog();
+        ResetDevices();
+        ResetPositions();
+        ResetCheckResult();
+        ResetGrid();
+        AxisOff.fill(kClear);
+        speak(10000);
+    }
+
+    static void speak(std::int16_t base) { LanguageBase = base; }
+
+    ScriptedPlatform platform;
+};
+
+/// The control of that name; a missing one fails the test at once.
+template<typename Control> Control& Get(const QObject& window, const QString& name) {
+    auto* found = window.findChild<Control*>(name);
+    if (found == nullptr) {
+        throw std::runtime_error("no control " + name.toStdString());
+    }
+    return *found;
+}
+
+} // namespace qdw8::test

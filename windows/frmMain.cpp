@@ -1,0 +1,337 @@
+#include "windows/frmMain.h"
+
+#include "windows/icons.h"
+#include "windows/labels.h"
+#include "windows/load_form_resources.h"
+#include "windows/texts.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QScreen>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace qdw8 {
+namespace {
+
+using enum Command;
+
+constexpr int kLampSide = 18;
+constexpr int kSpacing = 6;
+
+// 12400 by 8250 and 15360 by 10755 twips, at 15 twips a pixel.
+constexpr QSize kSmallSize{827, 550};
+constexpr QSize kFullSize{1024, 717};
+
+} // namespace
+
+frmMain::frmMain(MainWindowEvents handlers) : events(std::move(handlers)) {
+    setObjectName(QStringLiteral("frmMain"));
+    SetNumbers(*this, 201);
+    setWindowIcon(IconOf(Drawing::Application));
+    // The menu entry shows and hides the tool bar; a second way would leave its tick behind.
+    setContextMenuPolicy(Qt::PreventContextMenu);
+
+    const CommandRoutine routine = [this](Command command) { chosen(command); };
+    BuildMenus(*this, controls, routine);
+    toolBar = BuildToolBar(*this, controls, routine);
+
+    grid = new GridView(
+        [this](int row, int column, int rowSel, int columnSel) {
+            if (events.rowColChange) {
+                events.rowColChange(row, column, rowSel, columnSel);
+            }
+        },
+        this);
+
+    auto* middle = new QWidget(this);
+    auto* layout = new QVBoxLayout(middle);
+    layout->setContentsMargins(kSpacing, kSpacing, kSpacing, 0);
+    layout->setSpacing(kSpacing);
+    layout->addWidget(makeTop());
+    layout->addWidget(makeInfoRow());
+    layout->addWidget(grid, 1);
+    setCentralWidget(middle);
+    makeStatusBar();
+    setTabOrders();
+
+    SetBuilt(mnuViewToolBar);
+    SetBuilt(mnuViewStatusBar);
+    showCommands();
+}
+
+QAbstractButton* frmMain::button(QWidget& parent, Command command, std::int16_t tag,
+                                 std::int16_t toolTipText) {
+    return MakeButton(parent, controls, command, tag, toolTipText,
+                      [this](Command chosenCommand) { chosen(chosenCommand); });
+}
+
+QLabel* frmMain::label(QWidget& parent, const char* name, std::int16_t tag) {
+    auto* made = new QLabel(&parent);
+    made->setObjectName(QString::fromLatin1(name));
+    SetNumbers(*made, tag);
+    return made;
+}
+
+QWidget* frmMain::makeTop() {
+    auto* top = new QWidget(this);
+    auto* layout = new QHBoxLayout(top);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(kSpacing);
+    layout->addWidget(makePositionFrame());
+    layout->addWidget(makeControllerFrame());
+    layout->addWidget(makeStatusFrame(), 1);
+    return top;
+}
+
+QGroupBox* frmMain::makePositionFrame() {
+    auto* frame = new QGroupBox(this);
+    frame->setObjectName(QStringLiteral("FramePosition"));
+    SetNumbers(*frame, 202);
+    auto* layout = new QGridLayout(frame);
+    layout->setSpacing(kSpacing);
+    layout->addWidget(button(*frame, cmdPosiFileOpen, 203, 313), 0, 0);
+    layout->addWidget(button(*frame, cmdPosiSaveFile, 204, 314), 1, 0);
+    layout->addWidget(button(*frame, cmdPosiVerify, 205, 315), 2, 0);
+    layout->addWidget(button(*frame, cmdPosiRead, 206, 316), 0, 1);
+    layout->addWidget(button(*frame, cmdPosiLoad, 207, 317), 1, 1);
+    layout->addWidget(button(*frame, cmdJogTeach, 210, 320), 2, 1);
+    layout->addWidget(button(*frame, cmdInsertLine, 208, 318), 0, 2);
+    layout->addWidget(button(*frame, cmdDeleteLine, 209, 319), 1, 2);
+    return frame;
+}
+
+QGroupBox* frmMain::makeControllerFrame() {
+    auto* frame = new QGroupBox(this);
+    frame->setObjectName(QStringLiteral("FrameController"));
+    SetNumbers(*frame, 285);
+    auto* layout = new QGridLayout(frame);
+    layout->setSpacing(kSpacing);
+    layout->addWidget(button(*frame, cmdOpenIoWin, 244, 309), 0, 0);
+    layout->addWidget(button(*frame, cmdOpenMoveWin, 245, 310), 1, 0);
+    layout->addWidget(button(*frame, cmdParaHyoji, 35), 2, 0);
+    layout->addWidget(button(*frame, cmdOpenGrpWindow, 246, 311), 0, 1);
+    layout->addWidget(button(*frame, cmdSqMcrWinOpen, 247, 312), 1, 1);
+    layout->addWidget(button(*frame, cmdChangeDev, 41), 2, 1);
+    return frame;
+}
+
+QGroupBox* frmMain::makeStatusFrame() {
+    auto* frame = new QGroupBox(this);
+    frame->setObjectName(QStringLiteral("FrameOnLine"));
+    SetNumbers(*frame, 211);
+
+    constexpr int kGreen = static_cast<int>(Drawing::LampGreen);
+    constexpr int kRed = static_cast<int>(Drawing::LampRed);
+    lamps = {makeLamp(*frame, "imgPortGreen", "imgPortLed", kGreen, 218, 322),
+             makeLamp(*frame, "imgGreenLedOnline", "imgWhiteOnline", kGreen, 249, 323),
+             makeLamp(*frame, "imgHomeGreen", "imgHomeWhite", kGreen, 217, 321),
+             makeLamp(*frame, "imgAlarmLed", "imgAlarmWhite", kRed, 214, 0)};
+    auto* lampRow = new QHBoxLayout;
+    for (const Lamp& lamp : lamps) {
+        auto* place = new QGridLayout;
+        place->setSpacing(kSpacing / 2);
+        place->addWidget(lamp.white, 0, 0);
+        place->addWidget(lamp.coloured, 0, 0);
+        place->addWidget(lamp.caption, 0, 1);
+        lampRow->addLayout(place);
+        lampRow->addSpacing(kSpacing);
+        lampRow->addStretch(1);
+    }
+    // On a wide window the lamps stay together.
+    lampRow->addStretch(4);
+
+    QLabel* number = label(*frame, "lblNo", 215);
+    alarmNo = new FieldLabel(QStringLiteral("lblAlarmNo"), 4, frame);
+    alarmNo->setAlignment(Qt::AlignCenter);
+    alarmText = new QLabel(frame);
+    alarmText->setObjectName(QStringLiteral("lblErrorComment"));
+    alarmText->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    alarmText->setMargin(3);
+    alarmText->setWordWrap(true);
+    alarmText->setTextFormat(Qt::PlainText);
+    alarmText->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    alarmText->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    QAbstractButton* reset = button(*frame, cmdReset, 216);
+
+    auto* alarm = new QGridLayout;
+    alarm->setSpacing(kSpacing);
+    alarm->addWidget(number, 0, 0);
+    alarm->addWidget(alarmNo, 0, 1);
+    alarm->addWidget(alarmText, 0, 2, 2, 1);
+    alarm->addWidget(reset, 1, 0, 1, 2);
+    alarm->setColumnStretch(2, 1);
+
+    auto* layout = new QVBoxLayout(frame);
+    layout->setSpacing(kSpacing);
+    layout->addLayout(lampRow);
+    layout->addLayout(alarm, 1);
+    return frame;
+}
+
+frmMain::Lamp frmMain::makeLamp(QWidget& parent, const char* coloured, const char* white,
+                                int drawing, std::int16_t tag, std::int16_t toolTipText) {
+    const auto picture = [&](const char* name, Drawing which) {
+        auto* made = new PictureLabel(IconOf(which), kLampSide, &parent);
+        made->setObjectName(QString::fromLatin1(name));
+        SetNumbers(*made, 0, toolTipText);
+        return made;
+    };
+    Lamp lamp;
+    lamp.white = picture(white, Drawing::LampWhite);
+    lamp.coloured = picture(coloured, static_cast<Drawing>(drawing));
+    lamp.coloured->hide();
+    lamp.caption = label(parent, (QByteArray("lbl") + white).constData(), tag);
+    SetNumbers(*lamp.caption, 0, toolTipText);
+    return lamp;
+}
+
+QWidget* frmMain::makeInfoRow() {
+    auto* row = new QWidget(this);
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(kSpacing);
+    layout->addWidget(label(*row, "lblFileNameMoji", 212));
+    fileName = new FieldLabel(QStringLiteral("lblFileName"), 24, row);
+    fileName->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    layout->addWidget(fileName, 1);
+    layout->addSpacing(kSpacing);
+    layout->addWidget(label(*row, "lblActuator", 1317));
+    for (std::size_t axis = 0; axis < deviceTypes.size(); ++axis) {
+        deviceTypes[axis] = new FieldLabel(QStringLiteral("lblDeviceType(%1)").arg(axis), 15, row);
+        layout->addWidget(deviceTypes[axis]);
+    }
+    return row;
+}
+
+void frmMain::makeStatusBar() {
+    auto* bar = new QStatusBar(this);
+    bar->setObjectName(QStringLiteral("sbStatusBar"));
+    setStatusBar(bar);
+    constexpr std::array<int, 3> kCharacters{16, 26, 26};
+    for (std::size_t panel = 0; panel < statusPanels.size(); ++panel) {
+        auto* made = new FieldLabel(QStringLiteral("sbStatusBar(%1)").arg(panel + 1),
+                                    kCharacters[panel], bar);
+        statusPanels[panel] = made;
+        if (panel == 0) {
+            bar->addWidget(made, 1);
+        } else {
+            bar->addPermanentWidget(made);
+        }
+    }
+}
+
+void frmMain::setTabOrders() {
+    QWidget* before = nullptr;
+    for (const Command command :
+         {cmdPosiFileOpen, cmdPosiSaveFile, cmdPosiVerify, cmdPosiRead, cmdPosiLoad, cmdJogTeach,
+          cmdInsertLine, cmdDeleteLine, cmdOpenIoWin, cmdOpenMoveWin, cmdParaHyoji,
+          cmdOpenGrpWindow, cmdSqMcrWinOpen, cmdChangeDev, cmdReset}) {
+        QWidget* control = controls.buttons[static_cast<std::size_t>(command)];
+        if (before != nullptr) {
+            setTabOrder(before, control);
+        }
+        before = control;
+    }
+    setTabOrder(before, grid);
+}
+
+void frmMain::loadResources() {
+    LoadFormResources(*this);
+    // The menu entries' texts without their marks, "ToolBar(&T)".
+    toolBar->setAccessibleName(TextOf(271).section(QLatin1Char('('), 0, 0));
+    statusBar()->setAccessibleName(TextOf(272).section(QLatin1Char('('), 0, 0));
+    grid->loadResources();
+    loaded = false;
+    showPanel();
+}
+
+void frmMain::showSized(bool small) {
+    QSize size = small ? kSmallSize : kFullSize;
+    if (const QScreen* on = screen()) {
+        size = size.boundedTo(on->availableSize());
+    }
+    resize(size);
+    show();
+}
+
+void frmMain::showLamp(const Lamp& lamp, bool on) {
+    lamp.coloured->setVisible(on);
+    const QString name = lamp.caption->text() + QLatin1String(on ? ": ON" : ": OFF");
+    lamp.coloured->setAccessibleName(name);
+    lamp.white->setAccessibleName(name);
+}
+
+void frmMain::showPanel() {
+    const MainPanel& panel = ThePanel();
+    if (loaded && panel == shown) {
+        return;
+    }
+    showLamp(lamps[0], panel.imgPortGreen);
+    showLamp(lamps[1], panel.imgGreenLedOnline);
+    showLamp(lamps[2], panel.imgHomeGreen);
+    showLamp(lamps[3], panel.imgAlarmLed);
+    const auto text = [](const std::string& utf8) { return QString::fromStdString(utf8); };
+    alarmNo->setValue(TextOf(214), text(panel.lblAlarmNo));
+    alarmText->setText(text(panel.lblErrorComment));
+    alarmText->setToolTip(text(panel.lblErrorComment));
+    fileName->setValue(TextOf(212), text(panel.lblFileName));
+    for (std::size_t axis = 0; axis < deviceTypes.size(); ++axis) {
+        deviceTypes[axis]->setValue(TextOf(static_cast<std::int16_t>(220 + axis)),
+                                    text(panel.lblDeviceType[axis]));
+    }
+    statusPanels[0]->setValue({}, TextOf(panel.imgGreenLedOnline ? 293 : 294));
+    statusPanels[1]->setValue({}, text(panel.scale[0]));
+    statusPanels[2]->setValue({}, text(panel.scale[1]));
+    grid->refreshHeads();
+    shown = panel;
+    loaded = true;
+}
+
+void frmMain::showCommands() {
+    controls.showStates();
+}
+
+void frmMain::showGrid() {
+    grid->refresh();
+}
+
+void frmMain::focusGrid() {
+    grid->setFocus(Qt::OtherFocusReason);
+}
+
+void frmMain::chosen(Command command) {
+    const auto ticked = [this, command] {
+        return controls.actions[static_cast<std::size_t>(command)]->isChecked();
+    };
+    // What may be used can have changed since the window was last told.
+    if (!IsEnabled(command)) {
+        return;
+    }
+    if (command == mnuViewToolBar) {
+        toolBar->setVisible(ticked());
+    } else if (command == mnuViewStatusBar) {
+        statusBar()->setVisible(ticked());
+    } else if (events.command) {
+        events.command(command);
+    }
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    if (events.queryUnload && !events.queryUnload()) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    if (events.unload) {
+        events.unload();
+    }
+}
+
+} // namespace qdw8

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "app/main_panel.h"
+#include "windows/grid_view.h"
+#include "windows/main_commands.h"
+
+#include <QMainWindow>
+#include <array>
+#include <functional>
+
+class QGroupBox;
+class QLabel;
+
+namespace qdw8 {
+
+class FieldLabel;
+
+/// What the main window hands to the rules.
+struct MainWindowEvents {
+    /// The user has chosen a command that may be used. Show and hide of tool bar and status bar
+    /// are the window's own and don't come here.
+    std::function<void(Command)> command;
+    /// The window is to be closed. False refuses; true is followed by `unload`.
+    std::function<bool()> queryUnload;
+    std::function<void()> unload;
+    /// Grid row and column of the current cell, then of the selection's other end.
+    std::function<void(int row, int column, int rowSel, int columnSel)> rowColChange;
+};
+
+/// The main window. It holds controls only: what they show stands in `ThePanel()`, in the command
+/// states and in `flgdData()`, and the show... routines look at it again. They cost next to nothing
+/// when nothing has changed, so they may be called after every exchange.
+class frmMain : public QMainWindow {
+public:
+    explicit frmMain(MainWindowEvents events);
+
+    /// Fills in the texts; once, in the language of the run.
+    void loadResources();
+    /// Shows the window; `small` is for a screen of at most 800 pixels' width. Never larger than
+    /// the screen.
+    void showSized(bool small);
+
+    void showPanel();
+    void showCommands();
+    void showGrid();
+    void focusGrid();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    /// A pair of pictures at one place: the coloured one is shown or hidden over the white one.
+    struct Lamp {
+        QLabel* coloured = nullptr;
+        QLabel* white = nullptr;
+        QLabel* caption = nullptr;
+    };
+
+    QWidget* makeTop();
+    QGroupBox* makePositionFrame();
+    QGroupBox* makeControllerFrame();
+    QGroupBox* makeStatusFrame();
+    QWidget* makeInfoRow();
+    void makeStatusBar();
+    void setTabOrders();
+    QAbstractButton* button(QWidget& parent, Command command, std::int16_t tag,
+                            std::int16_t toolTipText = 0);
+    QLabel* label(QWidget& parent, const char* name, std::int16_t tag);
+    Lamp makeLamp(QWidget& parent, const char* coloured, const char* white, int drawing,
+                  std::int16_t tag, std::int16_t toolTipText);
+    static void showLamp(const Lamp& lamp, bool on);
+    void chosen(Command command);
+
+    MainWindowEvents events;
+    CommandControls controls;
+    QToolBar* toolBar = nullptr;
+    GridView* grid = nullptr;
+    std::array<Lamp, 4> lamps;
+    FieldLabel* alarmNo = nullptr;
+    QLabel* alarmText = nullptr;
+    FieldLabel* fileName = nullptr;
+    std::array<FieldLabel*, kAxes> deviceTypes{};
+    std::array<FieldLabel*, 3> statusPanels{};
+    MainPanel shown;     ///< what stands on the screen, so that only changes are painted
+    bool loaded = false; ///< the panel has been shown once
+};
+
+} // namespace qdw8

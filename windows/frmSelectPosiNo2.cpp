@@ -1,0 +1,92 @@
+#include "windows/frmSelectPosiNo2.h"
+
+#include "windows/load_form_resources.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+namespace qdw8 {
+namespace {
+
+constexpr int kMargin = 16;
+constexpr int kSpacing = 8;
+constexpr int kIndent = 24;
+
+} // namespace
+
+frmSelectPosiNo2::frmSelectPosiNo2(QWidget* parent) : QDialog(parent) {
+    setObjectName(QStringLiteral("frmSelectPosiNo2"));
+    SetNumbers(*this, 1601);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    layout->setSpacing(kSpacing);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+
+    auto* text = new QLabel(this);
+    text->setObjectName(QStringLiteral("lblSelectPosiNo"));
+    SetNumbers(*text, 1602);
+    layout->addWidget(text);
+    const auto option = [this, layout](int index, std::int16_t tag) {
+        auto* made = new QRadioButton(this);
+        made->setObjectName(QStringLiteral("optSelectPosiNo(%1)").arg(index));
+        SetNumbers(*made, tag);
+        layout->addWidget(made);
+        connect(made, &QRadioButton::toggled, this, [this] { showOptions(); });
+        return made;
+    };
+    allData = option(0, 1603);
+    selectedRange = option(1, 1604);
+
+    auto* boxes = new QGridLayout;
+    boxes->setContentsMargins(kIndent, 0, 0, kSpacing);
+    boxes->setHorizontalSpacing(kSpacing * 2);
+    layout->addLayout(boxes);
+    range = MakeRangeControls(*this, *boxes, ReadRangePreset());
+    connect(range.cmdOk, &QPushButton::clicked, this, [this] { accept(); });
+
+    RangeDialogOpened();
+    LoadFormResources(*this);
+    range.txtStartPosiNo->setAccessibleName(range.lblStartPosiMoji->text());
+    range.txtEndPosiNo->setAccessibleName(range.lblEndPosiMoji->text());
+    allData->setChecked(true);
+    allData->setFocus();
+    showOptions();
+}
+
+void frmSelectPosiNo2::showOptions() {
+    const bool selected = selectedRange->isChecked();
+    for (PosiNoBox* box : {range.txtStartPosiNo, range.txtEndPosiNo}) {
+        if (box == nullptr) {
+            return; // still being built
+        }
+        // A disabled box takes the colour of the window, so that it is plainly not to be filled.
+        QPalette colours = palette();
+        if (!selected) {
+            colours.setColor(QPalette::Base, colours.color(QPalette::Window));
+        }
+        box->setPalette(colours);
+        box->setEnabled(selected);
+    }
+    range.lblStartPosiMoji->setEnabled(selected);
+    range.lblEndPosiMoji->setEnabled(selected);
+}
+
+void frmSelectPosiNo2::accept() {
+    if (TakeReadRange(allData->isChecked(), range.texts())) {
+        QDialog::accept();
+    }
+}
+
+void frmSelectPosiNo2::reject() {
+    RangeDialogCancelled();
+    QDialog::reject();
+}
+
+void ShowSelectPosiNo2(QWidget* parent) {
+    frmSelectPosiNo2(parent).exec();
+}
+
+} // namespace qdw8

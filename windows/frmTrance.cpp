@@ -1,0 +1,92 @@
+#include "windows/frmTrance.h"
+
+#include "app/transfer_dialog.h"
+#include "windows/load_form_resources.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace qdw8 {
+namespace {
+
+constexpr int kMargin = 16;
+constexpr int kSpacing = 10;
+constexpr int kWidthCharacters = 52;
+/// On a fast line a row takes a fifth of a millisecond; nobody sees that many steps.
+constexpr int kPaintMs = 40;
+
+} // namespace
+
+frmTrance::frmTrance(QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+      text(new QLabel(this)), bar(new QProgressBar(this)), cancel(new QPushButton(this)) {
+    setObjectName(QStringLiteral("frmTrance"));
+    SetNumbers(*this, 2401);
+    text->setObjectName(QStringLiteral("lblSetumei"));
+    text->setTextFormat(Qt::PlainText);
+    text->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * kWidthCharacters);
+    bar->setObjectName(QStringLiteral("prgBar1"));
+    bar->setTextVisible(false);
+    cancel->setObjectName(QStringLiteral("cmdTranceCancel"));
+    cancel->setAutoDefault(false);
+    SetNumbers(*cancel, 1404);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(cancel);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    layout->setSpacing(kSpacing);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout->addWidget(text);
+    layout->addWidget(bar);
+    layout->addLayout(buttons);
+
+    connect(cancel, &QPushButton::clicked, this, [] { cmdTranceCancel_Click(); });
+    later.setSingleShot(true);
+    connect(&later, &QTimer::timeout, this, [this] { showValue(); });
+}
+
+void frmTrance::showState() {
+    const TransferDialog& dialog = TheTransferDialog();
+    if (!dialog.shown) {
+        later.stop();
+        hide();
+        return;
+    }
+    const bool opens = !isVisible();
+    if (opens) {
+        LoadFormResources(*this);
+        bar->setAccessibleName(windowTitle());
+    }
+    const QString wanted = QString::fromStdString(dialog.lblSetumei);
+    const bool changes = opens || bar->maximum() != dialog.prgBar1Max || text->text() != wanted ||
+                         cancel->isVisibleTo(this) != dialog.cancelShown;
+    if (changes) {
+        text->setText(wanted);
+        // A maximum of 0 would make the bar run to and fro.
+        bar->setRange(0, dialog.prgBar1Max > 0 ? dialog.prgBar1Max : 1);
+        cancel->setVisible(dialog.cancelShown);
+        cancel->setEnabled(dialog.cancelShown);
+    }
+    if (changes || dialog.prgBar1 == dialog.prgBar1Max || !sincePainted.isValid() ||
+        sincePainted.hasExpired(kPaintMs)) {
+        showValue();
+    } else if (!later.isActive()) {
+        later.start(kPaintMs);
+    }
+    if (opens) {
+        show();
+    }
+}
+
+void frmTrance::showValue() {
+    later.stop();
+    bar->setValue(TheTransferDialog().prgBar1);
+    sincePainted.start();
+}
+
+} // namespace qdw8

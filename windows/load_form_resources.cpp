@@ -1,0 +1,169 @@
+#include "windows/load_form_resources.h"
+
+#include "app/number_forms.h"
+#include "windows/texts.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemModel>
+#include <QAction>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenu>
+#include <QToolBar>
+#include <QVariant>
+#include <exception>
+
+namespace qdw8 {
+namespace {
+
+std::int16_t NumberIn(const QString& text) {
+    if (text.trimmed().startsWith(QLatin1Char('&'))) {
+        return 0; // a caption with a mnemonic, not a hexadecimal number
+    }
+    return ToInt16(NumberFromText(text.toStdString()));
+}
+
+QString PropertyText(const QObject& control, const char* name) {
+    return control.property(name).toString();
+}
+
+QString WithoutMarks(QString caption) {
+    return caption.remove(QLatin1Char('&'));
+}
+
+/// A number with no row, or one too large, is passed over and the next step runs: one wrong number
+/// must not leave the rest of a window without its texts.
+template<typename Step> void PassOver(Step step) {
+    try {
+        step();
+    } catch (const std::exception&) {
+        return;
+    }
+}
+
+void LoadToolTip(QWidget& control) {
+    PassOver([&control] {
+        const std::int16_t number = NumberIn(PropertyText(control, kToolTipText));
+        if (number > 0) {
+            control.setToolTip(TextOf(number));
+        }
+    });
+}
+
+void LoadLabel(QLabel& label) {
+    PassOver([&label] {
+        const QString text = TextOf(NumberIn(PropertyText(label, kTag)));
+        label.setText(text);
+        label.setAccessibleName(text);
+    });
+    LoadToolTip(label);
+}
+
+void LoadMenu(QMenu& menu) {
+    PassOver([&menu] {
+        const QString text = TextOf(NumberIn(menu.title()));
+        menu.setTitle(text);
+        menu.setAccessibleName(WithoutMarks(text));
+    });
+    for (QAction* entry : menu.actions()) {
+        if (entry->menu() == nullptr && !entry->isSeparator()) {
+            PassOver([entry] { entry->setText(TextOf(NumberIn(entry->text()))); });
+        }
+    }
+}
+
+void LoadToolBar(QToolBar& toolBar) {
+    for (QAction* button : toolBar.actions()) {
+        const QString number = PropertyText(*button, kToolTipText);
+        if (number.isEmpty()) {
+            continue;
+        }
+        PassOver([&] {
+            const QString text = TextOf(NumberIn(number));
+            button->setToolTip(text);
+            if (QWidget* widget = toolBar.widgetForAction(button)) {
+                widget->setAccessibleName(text);
+            }
+        });
+    }
+}
+
+void LoadHeads(const QHeaderView& header) {
+    QAbstractItemModel* model = header.model();
+    if (model == nullptr) {
+        return;
+    }
+    for (int column = 0; column < header.count(); ++column) {
+        const QVariant number = model->headerData(column, header.orientation(), kTagRole);
+        if (number.isValid()) {
+            PassOver([&] {
+                model->setHeaderData(column, header.orientation(),
+                                     TextOf(NumberIn(number.toString())), Qt::DisplayRole);
+            });
+        }
+    }
+}
+
+void LoadOther(QWidget& control) {
+    PassOver([&control] {
+        const std::int16_t number = NumberIn(PropertyText(control, kTag));
+        if (number <= 0) {
+            return;
+        }
+        const QString text = TextOf(number);
+        if (auto* button = qobject_cast<QAbstractButton*>(&control)) {
+            button->setText(text);
+        } else if (auto* frame = qobject_cast<QGroupBox*>(&control)) {
+            frame->setTitle(text);
+        }
+        control.setAccessibleName(WithoutMarks(text));
+    });
+    LoadToolTip(control);
+}
+
+void LoadControls(QWidget& parent) {
+    for (QObject* child : parent.children()) {
+        auto* control = qobject_cast<QWidget*>(child);
+        if (control == nullptr) {
+            continue;
+        }
+        if (auto* menu = qobject_cast<QMenu*>(control)) {
+            LoadMenu(*menu);
+        } else if (control->isWindow()) {
+            continue;
+        } else if (auto* label = qobject_cast<QLabel*>(control)) {
+            LoadLabel(*label);
+        } else if (auto* toolBar = qobject_cast<QToolBar*>(control)) {
+            LoadToolBar(*toolBar);
+        } else if (auto* header = qobject_cast<QHeaderView*>(control)) {
+            LoadHeads(*header);
+        } else {
+            LoadOther(*control);
+        }
+        LoadControls(*control);
+    }
+}
+
+} // namespace
+
+void SetNumbers(QObject& control, std::int16_t tag, std::int16_t toolTipText) {
+    if (tag != 0) {
+        control.setProperty(kTag, QString::number(tag));
+    }
+    if (toolTipText != 0) {
+        control.setProperty(kToolTipText, QString::number(toolTipText));
+    }
+}
+
+void LoadFormResources(QWidget& window) {
+    PassOver([&window] {
+        const QString tag = PropertyText(window, kTag);
+        if (!tag.isEmpty()) {
+            window.setWindowTitle(TextOf(NumberIn(tag)));
+        }
+    });
+    LoadControls(window);
+}
+
+} // namespace qdw8

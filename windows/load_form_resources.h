@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QString>
+#include <cstdint>
+
+class QObject;
+class QWidget;
+
+/// Windows hold no language: their controls carry the numbers of their texts, and the texts come in
+/// when the window loads.
+namespace qdw8 {
+
+/// Dynamic properties that carry the numbers. A menu entry carries its number as its text.
+inline constexpr const char* kTag = "Tag";
+inline constexpr const char* kToolTipText = "ToolTipText";
+/// Role under which a column head of a list carries its number.
+inline constexpr int kTagRole = 0x0100 + 0x54; // Qt::UserRole and some room
+
+/// Gives a control its numbers; 0 leaves one out.
+void SetNumbers(QObject& control, std::int16_t tag, std::int16_t toolTipText = 0);
+
+/// Replaces the numbers in the window and its controls by texts. A control with no number keeps its
+/// own text, and so does one whose number has no row. Windows inside the window are left alone.
+///
+/// - the window: the title, if its tag isn't empty
+/// - labels: the caption by the tag, the tool tip by a number above 0
+/// - menus and their entries: the caption by the number that stands in it
+/// - tool bars: the tool tips of their buttons
+/// - heads of lists: the caption by the tag of the column
+/// - any other control: caption and tool tip, each by a number above 0
+///
+/// What gets a caption gets it as its accessible name too; a tool bar button gets its tool tip.
+void LoadFormResources(QWidget& window);
+
+} // namespace qdw8
