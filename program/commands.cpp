@@ -22,7 +22,7 @@ void CloseMainWindow() {
     Screens().frmMainClose();
 }
 
-/// Menus and what the window does by itself have no routine here.
+/// A menu has no routine of its own.
 void NoRoutine() {}
 
 constexpr std::array kEntries{
@@ -43,8 +43,6 @@ constexpr std::array kEntries{
     Entry{mnuView, NoRoutine},
     Entry{mnuSettings, NoRoutine},
     Entry{mnuFunctionCt, NoRoutine},
-    Entry{mnuViewToolBar, NoRoutine},
-    Entry{mnuViewStatusBar, NoRoutine},
 };
 
 } // namespace
@@ -56,9 +54,12 @@ void RegisterCommands() {
 }
 
 void RunCommand(Command command) {
-    if (!IsEnabled(command)) {
-        return;
+    if (IsEnabled(command)) {
+        RunInAnyCase(command);
     }
+}
+
+void RunInAnyCase(Command command) {
     const auto* entry = std::find_if(kEntries.begin(), kEntries.end(),
                                      [command](const Entry& e) { return e.command == command; });
     if (entry != kEntries.end()) {

@@ -7,6 +7,7 @@
 #include <QStyleFactory>
 
 int main(int argc, char** argv) {
+    argc = 1; // the program has no command line, and neither has the toolkit
     QApplication application(argc, argv);
     QApplication::setApplicationName("QD-W8");
     QApplication::setStyle(QStyleFactory::create("Fusion"));

@@ -22,8 +22,10 @@
 #include "platform/platform.h"
 #include "position/grid_display.h"
 #include "position/posi_table.h"
+#include "program/axes.h"
 #include "program/commands.h"
 
+#include <array>
 #include <exception>
 
 namespace qdw8 {
@@ -65,20 +67,18 @@ void ReadRunSettings() {
     MarkNoActuators();
     LanguageNo = SettingNumber("Language", 2);
     LanguageBase = LanguageNo == 1 ? std::int16_t{0} : std::int16_t{10000};
-    PortNo = SettingNumber("PortNo", 1);
+    PortNo = StoredPortNo();
     PortOccupyFlag = FlagOf(SettingNumber("PortOccupy", 1) != 0);
     MmRoundUpFlag = FlagOf(SettingNumber("MmRoundUp", 1) != 0);
     AccWideFlag = kClear;
 }
 
-/// A step of the start with the controller failed. Both flags are set first, so that
-/// `SetOfflineState` changes neither of them.
+/// Off line. Both flags are set first, so that `SetOfflineState` changes neither of them.
 void LeaveLine() {
     OffLineFlag = kSet;
     OnLineFlag = kSet;
     CloseCtPortForce();
     SetOfflineState();
-    UnloadTrance();
 }
 
 bool OpenLine() {
@@ -99,18 +99,8 @@ bool BeginTalk() {
     return result == 0;
 }
 
-/// The controller's axes and actuators, step by step. False: the program is off line now.
-bool AskController() {
-    if (!OpenLine()) {
-        return false;
-    }
-    if (!BeginTalk()) {
-        LeaveLine();
-        return false;
-    }
-    SetTranceValue(1);
+bool IsRightController() {
     if (CheckCtIdentity() != 0) {
-        LeaveLine();
         return false;
     }
     if (CtAxisCount != kAxes) {
@@ -118,22 +108,44 @@ bool AskController() {
         ShowTexts({124, 125});
         return false;
     }
-    SetTranceValue(2);
-    if (ReadAxisMask() != 0) {
-        LeaveLine();
+    return true;
+}
+
+/// Flags, leads and stroke ends from the blocks. A lead or pulse figure of 0 is no device.
+bool TakeDeviceBytes() {
+    try {
+        if (TakeControllerFlags() != 0) {
+            return false;
+        }
+        CalcMaxStrokeMm();
+        return true;
+    } catch (const Fault&) {
         return false;
     }
-    SetTranceValue(3);
-    const bool good = ReadDeviceBytes() == 0;
-    if (good) {
-        SetTranceValue(4);
-        TakeControllerFlags();
-    } else {
-        SetOfflineState();
+}
+
+/// The controller's axes and actuators, step by step; a line given up between two steps ends it
+/// too. False: the program is off line now.
+bool AskController() {
+    if (!OpenLine()) {
+        return false;
+    }
+    const std::array<bool (*)(), 4> steps{
+        BeginTalk, IsRightController, [] { return ReadAxisMask() == 0; },
+        [] { return ReadDeviceBytes() == 0 && TakeDeviceBytes(); }};
+    for (std::size_t done = 0; done < steps.size(); ++done) {
+        if (IsSet(OffLineFlag) && done > 0) {
+            break;
+        }
+        if (!steps[done]()) {
+            LeaveLine();
+            break;
+        }
+        SetTranceValue(static_cast<int>(done) + 1);
     }
     UnloadTrance();
     CloseCtPort();
-    return good;
+    return !IsSet(OffLineFlag);
 }
 
 void ShowAxes() {
@@ -142,16 +154,23 @@ void ShowAxes() {
     ShowUnitScale();
 }
 
+/// The user says what is fitted; there is no way out of the choice but an answer.
 void ChooseDevices() {
-    StartDeviceSelectFlag = kSet;
-    RunCommand(Command::cmdChangeDev);
-    StartDeviceSelectFlag = kClear;
+    struct Choosing {
+        Choosing() { StartDeviceSelectFlag = kSet; }
+        ~Choosing() { StartDeviceSelectFlag = kClear; }
+    };
+    {
+        const Choosing choosing;
+        RunInAnyCase(Command::cmdChangeDev);
+    }
     ShowAxes();
 }
 
 /// Off line: the devices come from the settings, and the user may choose others.
 void StartOffLine() {
     if (ReadDeviceSettings() == 1) {
+        TakeOutAxesWithoutLead();
         ShowTexts({4, 5});
     } else {
         for (std::size_t axis = 0; axis < kAxes; ++axis) {
@@ -166,19 +185,6 @@ void StartOffLine() {
     ChooseDevices();
 }
 
-/// Devices and stroke ends from what was read. A lead or pulse figure of 0 is no device either.
-bool TakeDevices() {
-    try {
-        if (TakeControllerDevices() != 0) {
-            return false;
-        }
-        CalcMaxStrokeMm();
-        return true;
-    } catch (const Fault&) {
-        return false;
-    }
-}
-
 void StartRun() {
     if (SelectStartMode() != 0) {
         SetOfflineState();
@@ -191,8 +197,8 @@ void StartRun() {
         StartOffLine();
         return;
     }
-    if (!TakeDevices()) {
-        // The controller holds no usable device for an axis: the user has to say what is fitted.
+    if (TakeControllerDevices() != 0) {
+        // The controller holds no model for an axis: the user has to say what is fitted.
         SetOfflineState();
         ChooseDevices();
         return;
@@ -227,21 +233,25 @@ void Main() {
     InitTables();
     ShowSplash();
     ReadRunSettings();
+    if (Screens().languageSettled) {
+        Screens().languageSettled();
+    }
     RegisterCommands();
-    frmMain_Load();
     const CommandsBack back;
     try {
+        frmMain_Load();
         StartRun();
     } catch (const std::exception&) {
         UnloadTrance();
-        CloseCtPortForce();
-        SetOfflineState();
+        LeaveLine();
         ShowTexts({397});
+        TakeOutAxesWithoutLead();
     }
 }
 
 void frmMain_Load() {
     HomedFlag = kClear;
+    EnableTimer(Timer1);
     LoadErrorList();
     Set_MainFormStr();
     ShowAxisDevices();
@@ -255,7 +265,6 @@ void frmMain_Load() {
     }
     Screens().frmMainShow(small);
     EditCMD_Muko();
-    EnableTimer(Timer1);
 }
 
 std::int16_t SelectStartMode() {

@@ -1,0 +1,115 @@
+#include "program/wiring.h"
+
+#include "app/Module1.h"
+#include "app/screens.h"
+#include "app/string_table.h"
+#include "platform/qt/qt_platform.h"
+#include "position/grid_editor.h"
+#include "program/axes.h"
+#include "program/commands.h"
+#include "program/shutdown.h"
+#include "windows/frmMain.h"
+#include "windows/frmProcessing.h"
+#include "windows/frmSelectPosiNo2.h"
+#include "windows/frmSelectPosiNo3.h"
+#include "windows/frmSelection.h"
+#include "windows/frmSplash.h"
+#include "windows/frmSyogoKekka.h"
+#include "windows/frmTrance.h"
+#include "windows/icons.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+#include <memory>
+
+namespace qdw8 {
+namespace {
+
+/// The windows that outlive a single question. They are made when they are first needed, and go
+/// with the process.
+struct Windows {
+    std::unique_ptr<frmSplash> splash;
+    std::unique_ptr<frmMain> main;
+    std::unique_ptr<frmTrance> trance;
+    std::unique_ptr<frmProcessing> processing;
+};
+
+Windows& TheWindows() {
+    static auto* windows = new Windows;
+    return *windows;
+}
+
+QWidget* Parent() {
+    return TheWindows().main.get();
+}
+
+/// What the toolkit itself says, and the font, in the language of the run.
+void DressForLanguage() {
+    if (LanguageBase != 0) {
+        return;
+    }
+    // The table has no rows for what follows OK and Cancel.
+    SetStandardTexts({ResText(1403), ResText(1404), "はい(&Y)", "いいえ(&N)", "開く(&O)",
+                      "保存(&S)", "場所:", "ファイル名:", "ファイルの種類:"});
+    QFont font = QApplication::font();
+    font.setFamilies({"Noto Sans CJK JP", "IPAGothic", font.family()});
+    QApplication::setFont(font);
+    auto* translator = new QTranslator(qApp);
+    if (translator->load(QLocale(QLocale::Japanese), "qtbase", "_",
+                         QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QApplication::installTranslator(translator);
+    }
+}
+
+void ShowMain(bool small) {
+    Windows& windows = TheWindows();
+    windows.main = std::make_unique<frmMain>(
+        MainWindowEvents{RunCommand, frmMain_QueryUnload, frmMain_Unload, flgdData_RowColChange});
+    windows.trance = std::make_unique<frmTrance>(windows.main.get());
+    windows.processing = std::make_unique<frmProcessing>(windows.main.get());
+    windows.main->loadResources();
+    windows.main->showSized(small);
+}
+
+/// Forwards to a window once it is there.
+template<typename Window>
+std::function<void()> Tell(std::unique_ptr<Window> Windows::*window, void (Window::*show)()) {
+    return [window, show] {
+        if (const auto& there = TheWindows().*window) {
+            (there.get()->*show)();
+        }
+    };
+}
+
+} // namespace
+
+void WireScreens() {
+    QApplication::setWindowIcon(IconOf(Drawing::Application));
+    ScreenFunctions& screens = Screens();
+    screens.frmMainPanel = Tell(&Windows::main, &frmMain::showPanel);
+    screens.frmMainCommands = Tell(&Windows::main, &frmMain::showCommands);
+    screens.flgdData = Tell(&Windows::main, &frmMain::showGrid);
+    screens.flgdDataFocus = Tell(&Windows::main, &frmMain::focusGrid);
+    screens.frmTrance = Tell(&Windows::trance, &frmTrance::showState);
+    screens.frmProcessing = Tell(&Windows::processing, &frmProcessing::showState);
+    screens.frmMainAxes = TakeOverAxes;
+    screens.languageSettled = DressForLanguage;
+    screens.frmMainShow = ShowMain;
+    screens.frmMainClose = [] { TheWindows().main->close(); };
+    screens.frmSplashShow = [] {
+        TheWindows().splash = std::make_unique<frmSplash>();
+        TheWindows().splash->showCentred();
+    };
+    screens.frmSplashUnload = [] { TheWindows().splash.reset(); };
+    screens.frmSelection = [](const SelectionQuestion& question) {
+        return AskSelection(Parent(), question);
+    };
+    screens.frmSelectPosiNo2 = [] { ShowSelectPosiNo2(Parent()); };
+    screens.frmSelectPosiNo3 = [] { ShowSelectPosiNo3(Parent()); };
+    screens.frmSyogoKekka = [] { ShowSyogoKekka(Parent()); };
+}
+
+} // namespace qdw8

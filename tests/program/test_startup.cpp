@@ -7,6 +7,8 @@
 #include "link/Module3Tusin.h"
 #include "platform/whole_file.h"
 #include "position/posi_table.h"
+#include "program/axes.h"
+#include "program/commands.h"
 #include "program/shutdown.h"
 #include "support/simulated_line.h"
 
@@ -35,11 +37,14 @@ const std::string kNoErrorList =
 const std::string kNoDeviceList =
     "No device list file.\r\nPut device list file in the folder in which the program is saved in "
     "order to indicate device information correctly.";
+const std::string kNoData = "There is no position data.\r\nPlease try again after perform [New "
+                            "Data] or [Read from C/T] and then editing data. ";
 const std::string kReselect = "Device type is not selected.\r\nPlease select device type again.";
 
 class StartUp : public testing::Test {
 protected:
     StartUp() : line(platform) {
+        Screens().frmMainAxes = TakeOverAxes;
         Screens().frmSplashShow = [this] { note("splash"); };
         Screens().frmSplashUnload = [this] { note("splash gone"); };
         Screens().frmMainShow = [this](bool small) {
@@ -172,11 +177,76 @@ TEST_F(StartUp, APortThatCanNotBeOpenedIsTriedSixTimes) {
     expectOffLine();
 }
 
-TEST_F(StartUp, AnAxisWithoutADeviceLeadsOffLine) {
+TEST_F(StartUp, AnAxisWithoutALeadLeadsToTheStoredDevices) {
     line.controller.setBlock(8, std::string(32, '0'));
     startOnLine();
+    expectOffLine();
+    EXPECT_EQ(DevSetting[1].DevLead, 2);
+}
+
+TEST_F(StartUp, AnAxisWithoutAModelLeadsOffLine) {
+    // lead 2, 400 pulses, stroke end 20000, and no size, speed or stroke
+    line.controller.setBlock(8, "0102019000004E20" + std::string(16, '0'));
+    startOnLine();
     EXPECT_EQ(OffLineFlag, kSet);
+    EXPECT_EQ(DevSetting[0].DevSize, " 61") << "the stored devices are not read on this way";
     expectUsable();
+}
+
+TEST_F(StartUp, ALineLostBetweenTwoStepsEndsTheTalk) {
+    Screens().frmTrance = [this] {
+        if (TheTransferDialog().prgBar1 == 2 && platform.portOpen) {
+            platform.breakLine();
+        }
+    };
+    startOnLine(); // without any box: nothing was asked of the dead line
+    EXPECT_EQ(platform.sent.back(), "0RV");
+    EXPECT_EQ(OffLineFlag, kSet);
+    EXPECT_EQ(DevSetting[0].DevSize, " 44");
+    expectUsable();
+}
+
+TEST_F(StartUp, AnAxisThatNothingIsKnownOfStaysOutOfUse) {
+    line.controller.setBlock(8, std::string(32, '0'));
+    platform.settings["DevSize2"] = "4";
+    platform.settings["DevLead2"] = "99";
+    platform.expectSelection(kStartMode, 0);
+    platform.expectBox(kReselect);
+    Main();
+    EXPECT_EQ(AxisOff, (std::array<Flag, kAxes>{kClear, kSet, kClear, kClear}));
+    expectUsable();
+}
+
+TEST_F(StartUp, ACloseDuringAQueryLeavesTheCommandsAway) {
+    startOnLine();
+    line.controller.setTurnaround(200);
+    platform.after(100, [this] {
+        platform.expectBox("Finish QD-W8.", BoxButtons::OkCancel, BoxAnswer::Cancel);
+        EXPECT_FALSE(frmMain_QueryUnload());
+        PosiDirtyFlag = kSet;
+        platform.expectBox("Data have been changed. Save the data into the file before finish?",
+                           BoxButtons::YesNoCancel, BoxAnswer::Yes);
+        platform.expectBox(kNoData);
+        EXPECT_FALSE(frmMain_QueryUnload());
+        EXPECT_FALSE(IsEnabled(Command::cmdPosiRead));
+        platform.expectBox("The version of this controller is as follows.\r\n\r\n<MAIN>  "
+                           "140\r\n\r\n<AXIS1>  121\r\n\r\n<AXIS2>  121\r\n\r\n<AXIS3>  "
+                           "121\r\n\r\n<AXIS4>  121");
+    });
+    RunCommand(Command::mnuFuncCtversion);
+    platform.checkAllAsked();
+    expectUsable();
+}
+
+TEST_F(StartUp, AnAxisThatComesIntoUseBringsItsActuator) {
+    line.controller.setAxisMask(0b0001);
+    startOnLine();
+    line.controller.setAxisMask(0b0101);
+    platform.expectBox("Axis setting is 1,3.");
+    RunCommand(Command::mnuFuncGetAxis);
+    EXPECT_EQ(AxisOff, (std::array<Flag, kAxes>{kClear, kSet, kClear, kSet}));
+    EXPECT_EQ(DevSetting[2].DevSize, "J52");
+    EXPECT_EQ(DevSetting[2].MaxStrokeMm, 100);
 }
 
 TEST_F(StartUp, OffLineAsksTheSettings) {
@@ -208,7 +278,7 @@ TEST_F(StartUp, OddSettingsAreTakenAsTheyMean) {
     EXPECT_EQ(LanguageBase, 10000);
     EXPECT_EQ(DispMmFlag, kClear);
     EXPECT_EQ(MmRoundUpFlag, kClear);
-    EXPECT_EQ(PortNo, 1);
+    EXPECT_EQ(PortNo, 0);
     EXPECT_EQ(PortOccupyFlag, kSet);
 }
 
@@ -291,8 +361,7 @@ TEST_F(StartUp, UnsavedChangesAreAskedForBeforeTheEnd) {
     platform.expectBox(question, BoxButtons::YesNoCancel, BoxAnswer::No);
     EXPECT_TRUE(frmMain_QueryUnload());
     platform.expectBox(question, BoxButtons::YesNoCancel, BoxAnswer::Yes);
-    platform.expectBox("There is no position data.\r\nPlease try again after perform [New Data] or "
-                       "[Read from C/T] and then editing data. ");
+    platform.expectBox(kNoData);
     EXPECT_FALSE(frmMain_QueryUnload()) << "nothing was saved, so the window stays";
 }
 

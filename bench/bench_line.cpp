@@ -1,0 +1,170 @@
+// 999 rows over a pseudo-terminal, with the transfer dialog on the screen: against the time that
+// the characters take on the wire, and against a bare write-and-read loop on the same terminal.
+//
+//     bench_line paced      one read at 9600 baud, about a minute
+//     bench_line unpaced    reads and bare loops in turn, as fast as both ends can
+
+#include "app/Module1.h"
+#include "app/command_states.h"
+#include "app/main_panel.h"
+#include "app/screens.h"
+#include "app/transfer_dialog.h"
+#include "device/axis_device.h"
+#include "link/Module3Tusin.h"
+#include "platform/platform.h"
+#include "platform/qt/qt_platform.h"
+#include "position/posi_table.h"
+#include "position/posi_transfer.h"
+#include "windows/frmTrance.h"
+
+#include <QApplication>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/resource.h>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int kRows = 999;
+/// A request is 8 characters, a reply 48, a character 10 bits.
+constexpr double kWireSeconds = kRows * (8 + 48) * 10 / 9600.0;
+
+double SecondsSince(Clock::time_point begin) {
+    return std::chrono::duration<double>(Clock::now() - begin).count();
+}
+
+double ProcessorSeconds() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    const auto seconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+    };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+/// The program's own read, from the first frame to the closed dialog. Negative: it failed.
+double ReadTable() {
+    qdw8::PosiFirst = 1;
+    qdw8::PosiLast = kRows;
+    const auto begin = Clock::now();
+    const bool good = qdw8::ReadPosidataFromCt() == 0;
+    return good ? SecondsSince(begin) : -1;
+}
+
+/// The same characters with nothing around them.
+double BareLoop(const std::string& device) {
+    const int line = ::open(device.c_str(), O_RDWR | O_NOCTTY);
+    if (line < 0) {
+        return -1;
+    }
+    const auto begin = Clock::now();
+    for (int row = 1; row <= kRows; ++row) {
+        std::array<char, 64> text{};
+        const int length = std::snprintf(text.data(), text.size(), "0RP%03X\r\n", row);
+        if (::write(line, text.data(), static_cast<std::size_t>(length)) != length) {
+            break;
+        }
+        std::size_t got = 0;
+        while (got < 48) {
+            const ssize_t more = ::read(line, text.data() + got, 48 - got);
+            if (more <= 0) {
+                ::close(line);
+                return -1;
+            }
+            got += static_cast<std::size_t>(more);
+        }
+    }
+    const double seconds = SecondsSince(begin);
+    ::close(line);
+    return seconds;
+}
+
+double Median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+int MeasurePaced() {
+    const double processorBefore = ProcessorSeconds();
+    const double seconds = ReadTable();
+    if (seconds < 0) {
+        return 1;
+    }
+    std::printf("999 rows at 9600 baud: %.2f s, wire time %.2f s, %.4f times; processor %.2f %%\n",
+                seconds, kWireSeconds, seconds / kWireSeconds,
+                100 * (ProcessorSeconds() - processorBefore) / seconds);
+    return 0;
+}
+
+int MeasureUnpaced(const std::string& device) {
+    std::vector<double> reads;
+    std::vector<double> loops;
+    for (int round = 0; round < 9; ++round) {
+        reads.push_back(ReadTable());
+        qdw8::CloseCtPortForce();
+        loops.push_back(BareLoop(device));
+        if (reads.back() < 0 || loops.back() < 0) {
+            return 1;
+        }
+    }
+    const double read = Median(reads);
+    const double loop = Median(loops);
+    std::printf("999 rows unpaced: %.1f ms (%.3f ms a row), bare loop %.1f ms, %.2f times\n",
+                read * 1e3, read * 1e3 / kRows, loop * 1e3, read / loop);
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const bool paced = argc == 2 && std::strcmp(argv[1], "paced") == 0;
+    if (!paced && !(argc == 2 && std::strcmp(argv[1], "unpaced") == 0)) {
+        std::fprintf(stderr, "usage: bench_line paced|unpaced\n");
+        return 2;
+    }
+    QApplication application(argc, argv);
+    const QTemporaryDir folder;
+    qdw8::InstallQtPlatform();
+    qdw8::ThePlatform().settingsFolder = folder.path().toStdString();
+    qdw8::ThePlatform().ShowMessageBox = [](const qdw8::BoxQuestion& question) {
+        std::fprintf(stderr, "%s\n", question.text.c_str());
+        return qdw8::BoxAnswer::Ok;
+    };
+    qdw8::ResetModule1();
+    qdw8::ResetCommandStates();
+    qdw8::ResetMainPanel();
+    qdw8::ResetTransferDialog();
+    qdw8::ResetModule3Tusin();
+    qdw8::ResetDevices();
+    qdw8::ResetPositions();
+    qdw8::PortOccupyFlag = qdw8::kSet;
+    qdw8::frmTrance dialog;
+    qdw8::Screens().frmTrance = [&dialog] { dialog.showState(); };
+
+    const QString link = folder.filePath("ports/com1");
+    std::filesystem::create_directories(folder.filePath("ports").toStdString());
+    QStringList options{"--link", link};
+    if (!paced) {
+        options << "--unpaced";
+    }
+    QProcess simulator;
+    simulator.start(QDW8_SIMULATOR, options);
+    if (!simulator.waitForReadyRead(5000)) {
+        std::fprintf(stderr, "the simulator doesn't come up\n");
+        return 1;
+    }
+    const int result = paced ? MeasurePaced() : MeasureUnpaced(link.toStdString());
+    simulator.terminate();
+    simulator.waitForFinished();
+    return result;
+}

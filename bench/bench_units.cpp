@@ -1,0 +1,96 @@
+// How long the rules take by themselves, without a window or a line.
+
+#include "app/Module1.h"
+#include "device/Module2Calc.h"
+#include "device/axis_device.h"
+#include "device/device_list.h"
+#include "platform/platform.h"
+#include "position/flex_grid.h"
+#include "position/grid_display.h"
+#include "position/posi_check.h"
+#include "position/posi_file.h"
+#include "position/posi_table.h"
+
+#include <benchmark/benchmark.h>
+#include <filesystem>
+#include <stdexcept>
+
+namespace qdw8 {
+namespace {
+
+/// Four axes in use and a grid of 999 clean rows.
+void ShowFullTable(bool mm) {
+    ThePlatform() = Platform{};
+    ThePlatform().TimerChanged = [](Timer&) {};
+    ThePlatform().ShowMessageBox = [](const BoxQuestion& question) -> BoxAnswer {
+        throw std::logic_error("unexpected box: " + question.text);
+    };
+    ResetModule1();
+    ResetDevices();
+    ResetPositions();
+    for (AxisDevice& device : DevSetting) {
+        device = {" 44", "L", 100, kSet, kClear, kSet, kSet, 2, 400, 0.005, 20000, 100};
+    }
+    DispMmFlag = FlagOf(mm);
+    ClearPosiTable();
+    GridFirst = PosiFirst = 1;
+    GridLast = PosiLast = kLastPosition;
+    for (std::size_t row = 1; row < kPosiRows; ++row) {
+        for (double& pulse : PosiUnitTable[row].pulse) {
+            pulse = static_cast<double>(row * 20);
+        }
+    }
+    ConvertTableToMm();
+    QdDataHyoji_3();
+}
+
+void CheckAndCommit(benchmark::State& state) {
+    ShowFullTable(state.range(0) != 0);
+    for (auto _ : state) {
+        if (PosiDataCheck3() != 0) {
+            state.SkipWithError("the rows are not clean");
+        }
+    }
+}
+BENCHMARK(CheckAndCommit)->ArgName("mm")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+void FillGrid(benchmark::State& state) {
+    ShowFullTable(state.range(0) != 0);
+    for (auto _ : state) {
+        QdDataHyoji_3();
+    }
+}
+BENCHMARK(FillGrid)->ArgName("mm")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+void SaveFile(benchmark::State& state) {
+    ShowFullTable(false);
+    PosiFolder = std::filesystem::temp_directory_path().string();
+    for (auto _ : state) {
+        if (SaveFileAs2("qdw8-bench.qdd") != 0) {
+            state.SkipWithError("not saved");
+        }
+    }
+    std::filesystem::remove(PosiFolder + "/qdw8-bench.qdd");
+}
+BENCHMARK(SaveFile)->Unit(benchmark::kMillisecond);
+
+void LookUpDevice(benchmark::State& state) {
+    ThePlatform() = Platform{};
+    ThePlatform().programFolder = QDW8_DATA_DIR;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(DeviceInList("J52", "L", 300));
+    }
+}
+BENCHMARK(LookUpDevice)->Unit(benchmark::kMicrosecond);
+
+void PulsesToMmAndBack(benchmark::State& state) {
+    double value = 12345;
+    for (auto _ : state) {
+        const double mm = PulseToMm(6, 400, value);
+        benchmark::DoNotOptimize(value = MmToPulse(6, 400, mm));
+    }
+}
+BENCHMARK(PulsesToMmAndBack)->Unit(benchmark::kNanosecond);
+
+} // namespace
+} // namespace qdw8
