@@ -4,11 +4,13 @@
 
 #include <algorithm>
 #include <array>
-#include <stdexcept>
+#include <charconv>
 
 namespace qdk8 {
 
 namespace {
+
+constexpr Alarm WritingFailed{'1', '0', 'E'};
 
 // A refusal is thrown from wherever it is found and becomes the reply in `answer`.
 struct Refused {
@@ -122,7 +124,6 @@ Reply moveOrHome(Request& r) {
 Reply runGroup(Request& r) {
     const int group = r.data.number(2, 1, 99);
     r.data.end();
-    mustBe(item(r.machine.working, 0, 3) != 0, '2'); // GRP ENABLE
     obey(beginGroup(r.machine, group, r.now));
     return std::nullopt;
 }
@@ -131,17 +132,16 @@ Reply jog(Request& r) {
     std::array<int, AxisCountMax> directions{};
     for (int& direction : directions)
         direction = r.data.number(1, 0, 2);
-    // Tenths of the JOG speed, 0 for all of it.
-    mustBe(!r.data.rest.empty() && r.data.rest.size() <= 3, '1');
+    // Tenths of the JOG speed, 0 for all of it: decimal digits with at most one point.
+    const std::string_view text = r.data.rest;
+    mustBe(text.size() <= 3 && text.find_first_not_of("0123456789.") == std::string_view::npos,
+           '1');
     double tenths = 0;
-    try {
-        std::size_t read = 0;
-        tenths = std::stod(std::string(r.data.rest), &read);
-        mustBe(read == r.data.rest.size(), '1');
-    } catch (const std::logic_error&) {
-        refuse('1');
-    }
-    mustBe(tenths >= 0 && tenths < 10, '2');
+    const char* end = text.data() + text.size();
+    mustBe(std::from_chars(text.data(), end, tenths, std::chars_format::fixed).ptr == end &&
+               !text.empty(),
+           '1');
+    mustBe(tenths < 10, '2');
     obey(beginJog(r.machine, directions, tenths > 0 ? tenths / 10 : 1.0, r.now));
     return r.word();
 }
@@ -190,7 +190,7 @@ Reply writeBlock(Request& r) {
     const int block = r.data.number(1, 0, 12);
     const std::string_view digits = r.data.text(32);
     r.data.end();
-    mustBe(blockUsable(block, digits), '2');
+    mustBe(blockUsable(block, digits, r.machine.axes), '2');
     r.machine.working.blocks[at(block)] = digits;
     return r.echo(4);
 }
@@ -247,6 +247,7 @@ Reply commit(Request& r) {
     const int what = r.data.number(1, 1, 3);
     r.data.end();
     Machine& m = r.machine;
+    const Memory before = m.lasting;
     if (what == 1)
         m.lasting.macros = m.working.macros;
     else if (what == 2)
@@ -254,6 +255,13 @@ Reply commit(Request& r) {
     else
         m.lasting.groups = m.working.groups;
     ++m.lastingChanges;
+    // A commit is where it outlives the program before it is acknowledged.
+    if (m.keep && !m.keep()) {
+        m.lasting = before;
+        ++m.lastingChanges; // what lasted before is still to be written
+        raise(m, WritingFailed, r.now);
+        return WritingFailed.text();
+    }
     ++m.commits;
     return r.whole();
 }
@@ -275,38 +283,42 @@ Reply writeOutputs(Request& r) {
     return r.whole();
 }
 
+constexpr char Allowed = '\0';
+constexpr char WritingRefused = '5';
+constexpr char StartRefused = 'D';
+
 struct Command {
     std::string_view word;
     Reply (*routine)(Request&);
     bool heldByAlarm;
-    bool heldByMotion;
+    char duringMovement; // the code that refuses it then, or `Allowed`
 };
 
 constexpr std::array<Command, 24> Commands{{
-    {"0CM", statusOrMode, false, false},
-    {"0AR", alarmReset, false, false},
-    {"0RH", homeStatus, false, false},
-    {"0RA", arrivalStatus, true, false},
-    {"0RV", version, false, false},
-    {"0MM", moveOrHome, true, true},
-    {"0MP", moveOrHome, true, true},
-    {"0MG", runGroup, true, true},
-    {"0JR", jog, true, true},
-    {"0MV", inch, true, true},
-    {"0SP", stop, false, false},
-    {"0RC", presentPositions, false, false},
-    {"0RD", readBlock, false, false},
-    {"0WD", writeBlock, false, true},
-    {"0WE", commit, false, true},
-    {"0RP", readPosition, false, false},
-    {"0WP", writePosition, false, true},
-    {"0RG", readGroup, false, false},
-    {"0WG", writeGroup, false, true},
-    {"0RS", readMacro, false, false},
-    {"0WS", writeMacro, false, true},
-    {"0RI", readInputs, false, false},
-    {"0RO", readOutputs, false, false},
-    {"0WO", writeOutputs, false, false},
+    {"0CM", statusOrMode, false, Allowed},
+    {"0AR", alarmReset, false, Allowed},
+    {"0RH", homeStatus, false, Allowed},
+    {"0RA", arrivalStatus, true, Allowed},
+    {"0RV", version, false, Allowed},
+    {"0MM", moveOrHome, true, StartRefused},
+    {"0MP", moveOrHome, true, StartRefused},
+    {"0MG", runGroup, true, StartRefused},
+    {"0JR", jog, true, StartRefused},
+    {"0MV", inch, true, StartRefused},
+    {"0SP", stop, false, Allowed},
+    {"0RC", presentPositions, false, Allowed},
+    {"0RD", readBlock, false, Allowed},
+    {"0WD", writeBlock, false, WritingRefused},
+    {"0WE", commit, false, WritingRefused},
+    {"0RP", readPosition, false, Allowed},
+    {"0WP", writePosition, false, WritingRefused},
+    {"0RG", readGroup, false, Allowed},
+    {"0WG", writeGroup, false, WritingRefused},
+    {"0RS", readMacro, false, Allowed},
+    {"0WS", writeMacro, false, WritingRefused},
+    {"0RI", readInputs, false, Allowed},
+    {"0RO", readOutputs, false, Allowed},
+    {"0WO", writeOutputs, false, Allowed},
 }};
 
 const Command* find(std::string_view word) {
@@ -328,7 +340,7 @@ std::optional<std::string> answer(Machine& machine, std::string_view frame, Mill
         if (command->heldByAlarm && machine.alarm)
             return machine.alarm->text();
         Request request{machine, frame, Fields{frame.substr(3)}, now};
-        mustBe(!command->heldByMotion || !moving(machine), '5');
+        mustBe(command->duringMovement == Allowed || !moving(machine), command->duringMovement);
         return command->routine(request);
     } catch (const Refused& refused) {
         return refused.alarm.text();

@@ -150,6 +150,9 @@ void Controller::clearAlarm(Millis now) {
 void Controller::setAxisCount(int axes) {
     machine_.axes = std::clamp(axes, 1, AxisCountMax);
     machine_.identity[4] = static_cast<char>('0' + machine_.axes);
+    for (Memory* memory : {&machine_.working, &machine_.lasting})
+        qdk8::setAxisMask(*memory, axisMask(*memory) & axesThere(machine_));
+    ++machine_.lastingChanges;
 }
 
 void Controller::setIdentity(const std::string& sixCharacters) {
@@ -162,8 +165,8 @@ void Controller::setBoard(int axis, const std::string& sixCharacters) {
 }
 
 void Controller::setAxisMask(unsigned mask) {
-    qdk8::setAxisMask(machine_.working, mask);
-    qdk8::setAxisMask(machine_.lasting, mask);
+    for (Memory* memory : {&machine_.working, &machine_.lasting})
+        qdk8::setAxisMask(*memory, mask & axesThere(machine_));
     ++machine_.lastingChanges;
 }
 

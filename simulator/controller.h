@@ -15,10 +15,12 @@
 #include "simulator/machine.h"
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace qdk8 {
@@ -67,13 +69,13 @@ public:
 
     // --- what it is ---
 
-    /// 1 to 4; also the digit that 0RV tells.
+    /// 1 to 4; also the digit that 0RV tells. Axes that are not there are taken out of use.
     void setAxisCount(int axes);
     /// The six characters behind 0RV, as they shall stand.
     void setIdentity(const std::string& sixCharacters);
     /// The six characters behind 0RV and the axis (1 to 4): version and board name.
     void setBoard(int axis, const std::string& sixCharacters);
-    /// Axes in use, bit 0 AXIS 1; lasting at once.
+    /// Axes in use, bit 0 AXIS 1, of those that are there; lasting at once.
     void setAxisMask(unsigned mask);
     /// A position row of 40 digits, checked by nobody; lasting at once.
     void setPositionRow(int position, const std::string& row);
@@ -85,6 +87,10 @@ public:
     void setTurnaround(Millis time) { turnaround_ = time; }
     /// Time that a 0WE takes, 100 at first.
     void setCommitTime(Millis time) { commitTime_ = time; }
+
+    /// Called within each 0WE; false: what was to be committed is not, and the alarm "0%%10E" is
+    /// up.
+    void setKeeper(std::function<bool()> keep) { machine_.keep = std::move(keep); }
 
     // --- faults ---
 

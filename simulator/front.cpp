@@ -129,6 +129,14 @@ void sendReplies(Front& front, double now) {
     }
 }
 
+bool keepMemoryOrTell(Front& front) {
+    std::string problem;
+    if (keepMemory(front, problem))
+        return true;
+    std::fprintf(stderr, "qd-k8-sim: %s\n", problem.c_str());
+    return false;
+}
+
 // What is due goes the whole way: to the controller, out of it, and onto the line.
 void serveDue(Front& front) {
     const double now = microseconds();
@@ -139,14 +147,8 @@ void serveDue(Front& front) {
         collectReplies(front, arrived.due);
     }
     collectReplies(front, now);
-    // A commit is on the disk before it is acknowledged.
-    const bool committed = front.controller.machine().commits != front.savedCommits;
-    const bool changed = front.controller.machine().lastingChanges != front.savedChanges;
-    if (committed || (changed && now >= front.lastTraffic + QuietBeforeSaving)) {
-        std::string problem;
-        if (!keepMemory(front, problem))
-            std::fprintf(stderr, "qd-k8-sim: %s\n", problem.c_str());
-    }
+    if (now >= front.lastTraffic + QuietBeforeSaving)
+        keepMemoryOrTell(front);
     sendReplies(front, now);
 }
 
@@ -238,6 +240,9 @@ bool takeMemory(Front& front, std::string& problem) {
         }
     }
     front.controller = Controller(memory);
+    front.controller.setKeeper([&front] { return keepMemoryOrTell(front); });
+    if (options.axes)
+        front.controller.setAxisCount(*options.axes);
     if (options.mask)
         front.controller.setAxisMask(*options.mask);
     // A file that cannot be written is found out now and not at the first commit.
@@ -263,7 +268,6 @@ bool keepMemory(Front& front, std::string& problem) {
         return true;
     // Noted whatever comes of it: a full disk is told once for each change, not without end.
     front.savedChanges = machine.lastingChanges;
-    front.savedCommits = machine.commits;
     if (front.options.memoryFile.empty() ||
         saveMemory(front.options.memoryFile, machine.lasting, problem))
         return true;
@@ -288,8 +292,6 @@ bool setUp(Front& front, std::string& problem) {
         return false;
     const Options& options = front.options;
     Controller& controller = front.controller;
-    if (options.axes)
-        controller.setAxisCount(*options.axes);
     if (!options.identity.empty())
         controller.setIdentity(options.identity);
     for (int axis = 1; axis <= AxisCountMax && !options.board.empty(); ++axis)
@@ -313,12 +315,7 @@ int serve(Front& front) {
         sleepUntilDue(front, signals);
     }
     unplug(front.terminal);
-    std::string problem;
-    if (!keepMemory(front, problem)) {
-        std::fprintf(stderr, "qd-k8-sim: %s\n", problem.c_str());
-        return 1;
-    }
-    return 0;
+    return keepMemoryOrTell(front) ? 0 : 1;
 }
 
 } // namespace qdk8

@@ -35,7 +35,6 @@ struct Front {
     double lastRequest = 0;
     double lastTraffic = 0;
     unsigned savedChanges = 0;
-    unsigned savedCommits = 0;
     std::string typed; ///< control input, not yet a whole line
     bool ended = false;
 };

@@ -8,6 +8,7 @@
 #include <array>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -48,6 +49,8 @@ struct Machine {
     Memory lasting = working;       ///< what is still there after a power cycle
     unsigned lastingChanges = 0;    ///< goes up with each change of `lasting`
     unsigned commits = 0;           ///< goes up with each 0WE
+    /// Writes `lasting` to where it outlives the program; false if it cannot. May be empty.
+    std::function<bool()> keep;
 
     int axes = 4; ///< axes the controller has at all
     std::string identity =

@@ -237,8 +237,10 @@ bool macroUsable(std::string_view macro) {
     return true;
 }
 
-bool blockUsable(int block, std::string_view digits) {
+bool blockUsable(int block, std::string_view digits, int axes) {
     if (digits.size() != 32 || !isHex(digits))
+        return false;
+    if (block == CommonBlock && digitsAt(digits, 2 * MaskByte, 2) >= 1 << axes)
         return false;
     const std::vector<Field>& fields = fieldsOf(block);
     return std::all_of(fields.begin(), fields.end(), [&](const Field& field) {

@@ -54,7 +54,7 @@ bool rowUsable(std::string_view row);
 bool groupUsable(std::string_view group);
 /// 32 digits, every step a command the controller knows (or F, never written) with its data.
 bool macroUsable(std::string_view macro);
-/// 32 digits that block number `block` can hold.
-bool blockUsable(int block, std::string_view digits);
+/// 32 digits that block number `block` of a controller with `axes` axes can hold.
+bool blockUsable(int block, std::string_view digits, int axes = AxisCountMax);
 
 } // namespace qdk8

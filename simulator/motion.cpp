@@ -13,6 +13,7 @@ constexpr Millis ShortestMove = 20;
 constexpr Millis PushTime = 300;
 constexpr Millis Tick = 100; ///< of a macro's timer and of its time limit
 constexpr Alarm HomeSensorNotFound{'1', '3', '4'};
+constexpr Alarm MacroInputTimedOut{'0', '0', 'B'};
 
 std::size_t index(int axis) {
     return static_cast<std::size_t>(axis);
@@ -267,8 +268,12 @@ Millis rampOf(int setting) {
     return 120 / std::clamp(setting, 1, 3);
 }
 
+unsigned axesThere(const Machine& machine) {
+    return (1U << static_cast<unsigned>(machine.axes)) - 1U;
+}
+
 unsigned axesInUse(const Machine& machine) {
-    return axisMask(machine.working) & ((1U << static_cast<unsigned>(machine.axes)) - 1U);
+    return axisMask(machine.working) & axesThere(machine);
 }
 
 bool moving(const Machine& machine) {
@@ -282,10 +287,9 @@ int presentPosition(const Machine& machine, int axis, Millis now) {
 void advance(Machine& machine, Millis now) {
     while (moving(machine) && machine.stepEnds && *machine.stepEnds <= now) {
         const Millis then = *machine.stepEnds;
-        // A macro that waited for an input too long is given up.
-        const bool macroGoesOn = machine.plan.front().kind == Step::Kind::macro &&
-                                 machine.macroStep < 16 && !machine.macroWaits;
-        if (macroGoesOn)
+        if (machine.macroWaits)
+            raise(machine, MacroInputTimedOut, then);
+        else if (machine.plan.front().kind == Step::Kind::macro && machine.macroStep < 16)
             machine.stepEnds = runMacro(machine, macroOf(machine, machine.plan.front()), then);
         else
             finishStep(machine, then);
@@ -326,7 +330,7 @@ Refusal beginGroup(Machine& machine, int group, Millis now) {
     const int first = groupUsable(range) ? fromHex(range.substr(0, 3)) : 1;
     const int last = groupUsable(range) ? fromHex(range.substr(3, 3)) : 0;
     if (first > last)
-        return alarmOfMove(machine, refusal('8'), now);
+        return alarmOfMove(machine, refusal('9'), now);
     std::deque<Step> plan;
     if (const Refusal refused = planAutoHome(machine, axesInUse(machine), plan))
         return refused;
@@ -399,8 +403,14 @@ void clearAlarm(Machine& machine) {
 
 void setInputs(Machine& machine, std::uint32_t inputs, Millis now) {
     machine.inputs = inputs & 0xFFFFFFU;
-    if (machine.macroWaits)
-        machine.stepEnds = runMacro(machine, macroOf(machine, machine.plan.front()), now);
+    if (!machine.macroWaits)
+        return;
+    const int waitedAt = machine.macroStep;
+    const std::optional<Millis> limit = machine.stepEnds;
+    machine.stepEnds = runMacro(machine, macroOf(machine, machine.plan.front()), now);
+    // The change of another input does not prolong the wait.
+    if (machine.macroWaits && machine.macroStep == waitedAt)
+        machine.stepEnds = limit;
 }
 
 void restart(Machine& machine, Millis now) {

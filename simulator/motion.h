@@ -20,10 +20,12 @@ bool moving(const Machine& machine);
 int presentPosition(const Machine& machine, int axis, Millis now);
 
 /// Axis masks.
+unsigned axesThere(const Machine& machine);
 unsigned axesInUse(const Machine& machine);
 
 // Each of these begins a plan; the machine must stand still. A refusal is the alarm text to answer
-// with; it changes nothing, but for a move past a soft limit or to a bad row, whose alarm stands.
+// with; it changes nothing, but for a move past a soft limit a bad row or a bad group, whose alarm
+// stands.
 using Refusal = std::optional<Alarm>;
 
 Refusal beginHoming(Machine& machine, unsigned mask, Millis now);

@@ -178,7 +178,8 @@ The machine
                       What is not committed is lost when power goes off
     --blank           start with empty tables (not with a FILE that exists)
     --axes N          a controller with N axes (4)
-    --mask HEX        axes in use, bit 0 AXIS 1 to bit 3 AXIS 4 (F)
+    --mask HEX        axes in use, bit 0 AXIS 1 to bit 3 AXIS 4 (F); of those
+                      that the controller has
     --identity TEXT   the six characters of the reply to 0RV (140A40)
     --board TEXT      the six characters of each axis board (121K8R)
     --homing-fails    no homing finds its sensor: alarm 0%%134
@@ -201,14 +202,26 @@ Control
                       "error: ...". The end of the input ends the simulator
 )" + controlHelp() +
            R"(
-Alarms that the machine raises or answers with
-    resettable        01 command not understood     02 value out of range
-                      03 not homed                  04 axis not in use
-                      05 not while moving           06 stop input open
-                      07 past the soft limit        08 position data not valid
-    not resettable    11 overcurrent                12 encoder error
-                      13 motor overheated           14 home sensor not found
-                      15 memory check error         16 power voltage low
+Alarms, by class and code (class 0 can be reset, class 1 takes a power cycle)
+    A request is refused with, which puts no alarm up:
+        01 Command not understood
+        02 Value out of range
+        03 Homing not completed
+        04 Axis not in use
+        05 Writing refused during movement
+        0D Start refused during movement
+    The machine raises by itself:
+        07 Soft limit exceeded
+        08 Position data invalid
+        09 Group data invalid
+        0B Sequence macro input wait timed out
+        14 Home sensor not detected
+        1E Writing to the non-volatile memory failed
+    Any other comes only when it is asked for, by --alarm, "alarm" on the control
+    input or the fault "error":
+        06 Stop input is on
+        11 Overcurrent in the motor drive
+        and so on
 
 Exit status: 0 after an ordinary end, 1 when something cannot be done, 2 for a
 wrong option.

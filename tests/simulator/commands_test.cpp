@@ -196,6 +196,22 @@ TEST(Power, BlocksLastAfterTheirCommit) {
     EXPECT_EQ(ask(controller, "0RD0", 7), "0RD" + two + "\r\n");
 }
 
+TEST(Power, ACommitThatCannotBeKeptIsAnAlarm) {
+    Controller controller;
+    bool kept = false;
+    controller.setKeeper([&] { return kept; });
+    const std::string before = ask(controller, "0RG01", 0);
+    ask(controller, "0WG01002003", 0);
+    EXPECT_EQ(ask(controller, "0WE3", 0), "0%%10E\r\n");
+    EXPECT_EQ(ask(controller, "0CM1", 0), "0%%10E\r\n");
+    controller.powerOff(1);
+    controller.powerOn(2);
+    EXPECT_EQ(ask(controller, "0RG01", 2), before);
+    kept = true;
+    ask(controller, "0WG01002003", 3);
+    EXPECT_EQ(ask(controller, "0WE3", 3, 1000), "0WE3\r\n");
+}
+
 TEST(Alarms, StandUntilTheyAreReset) {
     Controller controller;
     controller.raiseAlarm({'0', '0', '6'}, 0);
@@ -236,6 +252,12 @@ TEST(Identity, IsWhatItIsSetTo) {
     EXPECT_EQ(ask(controller, "0RV", 0), "0RV140A20\r\n");
     EXPECT_EQ(ask(controller, "0RV2", 0), "0RV2199ABC\r\n");
     EXPECT_EQ(ask(controller, "0RV3", 0), "0%%034\r\n") << "there is no third axis";
+    const std::string block = ask(controller, "0RD0", 0);
+    EXPECT_EQ(block.substr(16, 2), "03") << "nor is it in use";
+    EXPECT_EQ(ask(controller, "0WD" + block.substr(3, 13) + "07" + block.substr(18, 18), 0),
+              "0%%002\r\n");
+    controller.setAxisMask(0xE);
+    EXPECT_EQ(ask(controller, "0RD0", 0).substr(16, 2), "02");
     controller.setIdentity("Z01?X!");
     EXPECT_EQ(ask(controller, "0RV", 0), "0RVZ01?X!\r\n");
 }

@@ -55,7 +55,7 @@ TEST(Motion, MovesAtTheSpeedOfTheRow) {
     EXPECT_EQ(*controller.nextDue(), now + 1000 + 40) << "100 mm at 100 mm/s, and the ramp";
     EXPECT_EQ(ask(controller, "0RO", now + 1), "0RO000000\r\n");
     EXPECT_EQ(controller.position(0, now + 520), 2500);
-    EXPECT_EQ(ask(controller, "0MP0011", now + 520), "0%%005\r\n");
+    EXPECT_EQ(ask(controller, "0MP0011", now + 520), "0%%00D\r\n");
     EXPECT_EQ(ask(controller, "0WP001" + row("00000", "0000"), now + 520), "0%%005\r\n");
     now += 1040;
     EXPECT_EQ(ask(controller, "0RC1", now), "0RC101388\r\n");
@@ -98,6 +98,18 @@ TEST(Motion, JogRunsUntilItIsStopped) {
     const Millis end = runDown(controller, now + 3000);
     EXPECT_EQ(controller.position(0, end), 0) << "the home end stops it";
     EXPECT_EQ(ask(controller, "0JR30000", end), "0%%002\r\n");
+}
+
+TEST(Motion, JogSpeedIsAPlainDecimalNumber) {
+    const std::vector<std::pair<std::string, std::string>> all{
+        {"0", "0JR"},      {"9", "0JR"},      {"1.5", "0JR"},    {".5", "0JR"},
+        {"5.", "0JR"},     {"1e0", "0%%001"}, {"0x1", "0%%001"}, {" 1", "0%%001"},
+        {"+1", "0%%001"},  {"-1", "0%%001"},  {".", "0%%001"},   {"1..", "0%%001"},
+        {"inf", "0%%001"}, {"", "0%%001"},    {"10", "0%%002"}};
+    for (const auto& [speed, reply] : all) {
+        Controller controller;
+        EXPECT_EQ(ask(controller, "0JR1000" + speed, 0), reply + "\r\n") << '"' << speed << '"';
+    }
 }
 
 TEST(Motion, InchingGoesToItsTarget) {
@@ -177,16 +189,21 @@ TEST(Groups, AreAnsweredWhenTheyHaveEnded) {
     EXPECT_EQ(controller.takeDue(now + 6001).at(0).bytes, "0%%111\r\n");
 }
 
-TEST(Groups, BackwardsOrSwitchedOffAreRefused) {
+TEST(Groups, BackwardsAreRefused) {
     Controller controller;
     const Millis now = home(controller, 0);
     ask(controller, "0WG01003001", now);
-    EXPECT_EQ(ask(controller, "0MG01", now), "0%%008\r\n");
-    ask(controller, "0AR", now);
+    EXPECT_EQ(ask(controller, "0MG01", now), "0%%009\r\n");
+}
+
+TEST(Groups, RunFromTheLineWhateverTheGroupInputMayDo) {
+    Controller controller;
     std::string block = controller.machine().working.blocks[0];
-    block.replace(6, 2, "00");
+    block.replace(6, 2, "00"); // GRP ENABLE
     controller.setBlock(0, block);
-    EXPECT_EQ(ask(controller, "0MG02", now), "0%%002\r\n");
+    const Millis now = home(controller, 0);
+    ask(controller, "0WG01001001", now);
+    EXPECT_EQ(ask(controller, "0MG01", now, now + 600000), "0MG01\r\n");
 }
 
 TEST(Macros, RunAtTheTargetUnlessSkipped) {
@@ -224,7 +241,10 @@ TEST(Macros, GiveUpWaitingWhenThereIsALimit) {
         now);
     controller.setPositionRow(5, row("00000", "0001"));
     ask(controller, "0MP0051", now);
+    controller.setInputs(0x020000, now + 300); // another input does not prolong the wait
     EXPECT_EQ(ask(controller, "0RA", now + 499), "0RA0\r\n");
+    EXPECT_EQ(ask(controller, "0RA", now + 500), "0%%00B\r\n");
+    ask(controller, "0AR", now + 500);
     EXPECT_EQ(ask(controller, "0RA", now + 500), "0RA1\r\n");
 }
 

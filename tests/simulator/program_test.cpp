@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 #include <optional>
 #include <poll.h>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <sys/ioctl.h>
@@ -255,6 +256,25 @@ TEST_F(SimulatorProgram, ExplainsItself) {
     EXPECT_EQ(simulator.wait(), 0);
 }
 
+TEST_F(SimulatorProgram, NamesItsAlarmsAsTheErrorListDoes) {
+    std::stringstream list;
+    list << std::ifstream(ERROR_LIST).rdbuf();
+    std::istringstream help(readAll(Simulator({"--help"}).output));
+    const std::regex alarm(" +([01])([0-9A-F]) ([A-Z].*)");
+    std::smatch found;
+    int alarms = 0;
+    for (std::string line; std::getline(help, line);) {
+        if (!std::regex_match(line, found, alarm))
+            continue;
+        ++alarms;
+        // The list counts the classes from 1.
+        const std::string entry = std::string(found[1] == "0" ? "\"1" : "\"2") + found[2].str() +
+                                  "\",\"" + found[3].str() + "\"";
+        EXPECT_NE(list.str().find(entry), std::string::npos) << line;
+    }
+    EXPECT_GE(alarms, 12);
+}
+
 TEST_F(SimulatorProgram, RefusesABrokenMemoryFile) {
     { // a good one first
         Simulator simulator({"--memory", file("memory")});
@@ -301,6 +321,17 @@ TEST_F(SimulatorProgram, KeepsInItsFileWhatWasCommitted) {
     Simulator simulator(options);
     const Port port(simulator.place("ready"));
     EXPECT_EQ(port.ask("0RP002"), "0RP0021E30030D41E30000001E30000001E20000000000\r\n");
+}
+
+TEST_F(SimulatorProgram, AcknowledgesNoCommitThatItsFileDoesNotHold) {
+    Simulator simulator({"--unpaced", "--control", "--memory", file("memory")});
+    const Port port(simulator.place("ready"));
+    fs::create_directory(file("memory.new")); // in the way of the fresh file
+    EXPECT_EQ(port.ask("0WG01007008"), "0WG01\r\n");
+    EXPECT_EQ(port.ask("0WE3"), "0%%10E\r\n");
+    EXPECT_NE(readLine(simulator.errors).find(file("memory")), std::string::npos);
+    fs::remove(file("memory.new"));
+    EXPECT_EQ(port.ask("0WE3"), "0WE3\r\n");
 }
 
 TEST_F(SimulatorProgram, HangsUpAndComesBack) {
