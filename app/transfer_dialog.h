@@ -19,7 +19,8 @@ struct TransferDialog {
 /// What the transfer dialog shows now.
 const TransferDialog& TheTransferDialog();
 
-/// Shows `frmTrance` with the bar at 0; `maximum` is at least 0. If it is up already, it takes the new text and maximum.
+/// Shows `frmTrance` with the bar at 0; `maximum` is at least 0. If it is up already, it takes the
+/// new text and maximum.
 void ShowTrance(int maximum, const std::string& text);
 /// Moves the bar; a value beyond the maximum stays at the maximum.
 void SetTranceValue(int value);
