@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFontMetrics>
 #include <QPointer>
 
 namespace qdw8 {
@@ -64,6 +65,9 @@ void SetUp(QFileDialog& dialog, const FileQuestion& question) {
         dialog.selectFile(QtText(question.fileName));
     }
     SetLabels(dialog, saving);
+    // Wide enough for the side bar and whole file names, whatever the font.
+    const QFontMetrics metrics(dialog.font());
+    dialog.resize(metrics.averageCharWidth() * 120, metrics.height() * 28);
 }
 
 } // namespace
