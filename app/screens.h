@@ -57,6 +57,10 @@ struct ScreenFunctions {
     std::function<void()> frmSyogoKekka;
     /// Modal device window. It stores the choice in `DevSettei`, or sets `DeviceCancelled`.
     std::function<void()> frmDevice2;
+    /// Modal device window whose choice can be written into the controller at once.
+    std::function<void()> frmDevice3;
+    /// Modal parameter window; empty while there is none.
+    std::function<void()> frmParameta2Show;
     /// The fields of the parameter window have changed.
     std::function<void()> frmParameta2;
 };

@@ -2,6 +2,8 @@
 // the characters take on the wire, and against a bare write-and-read loop on the same terminal.
 //
 //     bench_line paced      one read at 9600 baud, about a minute
+//     bench_line write      one write of the same rows at 9600 baud
+//     bench_line blocks     all parameter blocks of four axes at 9600 baud
 //     bench_line unpaced    reads and bare loops in turn, as fast as both ends can
 
 #include "app/Module1.h"
@@ -11,10 +13,13 @@
 #include "app/transfer_dialog.h"
 #include "device/axis_device.h"
 #include "link/Module3Tusin.h"
+#include "parameter/para_reset.h"
+#include "parameter/para_transfer.h"
 #include "platform/platform.h"
 #include "platform/qt/qt_platform.h"
 #include "position/posi_table.h"
 #include "position/posi_transfer.h"
+#include "position/posi_write.h"
 #include "windows/frmTrance.h"
 
 #include <QApplication>
@@ -24,7 +29,6 @@
 #include <array>
 #include <chrono>
 #include <cstdio>
-#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/resource.h>
@@ -36,8 +40,15 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr int kRows = 999;
-/// A request is 8 characters, a reply 48, a character 10 bits.
-constexpr double kWireSeconds = kRows * (8 + 48) * 10 / 9600.0;
+constexpr int kBlocks = 13;
+
+/// Time that characters take on the wire, at 10 bits each.
+constexpr double WireSeconds(int characters) {
+    return characters * 10 / 9600.0;
+}
+constexpr double kReadSeconds = kRows * WireSeconds(8 + 48);
+constexpr double kWriteSeconds = kRows * WireSeconds(48 + 8);
+constexpr double kBlockSeconds = kBlocks * WireSeconds(6 + 38);
 
 double SecondsSince(Clock::time_point begin) {
     return std::chrono::duration<double>(Clock::now() - begin).count();
@@ -94,14 +105,33 @@ double Median(std::vector<double> values) {
     return values[values.size() / 2];
 }
 
-int MeasurePaced() {
+/// The rows just read, written back.
+double WriteTable() {
+    qdw8::PosiStageToTable();
+    for (std::size_t row = 1; row <= kRows; ++row) {
+        for (std::size_t axis = 0; axis < qdw8::kAxes; ++axis) {
+            qdw8::PosiTable[row].number[4 * axis + 3] = qdw8::PosiUnitTable[row].pulse[axis];
+        }
+    }
+    const auto begin = Clock::now();
+    const bool good = qdw8::WritePosidataToCt() == 0;
+    return good ? SecondsSince(begin) : -1;
+}
+
+double ReadBlocks() {
+    const auto begin = Clock::now();
+    const bool good = qdw8::ReadAllBlocks() == 0;
+    return good ? SecondsSince(begin) : -1;
+}
+
+int MeasurePaced(const char* what, double wireSeconds, double (*run)()) {
     const double processorBefore = ProcessorSeconds();
-    const double seconds = ReadTable();
+    const double seconds = run();
     if (seconds < 0) {
         return 1;
     }
-    std::printf("999 rows at 9600 baud: %.2f s, wire time %.2f s, %.4f times; processor %.2f %%\n",
-                seconds, kWireSeconds, seconds / kWireSeconds,
+    std::printf("%s at 9600 baud: %.2f s, wire time %.2f s, %.4f times; processor %.2f %%\n", what,
+                seconds, wireSeconds, seconds / wireSeconds,
                 100 * (ProcessorSeconds() - processorBefore) / seconds);
     return 0;
 }
@@ -127,9 +157,9 @@ int MeasureUnpaced(const std::string& device) {
 } // namespace
 
 int main(int argc, char** argv) {
-    const bool paced = argc == 2 && std::strcmp(argv[1], "paced") == 0;
-    if (!paced && !(argc == 2 && std::strcmp(argv[1], "unpaced") == 0)) {
-        std::fprintf(stderr, "usage: bench_line paced|unpaced\n");
+    const std::string mode = argc == 2 ? argv[1] : "";
+    if (mode != "paced" && mode != "write" && mode != "blocks" && mode != "unpaced") {
+        std::fprintf(stderr, "usage: bench_line paced|write|blocks|unpaced\n");
         return 2;
     }
     QApplication application(argc, argv);
@@ -146,6 +176,7 @@ int main(int argc, char** argv) {
     qdw8::ResetTransferDialog();
     qdw8::ResetModule3Tusin();
     qdw8::ResetDevices();
+    qdw8::ResetParameters();
     qdw8::ResetPositions();
     qdw8::PortOccupyFlag = qdw8::kSet;
     qdw8::frmTrance dialog;
@@ -154,7 +185,7 @@ int main(int argc, char** argv) {
     const QString link = folder.filePath("ports/com1");
     std::filesystem::create_directories(folder.filePath("ports").toStdString());
     QStringList options{"--link", link};
-    if (!paced) {
+    if (mode == "unpaced") {
         options << "--unpaced";
     }
     QProcess simulator;
@@ -163,7 +194,16 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "the simulator doesn't come up\n");
         return 1;
     }
-    const int result = paced ? MeasurePaced() : MeasureUnpaced(link.toStdString());
+    int result = 1;
+    if (mode == "paced") {
+        result = MeasurePaced("999 rows read", kReadSeconds, ReadTable);
+    } else if (mode == "write") {
+        result = ReadTable() < 0 ? 1 : MeasurePaced("999 rows written", kWriteSeconds, WriteTable);
+    } else if (mode == "blocks") {
+        result = MeasurePaced("13 blocks read", kBlockSeconds, ReadBlocks);
+    } else {
+        result = MeasureUnpaced(link.toStdString());
+    }
     simulator.terminate();
     simulator.waitForFinished();
     return result;

@@ -134,7 +134,8 @@ CommittedRow CommitOf(std::int16_t position) {
 /// All rows are worked out before the first one is stored: the table changes in whole or not.
 void Commit() {
     std::vector<CommittedRow> rows;
-    rows.reserve(static_cast<std::size_t>(PosiLast - PosiFirst + 1));
+    const int count = PosiLast - PosiFirst + 1;
+    rows.reserve(static_cast<std::size_t>(count));
     for (std::int16_t position = PosiFirst; position <= PosiLast; ++position) {
         rows.push_back(CommitOf(position));
     }

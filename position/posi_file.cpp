@@ -13,6 +13,8 @@
 #include "position/posi_command.h"
 #include "position/posi_table.h"
 
+#include <algorithm>
+#include <cmath>
 #include <exception>
 #include <filesystem>
 #include <optional>
@@ -26,9 +28,10 @@ namespace {
 
 constexpr std::size_t kExtensionLength = 4; // ".qdd"
 
-/// A text field of a file: between double quotes, with no escaping.
+/// A text field of a file: in the file's code page, between double quotes, with no escaping.
 std::string Quoted(const std::string& text) {
-    return "\"" + text + "\"";
+    const bool plain = std::all_of(text.begin(), text.end(), [](char c) { return c > 0; });
+    return "\"" + (plain ? text : ToCp932(text)) + "\"";
 }
 
 std::string TypeWord(std::size_t axis) {
@@ -37,11 +40,20 @@ std::string TypeWord(std::size_t axis) {
     return Quoted(old ? "OLD" : "NEW");
 }
 
+/// A number as a text field. Nearly all are small whole numbers, which need no work on digits.
+std::string QuotedNumber(double number) {
+    if (number >= 0 && number <= 0xFFFFF && number == std::floor(number)) {
+        return "\" " + std::to_string(static_cast<int>(number)) + "\"";
+    }
+    return Quoted(BlankOrMinusDecimal(number));
+}
+
 std::string RowLine(std::int16_t position) {
     const PosiRow& row = PosiTable[static_cast<std::size_t>(position)];
     std::string line = std::to_string(position);
     for (const double number : row.number) {
-        line += "," + Quoted(BlankOrMinusDecimal(number));
+        line += ",";
+        line += QuotedNumber(number);
     }
     return line + "," + Quoted(row.comment) + "\r\n";
 }
@@ -119,6 +131,7 @@ bool SaveWithTries(const std::string& fileName) {
 template<typename Steps> void RunSave(Steps steps) {
     const PositionCommand command;
     const RangesBefore before;
+    const std::string folderBefore = PosiFolder;
     SaveCancelledFlag = kClear;
     bool saved = false;
     try {
@@ -128,8 +141,10 @@ template<typename Steps> void RunSave(Steps steps) {
     }
     SaveCancelledFlag = FlagOf(!saved);
     if (!saved) {
-        // The next save under the old name must not write a part of the document alone.
+        // The next save under the old name must not write a part of the document alone, nor into
+        // the folder of a file that didn't come to be.
         before.putBack();
+        PosiFolder = folderBefore;
     }
 }
 
@@ -177,7 +192,7 @@ std::string FileNameOnly(const std::string& fileName) {
 std::int16_t SaveFileAs2(const std::string& fileName) {
     try {
         const std::filesystem::path path = std::filesystem::path(PosiFolder) / fileName;
-        WriteWholeFile(path.string(), ToCp932(FileText()));
+        WriteWholeFile(path.string(), FileText());
         ShowPosiFileName(FileNameOnly(fileName));
         PosiDirtyFlag = kClear;
         return 0;

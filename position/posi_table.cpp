@@ -68,8 +68,8 @@ void ClearPosiTable() {
     fresh.written = true;
     for (int axis = 0; axis < kAxes; ++axis) {
         for (int item = 0; item < kAxisColumns; ++item) {
-            fresh.number[static_cast<std::size_t>(kAxisColumns * axis + item)] =
-                DefaultNumber(axis, item);
+            const int column = kAxisColumns * axis + item;
+            fresh.number[static_cast<std::size_t>(column)] = DefaultNumber(axis, item);
         }
     }
     PosiTable.fill(fresh);

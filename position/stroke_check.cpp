@@ -74,8 +74,9 @@ bool GoesTooFar(int gridRow) {
 std::string ListTooFar() {
     std::string list;
     for (int i = 0; i <= PosiLast - PosiFirst; ++i) {
-        const auto position = static_cast<std::size_t>(PosiFirst + i);
-        if (!IsSet(PosiRowError[position - 1]) && GoesTooFar(i + kGridHeadRows)) {
+        const int position = PosiFirst + i;
+        if (!IsSet(PosiRowError[static_cast<std::size_t>(position) - 1]) &&
+            GoesTooFar(i + kGridHeadRows)) {
             list += std::to_string(position) + ",";
         }
     }

@@ -1,8 +1,11 @@
 #include "file_fixture.h"
 
+#include <unistd.h>
+
 namespace qdw8::test {
 
-PosiFilesTest::PosiFilesTest() : folder(testing::TempDir() + "qdw8-posi-files") {
+PosiFilesTest::PosiFilesTest()
+    : folder(testing::TempDir() + "qdw8-posi-files-" + std::to_string(::getpid())) {
     std::filesystem::remove_all(folder);
     std::filesystem::create_directories(folder);
     SetPanelText(&MainPanel::lblDeviceType, 0, "QD- 44L-100_ ");

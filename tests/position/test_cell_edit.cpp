@@ -88,6 +88,26 @@ TEST_F(PositionTest, APositionTypedStandsInBothFormsAtTheRowOfAGridFromOne) {
     EXPECT_DOUBLE_EQ(PosiUnitTable[3].mm[3], 8.0 / 192);
 }
 
+TEST_F(PositionTest, HalfAPulseGoesDownUnlessTheOptionSaysUp) {
+    DispMmFlag = kSet;
+    DevSetting[0].DevLead = 4; // 0.01 mm a pulse
+    for (const Flag up : {kClear, kSet}) {
+        MmRoundUpFlag = up;
+        showRows(1, 1);
+        GoToCell(2, kPosi + 1);
+        ASSERT_TRUE(Edit("0.025"));
+        EXPECT_EQ(cell(1, kPosi), IsSet(up) ? "  0.030" : "  0.020");
+        EXPECT_EQ(PosiUnitTable[1].pulse[0], IsSet(up) ? 3 : 2);
+    }
+}
+
+TEST_F(PositionTest, InPulsesTheMmFormIsCutToThreeDecimals) {
+    showRows(1, 1);
+    GoToCell(2, kAxis4 + kPosi + 1);
+    ASSERT_TRUE(Edit("41"));
+    EXPECT_DOUBLE_EQ(PosiUnitTable[1].mm[3], 1.708); // of 1.70833
+}
+
 TEST_F(PositionTest, InPulsesAFigureBeyondTheStrokeInMmIsKeptWithABeep) {
     showRows(1, 1);
     DevSetting[0].MaxStrokeMm = 0.6;

@@ -73,6 +73,15 @@ TEST_F(PositionTest, InsertNeverPassesTheLastPositionAndSaysNothing) {
     EXPECT_EQ(cell(999, kComment), "");
 }
 
+TEST_F(PositionTest, ARangeThatEndsBeforeTheGridDoesntGrowWithIt) {
+    showRows(1, 9);
+    PosiLast = 5;
+    GoToCell(2, 1);
+    InsertLine_Click();
+    EXPECT_EQ(GridLast, 10);
+    EXPECT_EQ(PosiLast, 5);
+}
+
 TEST_F(PositionTest, DeleteTakesTheSelectedLinesOut) {
     showRows(5, 9);
     type(5, kComment, "five");
@@ -127,7 +136,7 @@ TEST_F(PositionTest, FreshRowsAreNumberedAndColoured) {
 }
 
 TEST_F(PositionTest, RandomEditsLeaveGridNumbersAndRangesInStep) {
-    std::mt19937 random(20240817); // NOLINT(bugprone-random-generator-seed): the same every time
+    std::mt19937 random(20240817); // NOLINT: the same every time
     const auto pick = [&random](int lowest, int highest) {
         return std::uniform_int_distribution(lowest, highest)(random);
     };

@@ -3,9 +3,13 @@
 #include "platform/platform.h"
 #include "platform/whole_file.h"
 #include "position/flex_grid.h"
+#include "position/posi_check.h"
 #include "position_fixture.h"
 
+#include <csignal>
 #include <filesystem>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace qdw8::test {
 namespace {
@@ -18,7 +22,7 @@ const std::string kWriteQuestion = "Write Data to the file,Yes?";
 
 class PosiFileTest : public PositionTest {
 protected:
-    PosiFileTest() : folder(testing::TempDir() + "qdw8-posi-file") {
+    PosiFileTest() : folder(testing::TempDir() + "qdw8-posi-file-" + std::to_string(::getpid())) {
         std::filesystem::remove_all(folder);
         std::filesystem::create_directories(folder);
         SetPanelText(&MainPanel::lblDeviceType, 0, "QD- 44L-100_ ");
@@ -95,6 +99,48 @@ TEST_F(PosiFileTest, AFailingSaveIsTriedSixTimesAndLosesNothing) {
     EXPECT_EQ(PosiDirtyFlag, kSet);
     EXPECT_EQ(SaveCancelledFlag, kSet);
     EXPECT_EQ(PosiFileName, "abc");
+}
+
+TEST_F(PosiFileTest, ASaveAsThatFailsLeavesTheFolderOfTheDocument) {
+    showRows(1, 2);
+    PosiFileName = "abc";
+    PosiFolder = folder;
+    platform.expectScreen("frmSelectPosiNo3");
+    platform.expectBox(kWriteQuestion, BoxButtons::OkCancel, BoxAnswer::Ok);
+    platform.expectFile(question("Save Position Data as ..."),
+                        FileAnswer{folder + "/missing/x.qdd", "x.qdd"});
+    platform.expectBox(kSaveError);
+    SavePosiFileAs();
+    EXPECT_EQ(PosiFolder, folder);
+    SavePosiFile();
+    EXPECT_TRUE(std::filesystem::exists(folder + "/abc.qdd"));
+}
+
+TEST_F(PosiFileTest, AProcessKilledWhileItSavesLosesNeitherFile) {
+    showRows(1, 400);
+    PosiFolder = folder;
+    std::array<std::string, 2> whole;
+    for (std::size_t which = 0; which < 2; ++which) {
+        type(1, kVel, std::to_string(10 + which));
+        ASSERT_EQ(PosiDataCheck3(), 0);
+        ASSERT_EQ(SaveFileAs2("a.qdd"), 0);
+        whole[which] = read("a.qdd");
+    }
+    for (int kill = 0; kill < 100; ++kill) {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            for (int save = 0;; ++save) {
+                PosiTable[1].number[kVel] = 10 + save % 2;
+                SaveFileAs2("a.qdd");
+            }
+        }
+        ASSERT_GT(child, 0);
+        ::usleep(static_cast<useconds_t>(500 + 97 * kill)); // wherever it happens to be by then
+        ::kill(child, SIGKILL);
+        ASSERT_EQ(::waitpid(child, nullptr, 0), child);
+        const std::string left = read("a.qdd");
+        ASSERT_TRUE(left == whole[0] || left == whole[1]) << left.size();
+    }
 }
 
 TEST_F(PosiFileTest, SaveWithoutDataSaysSoTwice) {

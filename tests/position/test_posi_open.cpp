@@ -122,6 +122,21 @@ TEST_F(OpenTest, RowsInAnyOrderAndGapsAreTaken) {
     EXPECT_EQ(FileFirst, 0);
 }
 
+TEST_F(OpenTest, ARowZeroIsShownCheckedAndSavedLikeAnyOther) {
+    write("zero.qdd", head() + row(0) + row(1));
+    expectOpen("zero.qdd");
+    OpenPosiFile();
+    EXPECT_EQ(GridText(2, 0), "0");
+    type(0, kVel, "61");
+    platform.expectScreen("frmSyogoKekka");
+    SavePosiFile();
+    type(0, kVel, "60");
+    type(0, 12 + kAcc, "2");
+    type(1, 12 + kAcc, "2");
+    SavePosiFile();
+    EXPECT_NE(ReadWholeFile(path("zero.qdd")).find("\r\n0,\" 60\","), std::string::npos);
+}
+
 TEST_F(OpenTest, TheShelfOfBrokenFilesIsRefusedInBoundedTime) {
     const std::string fewer = row(6).substr(0, row(6).size() - 6) + "\r\n"; // a field is missing
     const std::vector<std::pair<std::string, std::string>> shelf{

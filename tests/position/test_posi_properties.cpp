@@ -72,7 +72,7 @@ protected:
         return texts;
     }
 
-    std::mt19937 random{4711}; // NOLINT(bugprone-random-generator-seed): the same in every run
+    std::mt19937 random{4711}; // NOLINT: the same in every run
 };
 
 TEST_F(AnyTable, SurvivesAFileByteForByte) {
@@ -119,7 +119,8 @@ TEST_F(AnyTable, SurvivesTheWayToTheControllerAndBack) {
         for (int position = PosiFirst; position <= PosiLast; ++position) {
             // The comment never travels.
             const int row = position - PosiFirst + kGridHeadRows;
-            shown[static_cast<std::size_t>(row * kGridColumns + kGridCommentColumn)].clear();
+            const int index = row * kGridColumns + kGridCommentColumn;
+            shown[static_cast<std::size_t>(index)].clear();
         }
         PosiStageToTable();
         ConvertTableToMm();

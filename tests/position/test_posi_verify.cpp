@@ -92,6 +92,9 @@ protected:
             // ACC of AXIS 4, a QD-61F, is 2 in the grid.
             const std::string three = R"(," 30"," 3"," 0"," 0"," 0")";
             text.replace(text.find(three), three.size(), R"(," 30"," 2.0"," 0"," 0"," 0")");
+            // AXIS 2 is out of use, whatever the file says of it.
+            const std::string two = R"(," 30"," 3"," 0"," 0")";
+            text.replace(text.find(two), two.size(), R"(," 31"," 1"," 2"," 9")");
             rows += text;
         }
         write("other.qdd", head() + rows);

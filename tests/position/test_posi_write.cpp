@@ -2,6 +2,7 @@
 
 #include "position/check_result.h"
 #include "position/flex_grid.h"
+#include "position/grid_editor.h"
 #include "position/posi_check.h"
 #include "position/stroke_check.h"
 #include "transfer_fixture.h"
@@ -146,6 +147,7 @@ TEST_F(WriteTest, AControllerThatMovesOrAnswersNothingIsNotWrittenTo) {
          "0RD6"},
         {"0CM1:1:silence", {kTimeout}, "0CM1"},
         {"0RD0:2+:silence", {}, "0RD0"},
+        {"0RD0:2:reply=0RD00000000000000B000000000000000000", {}, "0RD0"}, // other axes by now
         {"0RDC:3:reply=0RDC000800C002ZZ12C03D4600C800000000", {kWrongData}, "0RDC"},
     };
     showRows(1, 3);
@@ -201,6 +203,7 @@ TEST_F(WriteTest, OtherAxesOrDevicesStopTheWrite) {
 TEST_F(WriteTest, PositionsBeyondTheControllersStrokeAreListed) {
     DevSetting[0].MaxPulse = 20000;
     showRows(1, 9);
+    type(1, kPosi, "20000"); // the end itself is not too far
     type(2, kPosi, "20001");
     type(4, 15, "4801");
     expectWriteOf(1, 9);
@@ -265,6 +268,24 @@ TEST_F(WriteTest, TheEndOfTheModeIsTriedSixTimesAndTheEndIsTold) {
     WriteToCt();
     EXPECT_EQ(std::count(platform.sent.begin(), platform.sent.end(), "0CM00"), 6);
     expectCommandsBack();
+}
+
+TEST_F(WriteTest, ThePollIsHeldAndAnEditInProgressIsDropped) {
+    showRows(1, 2);
+    GoToCell(2, 1);
+    ASSERT_TRUE(StartEdit());
+    SetEditText("1");
+    AlarmFlag = kSet;
+    SetInterval(Timer1, 1);
+    EnableTimer(Timer1);
+    expectWriteOf(1, 2);
+    platform.expectBox(kDone);
+    WriteToCt();
+    DisableTimer(Timer1);
+    EXPECT_EQ(platform.sent.front(), "0RA");
+    EXPECT_FALSE(flgdData().edit.open);
+    EXPECT_EQ(cell(1, kVel), "30");
+    EXPECT_EQ(flgdData().rows[2].colour[1], CellColour::Window);
 }
 
 TEST_F(WriteTest, AWriteCantBeCancelled) {
@@ -350,6 +371,7 @@ TEST_F(WriteTest, TheReplyOfTheRowBeforeStopsTheRun) {
     expectWriteOf(1, 20);
     platform.expectBox(kWrongData);
     WriteToCt();
+    EXPECT_EQ(CommErrorFlag, kSet);
     EXPECT_EQ(line.controller.count("0WP"), 7);
     expectCommandsBack();
 }
