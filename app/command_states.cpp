@@ -110,6 +110,7 @@ std::bitset<kCommands> enabledStates;
 std::bitset<kCommands> builtCommands;
 bool batchRuns = false;
 int takenAway = 0; ///< `CommandsAway` objects that live
+int editTakenAway = 0;
 
 std::size_t IndexOf(Command command) {
     return static_cast<std::size_t>(command);
@@ -253,10 +254,12 @@ CommandsAway::~CommandsAway() {
 }
 
 EditCommandsAway::EditCommandsAway() : before(enabledStates) {
+    ++editTakenAway;
     EditCMD_Muko();
 }
 
 EditCommandsAway::~EditCommandsAway() {
+    --editTakenAway;
     const auto putBack = [this](const auto& list) {
         for (const Command command : list) {
             enabledStates.set(IndexOf(command), before.test(IndexOf(command)));
@@ -269,12 +272,17 @@ EditCommandsAway::~EditCommandsAway() {
     Tell();
 }
 
+bool CommandsTaken() {
+    return takenAway > 0 || editTakenAway > 0;
+}
+
 void ResetCommandStates() {
     LineCopiedFlag = kClear;
     CellCopiedFlag = kClear;
     enabledStates.set();
     builtCommands.reset();
     takenAway = 0;
+    editTakenAway = 0;
     CMDBTN_Muko();
     ToolBar_Muko();
     Menyu_Muko();

@@ -149,6 +149,9 @@ private:
     std::bitset<kCommands> before;
 };
 
+/// True while an object of either kind lives.
+bool CommandsTaken();
+
 /// The state at load: every command of the routines above is off until start-up ends.
 void ResetCommandStates();
 

@@ -141,11 +141,11 @@ std::int16_t OpenCtPort() {
         if (PortNo < 1 || PortNo > 9) {
             PortNo = StoredPortNo();
         }
-        if (PortNo < 1 || PortNo > 9) {
-            return 1;
-        }
         SerialControl& port = MSComm1();
         if (!port.PortOpen()) {
+            if (PortNo < 1 || PortNo > 9) {
+                return 1;
+            }
             port.SetCommPort(PortNo);
             port.SetPortOpen(true);
             // The control takes line settings only while the port is open.
@@ -160,9 +160,10 @@ std::int16_t OpenCtPort() {
 }
 
 std::int16_t OpenCtPortWithTries() {
-    RetryCount = 0;
-    while (OpenCtPort() != 0) {
-        if (++RetryCount > kRetries) {
+    // Counted here: what runs out of the pause has tries of its own.
+    for (std::int16_t failed = 1; OpenCtPort() != 0; ++failed) {
+        RetryCount = failed;
+        if (failed > kRetries) {
             return 1;
         }
         MsecTimer(kRetryPauseMs);

@@ -99,17 +99,15 @@ std::int16_t SendCtCommand(const std::string& word, std::int16_t length,
 /// Never sends twice: for what acts on the machine or is timed by the user.
 std::int16_t SendCtCommandOnce(const std::string& word, std::int16_t length,
                                const std::string& data = {});
-/// Never sends twice and shows no box: for background traffic. If a user command took the line over
-/// while this one waited, the result is 1 and everything stays as that command left it.
+/// Never sends twice and shows no box: for background traffic that begins on line. If a command of
+/// the user took the line over or went off line while this one waited, the result is 1 and
+/// everything stays as that command left it.
 std::int16_t SendCtCommandQuiet(const std::string& word, std::int16_t length,
                                 const std::string& data = {});
 /// True while a quiet exchange has the line and nothing more is to come for it. A command that
 /// starts out of the wait of that exchange can't wait for `CtBusyFlag`: the exchange goes on only
 /// when the command has returned. It takes the line instead.
 bool LineCanBeTakenOver();
-/// Ends a quiet exchange that waits below on the stack: its result is 1, and nothing of it counts
-/// any more. For the user who goes off line meanwhile.
-void EndQuietExchange();
 /// True while an exchange waits for its reply. It then decides itself what the user hears of it.
 bool ExchangeWaitsForReply();
 

@@ -19,8 +19,10 @@ namespace {
 int pollHolders = 0;
 
 bool PollIsDue() {
-    return pollHolders == 0 && !IsSet(OffLineFlag) && !IsSet(AlarmNotResettableFlag) &&
-           IsSet(AlarmFlag) && !IsSet(CtBusyFlag);
+    // While a command has the commands, the poll would run on top of its dialogs, and a wait of the
+    // poll would keep the command from ending.
+    return pollHolders == 0 && !CommandsTaken() && !IsSet(OffLineFlag) &&
+           !IsSet(AlarmNotResettableFlag) && IsSet(AlarmFlag) && !IsSet(CtBusyFlag);
 }
 
 /// A poll that fails leaves the line as the exchange left it: on line with the alarm still
@@ -67,7 +69,6 @@ void ResetAlarm() {
 void AskOffline() {
     const EditCommandsAway away;
     if (AskBox(ResText(432), BoxButtons::OkCancel) == BoxAnswer::Ok) {
-        EndQuietExchange();
         CloseCtPortForce();
         SetOfflineState();
     }

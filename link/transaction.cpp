@@ -28,23 +28,23 @@ struct Progress {
 };
 Progress progress;
 
-/// Thrown out of a wait of a quiet exchange in which another exchange has run: what stands in the
-/// reply variables now is no answer to this one.
+/// Thrown out of a wait of a quiet exchange that no longer counts.
 struct Overtaken {};
+
+/// A command of the user runs inside the waits of background traffic. When it has sent something,
+/// what stands in the reply variables is no answer to this exchange; when it went off line, a late
+/// answer must not bring the program back.
+void CheckStillCounts(int number) {
+    if (progress.number != number || (progress.quiet && IsSet(OffLineFlag))) {
+        throw Overtaken{};
+    }
+}
 
 bool OpenPort() {
     const int number = progress.number;
     progress.waitsForPort = true;
     const bool open = OpenCtPortWithTries() == 0;
-    if (progress.number != number) {
-        // What ran in between may have ended off line with the port closed for good.
-        if (IsSet(OffLineFlag)) {
-            CloseCtPortForce();
-        } else {
-            CloseCtPort();
-        }
-        throw Overtaken{};
-    }
+    CheckStillCounts(number);
     progress.waitsForPort = false;
     return open;
 }
@@ -54,12 +54,24 @@ template<typename Condition> void PumpUntil(Condition condition) {
     progress.waitsForReply = true;
     while (!condition()) {
         PumpEvents();
-        if (progress.number != number) {
-            throw Overtaken{};
-        }
+        CheckStillCounts(number);
     }
     progress.waitsForReply = false;
     DisableTimer(timerTimeout);
+}
+
+/// The end of a quiet exchange that no longer counts. Its port stays open only if it may.
+void EndOvertaken(int number) {
+    if (progress.number == number) {
+        DisableTimer(timerTimeout);
+        progress.waitsForPort = progress.waitsForReply = false;
+    }
+    if (IsSet(OffLineFlag)) {
+        CloseCtPortForce();
+        SetOfflineState();
+    } else {
+        CloseCtPort();
+    }
 }
 
 /// Arms the time limit and sends a frame; the wait is the caller's.
@@ -167,16 +179,16 @@ std::int16_t Exchange(const std::string& word, std::int16_t length, const std::s
         return 1;
     }
     const std::string frame = word + data;
-    RetryCount = 0;
-    while (true) {
+    // Counted here: a file that is tried again out of this wait uses the shared counter.
+    for (std::int16_t resends = 0;; ++resends) {
+        RetryCount = resends;
         CommErrorFlag = kClear;
         Send(frame);
         WaitForReply();
         if (!IsSet(TimeoutFlag)) {
             break;
         }
-        ++RetryCount;
-        if (manner != Manner::Resend || RetryCount > kRetries) {
+        if (manner != Manner::Resend || resends == kRetries) {
             FailTimeout(manner);
             return 1;
         }
@@ -202,9 +214,11 @@ std::int16_t Exchange(const std::string& word, std::int16_t length, const std::s
 std::int16_t ExchangeGuarded(const std::string& word, std::int16_t length, const std::string& data,
                              Manner manner) {
     progress = {progress.number + 1, manner == Manner::Quiet, false, false};
+    const int number = progress.number;
     try {
         return Exchange(word, length, data, manner);
     } catch (const Overtaken&) {
+        EndOvertaken(number);
         return 1;
     } catch (const std::exception&) {
         DisableTimer(timerTimeout);
@@ -218,13 +232,6 @@ std::int16_t ExchangeGuarded(const std::string& word, std::int16_t length, const
 }
 
 } // namespace
-
-void EndQuietExchange() {
-    if (progress.quiet && (progress.waitsForPort || progress.waitsForReply)) {
-        DisableTimer(timerTimeout);
-        ++progress.number;
-    }
-}
 
 bool ExchangeWaitsForReply() {
     return progress.waitsForReply;

@@ -1,8 +1,9 @@
 #include "platform/cp932_text.h"
 
+#include "platform/fault.h"
+
 #include <cerrno>
 #include <iconv.h>
-#include <stdexcept>
 
 namespace qdw8 {
 namespace {
@@ -22,7 +23,7 @@ std::string Convert(const char* to, const char* from, std::string_view text, boo
     const iconv_t converter = iconv_open(to, from);
     // NOLINTNEXTLINE(performance-no-int-to-ptr): the C library's own sign of failure
     if (converter == reinterpret_cast<iconv_t>(-1)) {
-        throw std::runtime_error("the system has no conversion for the Japanese code page");
+        throw Fault("the system has no conversion for the Japanese code page");
     }
     std::string input(text);
     std::string result;

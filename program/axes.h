@@ -2,12 +2,16 @@
 
 namespace qdw8 {
 
-/// After the axes in use changed by what the controller says: an axis that came into use and of
-/// which nothing is known brings its actuator along from the controller, or goes out of use again;
-/// then the axis texts, colours and scale are painted anew. The port must be open.
-void TakeOverAxes();
+/// Repaints what follows from the axes in use and their devices: heads, colours, scale.
+void RepaintAxes();
 
-/// Takes the axes out of use for which nothing gives a lead: they could convert nothing.
-void TakeOutAxesWithoutLead();
+/// `mnuFuncGetAxis`: reads, shows and takes over the axes that the controller uses. An axis that
+/// comes into use and of which nothing is known brings its actuator along from the controller; if
+/// it can't, the user is told and it goes out of use again. Devices that are known stay as they are.
+void CheckAxes_Click();
+
+/// Takes the axes out of use for which nothing gives a lead: they could convert nothing. True if
+/// there were any.
+bool TakeOutAxesWithoutLead();
 
 } // namespace qdw8

@@ -1,9 +1,18 @@
 #include "program/commands.h"
 
 #include "app/screens.h"
+#include "devicechange/change_device.h"
 #include "link/supervision.h"
+#include "platform/platform.h"
+#include "position/grid_clipboard.h"
+#include "position/grid_lines.h"
 #include "position/posi_file.h"
+#include "position/posi_new.h"
+#include "position/posi_open.h"
 #include "position/posi_transfer.h"
+#include "position/posi_verify.h"
+#include "position/posi_write.h"
+#include "program/axes.h"
 
 #include <algorithm>
 #include <array>
@@ -22,6 +31,12 @@ void CloseMainWindow() {
     Screens().frmMainClose();
 }
 
+/// The printer dialog for the page set-up; what was chosen stands when something is printed.
+void PageSetup() {
+    constexpr int kPageSetup = 64;
+    ThePlatform().CommonDialog1.ShowPrinter({kPageSetup, 1});
+}
+
 /// A menu has no routine of its own.
 void NoRoutine() {}
 
@@ -33,11 +48,41 @@ constexpr std::array kEntries{
     Entry{mnuFileSave, SavePosiFile},
     Entry{tbSave, SavePosiFile},
     Entry{mnuFileSaveAs, SavePosiFileAs},
+    Entry{mnuFileNew, mnuFileNew_Click},
+    Entry{tbNew, mnuFileNew_Click},
+    Entry{cmdPosiFileOpen, OpenPosiFile},
+    Entry{mnuFileOpen, OpenPosiFile},
+    Entry{tbOpen, OpenPosiFile},
+    Entry{cmdPosiLoad, WriteToCt},
+    Entry{mnuFileLoadtoCt, WriteToCt},
+    Entry{tbLoad, WriteToCt},
+    Entry{cmdPosiVerify, VerifyChoose},
+    Entry{tbShogo, VerifyChoose},
+    Entry{mnuFileShogo, NoRoutine},
+    Entry{mnuFileShogoFile, PosiDataFileShogo2},
+    Entry{mnuFileShogoCt, PosiDataCtShogo},
+    Entry{cmdInsertLine, InsertLine_Click},
+    Entry{mnuEditGyoInsert, InsertLine_Click},
+    Entry{cmdDeleteLine, DeleteLine_Click},
+    Entry{mnuEditGyoDelete, DeleteLine_Click},
+    Entry{mnuEditLineCopy, mnuEditLineCopy_Click},
+    Entry{tbLineCopy, mnuEditLineCopy_Click},
+    Entry{mnuEditLinePaste, mnuEditLinePaste_Click},
+    Entry{tbLinePaste, mnuEditLinePaste_Click},
+    Entry{mnuEditCellCopy, mnuEditCellCopy_Click},
+    Entry{tbCellCopy, mnuEditCellCopy_Click},
+    Entry{mnuEditCellPaste, mnuEditCellPaste_Click},
+    Entry{tbCellPaste, mnuEditCellPaste_Click},
+    Entry{mnuFilePageSetup, PageSetup},
+    Entry{mnuFileClose, mnuFileClose_Click},
     Entry{mnuFileExit, CloseMainWindow},
+    Entry{cmdChangeDev, cmdChangeDev_Click},
+    Entry{mnuSettingsDeviceOffline, mnuSettingsDeviceOffline_Click},
+    Entry{mnuSettingsDeviceOnline, mnuSettingsDeviceOnline_Click},
     Entry{cmdReset, cmdReset_Click},
     Entry{mnuFuncAlmReset, cmdReset_Click},
     Entry{mnuFuncCtversion, mnuFuncCtversion_Click},
-    Entry{mnuFuncGetAxis, mnuFuncGetAxis_Click},
+    Entry{mnuFuncGetAxis, CheckAxes_Click},
     Entry{mnuSettingsOffline, mnuSettingsOffline_Click},
     Entry{mnuEdit, NoRoutine},
     Entry{mnuView, NoRoutine},
@@ -54,12 +99,9 @@ void RegisterCommands() {
 }
 
 void RunCommand(Command command) {
-    if (IsEnabled(command)) {
-        RunInAnyCase(command);
+    if (!IsEnabled(command)) {
+        return;
     }
-}
-
-void RunInAnyCase(Command command) {
     const auto* entry = std::find_if(kEntries.begin(), kEntries.end(),
                                      [command](const Entry& e) { return e.command == command; });
     if (entry != kEntries.end()) {

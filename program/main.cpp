@@ -1,4 +1,3 @@
-#include "app/Module1.h"
 #include "platform/qt/qt_platform.h"
 #include "program/startup.h"
 #include "program/wiring.h"

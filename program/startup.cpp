@@ -14,10 +14,14 @@
 #include "device/controller_device.h"
 #include "device/device_list.h"
 #include "device/device_settings.h"
+#include "devicechange/change_device.h"
+#include "devicechange/detail_edit.h"
+#include "devicechange/file_steps.h"
 #include "link/Module3Tusin.h"
 #include "link/axis_mask.h"
 #include "link/ct_commands.h"
 #include "parameter/device_bytes.h"
+#include "parameter/para_reset.h"
 #include "platform/fault.h"
 #include "platform/platform.h"
 #include "position/grid_display.h"
@@ -134,11 +138,12 @@ bool AskController() {
         BeginTalk, IsRightController, [] { return ReadAxisMask() == 0; },
         [] { return ReadDeviceBytes() == 0 && TakeDeviceBytes(); }};
     for (std::size_t done = 0; done < steps.size(); ++done) {
-        if (IsSet(OffLineFlag) && done > 0) {
+        if (done > 0 && IsSet(OffLineFlag)) {
+            LeaveLine(); // the line was given up in between
             break;
         }
         if (!steps[done]()) {
-            LeaveLine();
+            done + 1 < steps.size() ? LeaveLine() : SetOfflineState();
             break;
         }
         SetTranceValue(static_cast<int>(done) + 1);
@@ -146,12 +151,6 @@ bool AskController() {
     UnloadTrance();
     CloseCtPort();
     return !IsSet(OffLineFlag);
-}
-
-void ShowAxes() {
-    ShowAxisDevices();
-    DispAxisData();
-    ShowUnitScale();
 }
 
 /// The user says what is fitted; there is no way out of the choice but an answer.
@@ -162,9 +161,9 @@ void ChooseDevices() {
     };
     {
         const Choosing choosing;
-        RunInAnyCase(Command::cmdChangeDev);
+        cmdChangeDev_Click();
     }
-    ShowAxes();
+    RepaintAxes();
 }
 
 /// Off line: the devices come from the settings, and the user may choose others.
@@ -203,19 +202,22 @@ void StartRun() {
         ChooseDevices();
         return;
     }
-    ShowAxes();
+    RepaintAxes();
     UnloadProcessing();
 }
 
-/// Gives the commands back on every way out of start-up.
-struct CommandsBack {
-    ~CommandsBack() {
-        CMDBTN_Yuko();
-        ToolBar_Yuko();
-        Menyu_Yuko();
-        EditCMD_Muko();
+/// The main window and the run's first steps; every failure ends off line with the window usable.
+void LoadAndStart() {
+    try {
+        frmMain_Load();
+        StartRun();
+    } catch (const std::exception&) {
+        UnloadTrance();
+        LeaveLine();
+        ShowTexts({397});
+        StartOffLine();
     }
-};
+}
 
 } // namespace
 
@@ -226,7 +228,11 @@ void InitTables() {
     ResetTransferDialog();
     ResetModule3Tusin();
     ResetDevices();
+    ResetDeviceList();
+    ResetParameters();
     ResetPositions();
+    ResetDetailEdit();
+    InstallDeviceChangeSteps();
 }
 
 void Main() {
@@ -237,16 +243,15 @@ void Main() {
         Screens().languageSettled();
     }
     RegisterCommands();
-    const CommandsBack back;
-    try {
-        frmMain_Load();
-        StartRun();
-    } catch (const std::exception&) {
-        UnloadTrance();
-        LeaveLine();
-        ShowTexts({397});
-        TakeOutAxesWithoutLead();
+    {
+        const CommandsAway away;
+        try {
+            LoadAndStart();
+        } catch (const std::exception&) {
+            TakeOutAxesWithoutLead();
+        }
     }
+    EditCMD_Muko();
 }
 
 void frmMain_Load() {

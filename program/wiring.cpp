@@ -8,10 +8,14 @@
 #include "program/axes.h"
 #include "program/commands.h"
 #include "program/shutdown.h"
+#include "windows/frmDataShogo.h"
+#include "windows/frmDevice2.h"
+#include "windows/frmDevice3.h"
 #include "windows/frmMain.h"
 #include "windows/frmProcessing.h"
 #include "windows/frmSelectPosiNo2.h"
 #include "windows/frmSelectPosiNo3.h"
+#include "windows/frmSelectPosiNo4.h"
 #include "windows/frmSelection.h"
 #include "windows/frmSplash.h"
 #include "windows/frmSyogoKekka.h"
@@ -95,7 +99,7 @@ void WireScreens() {
     screens.flgdDataFocus = Tell(&Windows::main, &frmMain::focusGrid);
     screens.frmTrance = Tell(&Windows::trance, &frmTrance::showState);
     screens.frmProcessing = Tell(&Windows::processing, &frmProcessing::showState);
-    screens.frmMainAxes = TakeOverAxes;
+    screens.frmMainAxes = RepaintAxes;
     screens.languageSettled = DressForLanguage;
     screens.frmMainShow = ShowMain;
     screens.frmMainClose = [] { TheWindows().main->close(); };
@@ -107,8 +111,12 @@ void WireScreens() {
     screens.frmSelection = [](const SelectionQuestion& question) {
         return AskSelection(Parent(), question);
     };
+    screens.frmDevice2 = [] { ShowDevice2(Parent()); };
+    screens.frmDevice3 = [] { ShowDevice3(Parent()); };
     screens.frmSelectPosiNo2 = [] { ShowSelectPosiNo2(Parent()); };
     screens.frmSelectPosiNo3 = [] { ShowSelectPosiNo3(Parent()); };
+    screens.frmSelectPosiNo4 = [](bool overlap) { ShowSelectPosiNo4(Parent(), overlap); };
+    screens.frmDataShogo = [] { return AskDataShogo(Parent()); };
     screens.frmSyogoKekka = [] { ShowSyogoKekka(Parent()); };
 }
 

@@ -1,5 +1,7 @@
 #include "windows/frmMain.h"
 
+#include "position/grid_clipboard.h"
+#include "position/grid_editor.h"
 #include "windows/icons.h"
 #include "windows/labels.h"
 #include "windows/load_form_resources.h"
@@ -7,9 +9,11 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QScreen>
@@ -42,13 +46,7 @@ frmMain::frmMain(MainWindowEvents handlers) : events(std::move(handlers)) {
     BuildMenus(*this, controls, routine);
     toolBar = BuildToolBar(*this, controls, routine);
 
-    grid = new GridView(
-        [this](int row, int column, int rowSel, int columnSel) {
-            if (events.rowColChange) {
-                events.rowColChange(row, column, rowSel, columnSel);
-            }
-        },
-        this);
+    grid = new GridView({events.rowColChange, routine}, this);
 
     auto* middle = new QWidget(this);
     auto* layout = new QVBoxLayout(middle);
@@ -64,6 +62,10 @@ frmMain::frmMain(MainWindowEvents handlers) : events(std::move(handlers)) {
     SetBuilt(mnuViewToolBar);
     SetBuilt(mnuViewStatusBar);
     showCommands();
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, [this] {
+        clipboardChanged = true;
+        lookAtClipboard();
+    });
 }
 
 QAbstractButton* frmMain::button(QWidget& parent, Command command, std::int16_t tag,
@@ -245,8 +247,8 @@ void frmMain::setTabOrders() {
 void frmMain::loadResources() {
     LoadFormResources(*this);
     // The menu entries' texts without their marks, "ToolBar(&T)".
-    toolBar->setAccessibleName(TextOf(271).section(QLatin1Char('('), 0, 0));
-    statusBar()->setAccessibleName(TextOf(272).section(QLatin1Char('('), 0, 0));
+    toolBar->setAccessibleName(ResQText(271).section(QLatin1Char('('), 0, 0));
+    statusBar()->setAccessibleName(ResQText(272).section(QLatin1Char('('), 0, 0));
     grid->loadResources();
     loaded = false;
     showPanel();
@@ -261,9 +263,9 @@ void frmMain::showSized(bool small) {
     show();
 }
 
-void frmMain::showLamp(const Lamp& lamp, bool on) {
+void frmMain::showLamp(const Lamp& lamp, bool on, const QString& state) {
     lamp.coloured->setVisible(on);
-    const QString name = lamp.caption->text() + QLatin1String(on ? ": ON" : ": OFF");
+    const QString name = lamp.caption->text() + QLatin1String(": ") + state;
     lamp.coloured->setAccessibleName(name);
     lamp.white->setAccessibleName(name);
 }
@@ -273,20 +275,23 @@ void frmMain::showPanel() {
     if (loaded && panel == shown) {
         return;
     }
-    showLamp(lamps[0], panel.imgPortGreen);
-    showLamp(lamps[1], panel.imgGreenLedOnline);
-    showLamp(lamps[2], panel.imgHomeGreen);
-    showLamp(lamps[3], panel.imgAlarmLed);
+    // What a screen reader says of a lamp; "ON" and "OFF" stand on machines in both languages.
+    const auto onOff = [](bool on) { return QLatin1String(on ? "ON" : "OFF"); };
+    const QString line = ResQText(panel.imgGreenLedOnline ? 293 : 294);
+    showLamp(lamps[0], panel.imgPortGreen, onOff(panel.imgPortGreen));
+    showLamp(lamps[1], panel.imgGreenLedOnline, line);
+    showLamp(lamps[2], panel.imgHomeGreen, onOff(panel.imgHomeGreen));
+    showLamp(lamps[3], panel.imgAlarmLed, onOff(panel.imgAlarmLed));
     const auto text = [](const std::string& utf8) { return QString::fromStdString(utf8); };
-    alarmNo->setValue(TextOf(214), text(panel.lblAlarmNo));
+    alarmNo->setValue(ResQText(214), text(panel.lblAlarmNo));
     alarmText->setText(text(panel.lblErrorComment));
     alarmText->setToolTip(text(panel.lblErrorComment));
-    fileName->setValue(TextOf(212), text(panel.lblFileName));
+    fileName->setValue(ResQText(212), text(panel.lblFileName));
     for (std::size_t axis = 0; axis < deviceTypes.size(); ++axis) {
-        deviceTypes[axis]->setValue(TextOf(static_cast<std::int16_t>(220 + axis)),
+        deviceTypes[axis]->setValue(ResQText(static_cast<std::int16_t>(220 + axis)),
                                     text(panel.lblDeviceType[axis]));
     }
-    statusPanels[0]->setValue({}, TextOf(panel.imgGreenLedOnline ? 293 : 294));
+    statusPanels[0]->setValue({}, line);
     statusPanels[1]->setValue({}, text(panel.scale[0]));
     statusPanels[2]->setValue({}, text(panel.scale[1]));
     grid->refreshHeads();
@@ -306,12 +311,28 @@ void frmMain::focusGrid() {
     grid->setFocus(Qt::OtherFocusReason);
 }
 
+void frmMain::lookAtClipboard() {
+    // While the user works elsewhere, nobody here needs what other programs exchange.
+    if (clipboardChanged && isActiveWindow()) {
+        clipboardChanged = false;
+        ClipboardChanged();
+    }
+}
+
+void frmMain::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange) {
+        lookAtClipboard();
+    }
+}
+
 void frmMain::chosen(Command command) {
     const auto ticked = [this, command] {
         return controls.actions[static_cast<std::size_t>(command)]->isChecked();
     };
-    // What may be used can have changed since the window was last told.
-    if (!IsEnabled(command)) {
+    // What may be used can have changed since the window was last told. A cell being edited belongs
+    // to the data that the command works on; a text that is rejected comes first.
+    if (!IsEnabled(command) || !grid->finishInput()) {
         return;
     }
     if (command == mnuViewToolBar) {
@@ -324,6 +345,10 @@ void frmMain::chosen(Command command) {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
+    // A text that is rejected must not keep the window open for good: the cell keeps its old one.
+    if (!grid->finishInput()) {
+        CancelEdit();
+    }
     if (events.queryUnload && !events.queryUnload()) {
         event->ignore();
         return;

@@ -47,6 +47,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     /// A pair of pictures at one place: the coloured one is shown or hidden over the white one.
@@ -68,8 +69,9 @@ private:
     QLabel* label(QWidget& parent, const char* name, std::int16_t tag);
     Lamp makeLamp(QWidget& parent, const char* coloured, const char* white, int drawing,
                   std::int16_t tag, std::int16_t toolTipText);
-    static void showLamp(const Lamp& lamp, bool on);
+    static void showLamp(const Lamp& lamp, bool on, const QString& state);
     void chosen(Command command);
+    void lookAtClipboard();
 
     MainWindowEvents events;
     CommandControls controls;
@@ -81,8 +83,9 @@ private:
     FieldLabel* fileName = nullptr;
     std::array<FieldLabel*, kAxes> deviceTypes{};
     std::array<FieldLabel*, 3> statusPanels{};
-    MainPanel shown;     ///< what stands on the screen, so that only changes are painted
-    bool loaded = false; ///< the panel has been shown once
+    MainPanel shown;              ///< what stands on the screen, so that only changes are painted
+    bool loaded = false;          ///< the panel has been shown once
+    bool clipboardChanged = true; ///< since the paste commands were last set by it
 };
 
 } // namespace qdw8

@@ -50,7 +50,7 @@ frmSelection::frmSelection(const SelectionQuestion& question, QWidget* parent)
     layout->addSpacing(kSpacing / 2);
 
     for (const std::string& choice : question.choices) {
-        auto* option = new QRadioButton(Broken(WithoutMnemonics(choice), font(), width), this);
+        auto* option = new QRadioButton(Broken(EscapedMnemonics(choice), font(), width), this);
         option->setObjectName(QStringLiteral("optSelectKomoku(%1)").arg(options.size()));
         option->setAccessibleName(QString::fromStdString(choice));
         options.push_back(option);

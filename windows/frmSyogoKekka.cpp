@@ -41,19 +41,19 @@ bool IsOff(int column) {
 
 QString Label(int column) {
     if (column == 0) {
-        return TextOf(248);
+        return ResQText(248);
     }
     const int axis = AxisOfColumn(column);
     if (axis < 0) {
-        return TextOf(static_cast<std::int16_t>(231 + column - 1 - kItpl));
+        return ResQText(static_cast<std::int16_t>(231 + column - 1 - kItpl));
     }
     const int item = (column - 1) % kAxisColumns;
-    return TextOf(static_cast<std::int16_t>(225 + item)) + QString::number(axis + 1);
+    return ResQText(static_cast<std::int16_t>(225 + item)) + QString::number(axis + 1);
 }
 
 QString Group(int column) {
     const int axis = AxisOfColumn(column);
-    return TextOf(static_cast<std::int16_t>(axis < 0 ? 224 : 220 + axis));
+    return ResQText(static_cast<std::int16_t>(axis < 0 ? 224 : 220 + axis));
 }
 
 class ResultModel : public QAbstractTableModel {

@@ -29,7 +29,9 @@ frmTrance::frmTrance(QWidget* parent)
     text->setTextFormat(Qt::PlainText);
     text->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * kWidthCharacters);
     bar->setObjectName(QStringLiteral("prgBar1"));
-    bar->setTextVisible(false);
+    bar->setTextVisible(true);
+    bar->setFormat(QStringLiteral("%v"));
+    bar->setAlignment(Qt::AlignCenter);
     cancel->setObjectName(QStringLiteral("cmdTranceCancel"));
     cancel->setAutoDefault(false);
     SetNumbers(*cancel, 1404);

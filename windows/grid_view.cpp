@@ -1,13 +1,18 @@
 #include "windows/grid_view.h"
 
-#include "position/flex_grid.h"
+#include "position/grid_editor.h"
 #include "position/posi_table.h"
+#include "windows/cell_editor.h"
+#include "windows/grid_delegate.h"
+#include "windows/grid_model.h"
 #include "windows/group_header.h"
 #include "windows/texts.h"
 
 #include <QAbstractButton>
-#include <QColor>
+#include <QApplication>
 #include <QHeaderView>
+#include <QInputMethod>
+#include <QInputMethodEvent>
 #include <QItemSelection>
 #include <QKeyEvent>
 #include <QLabel>
@@ -27,39 +32,17 @@ constexpr int kCellPadding = 6;
 // Width of the comment, in digits.
 constexpr int kLeastComment = 14;
 constexpr int kFullComment = 60;
-bool Exists(int gridRow) {
-    return gridRow >= 0 && static_cast<std::size_t>(gridRow) < flgdData().rows.size();
-}
+/// More changed cells than this are other data, not an edit.
+constexpr int kManyCells = 100;
 
-QString CellText(int gridRow, int gridColumn) {
-    // While the grid is frozen it may have fewer rows than the view knows of.
-    return Exists(gridRow) ? QString::fromStdString(GridText(gridRow, gridColumn)) : QString();
-}
-
-CellColour ColourOf(int gridRow, int gridColumn) {
-    return Exists(gridRow) ? flgdData()
-                                 .rows[static_cast<std::size_t>(gridRow)]
-                                 .colour[static_cast<std::size_t>(gridColumn)]
-                           : CellColour::Window;
-}
-
-/// The four numbers that tell a selection: the current cell and the other end.
-struct Selected {
-    int row = 0;
-    int col = 0;
-    int rowSel = 0;
-    int colSel = 0;
-    bool operator==(const Selected&) const = default;
-};
-
-Selected InUnit() {
+GridSelection InUnit() {
     const FlexGrid& grid = flgdData();
     return {grid.row, grid.col, grid.rowSel, grid.colSel};
 }
 
 /// What the user has selected. The view's current cell is the end that moves; the unit's current
 /// cell is where the selection began. A whole line counts from its first column.
-Selected InView(const QItemSelectionModel& selection) {
+GridSelection InView(const QItemSelectionModel& selection) {
     const QModelIndex moving = selection.currentIndex();
     const QItemSelection ranges = selection.selection();
     if (!moving.isValid() || ranges.isEmpty() || !ranges.contains(moving)) {
@@ -77,100 +60,12 @@ Selected InView(const QItemSelectionModel& selection) {
 
 } // namespace
 
-GridModel::GridModel(QObject* parent)
-    : QAbstractTableModel(parent), groupHeads(kBodyColumns), labels(kBodyColumns) {}
-
-int GridModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : shownRows;
-}
-
-int GridModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : kBodyColumns;
-}
-
-QVariant GridModel::data(const QModelIndex& index, int role) const {
-    const int row = index.row() + kGridHeadRows;
-    const int column = index.column() + 1;
-    switch (role) {
-    case Qt::DisplayRole: return CellText(row, column);
-    case Qt::TextAlignmentRole:
-        return QVariant::fromValue(Qt::AlignVCenter |
-                                   (column == kGridCommentColumn ? Qt::AlignLeft : Qt::AlignRight));
-    case Qt::BackgroundRole:
-    case Qt::ForegroundRole: {
-        const CellColour colour = ColourOf(row, column);
-        if (colour == CellColour::Window) {
-            return {};
-        }
-        const Rgb rgb = RgbOf(colour);
-        // The fixed colours are all light, so the text on them is dark on every palette.
-        return role == Qt::BackgroundRole ? QColor(rgb.red, rgb.green, rgb.blue)
-                                          : QColor(Qt::black);
-    }
-    default: return {};
-    }
-}
-
-QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation == Qt::Vertical) {
-        switch (role) {
-        case Qt::DisplayRole: return CellText(section + kGridHeadRows, 0);
-        case Qt::TextAlignmentRole: return Qt::AlignCenter;
-        default: return {};
-        }
-    }
-    if (section < 0 || section >= kBodyColumns) {
-        return {};
-    }
-    switch (role) {
-    case Qt::DisplayRole: return labels[section];
-    case GroupHeader::kGroupRole:
-    case Qt::ToolTipRole: return groupHeads[section];
-    default: return {};
-    }
-}
-
-void GridModel::refresh() {
-    const int rows = static_cast<int>(flgdData().rows.size()) - kGridHeadRows;
-    if (rows > shownRows) {
-        beginInsertRows({}, shownRows, rows - 1);
-        shownRows = rows;
-        endInsertRows();
-    } else if (rows < shownRows) {
-        beginRemoveRows({}, rows, shownRows - 1);
-        shownRows = rows;
-        endRemoveRows();
-    }
-    if (shownRows > 0) {
-        emit dataChanged(index(0, 0), index(shownRows - 1, kBodyColumns - 1));
-        emit headerDataChanged(Qt::Vertical, 0, shownRows - 1);
-    }
-}
-
-bool GridModel::refreshHeads() {
-    bool headsChanged = false;
-    const auto take = [&headsChanged](QString& held, const std::string& head) {
-        const QString text = QString::fromStdString(head);
-        if (held != text) {
-            held = text;
-            headsChanged = true;
-        }
-    };
-    for (int column = 0; column < kBodyColumns; ++column) {
-        take(groupHeads[column], GridHead(0, column + 1));
-        take(labels[column], GridHead(1, column + 1));
-    }
-    if (headsChanged) {
-        emit headerDataChanged(Qt::Horizontal, 0, kBodyColumns - 1);
-    }
-    return headsChanged;
-}
-
-GridView::GridView(RowColChange rowColChange, QWidget* parent)
+GridView::GridView(Events handlers, QWidget* parent)
     : QTableView(parent), cells(new GridModel(this)), corner(new QLabel(this)),
-      moved(std::move(rowColChange)) {
+      events(std::move(handlers)) {
     setObjectName(QStringLiteral("flgdData"));
     setModel(cells);
+    setItemDelegate(new GridDelegate(this));
     setHorizontalHeader(new GroupHeader({{0, 3}, {4, 7}, {8, 11}, {12, 15}, {16, 19}}, this));
     setSelectionMode(QAbstractItemView::ContiguousSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -190,18 +85,27 @@ GridView::GridView(RowColChange rowColChange, QWidget* parent)
         inside->addWidget(corner);
     }
 
+    editor = new CellEditor({[this](QKeyEvent& key) { keyPressEvent(&key); },
+                             [this](bool next) { focusNextPrevChild(next); }},
+                            viewport());
+
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { selectionMoved(); });
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this] { selectionMoved(); });
     moveSoon.setSingleShot(true);
     connect(&moveSoon, &QTimer::timeout, this, [this] { handBack(); });
+    // A click on a head selects lines or columns, past the grid itself.
+    verticalHeader()->viewport()->installEventFilter(this);
+    horizontalHeader()->viewport()->installEventFilter(this);
+    connect(qApp, &QApplication::focusChanged, &alive,
+            [this](QWidget*, QWidget* now) { focusMoved(now); });
     fitColumns();
 }
 
 void GridView::loadResources() {
-    setAccessibleName(TextOf(202));
-    corner->setText(TextOf(248));
+    setAccessibleName(ResQText(202));
+    corner->setText(ResQText(248));
     refresh();
 }
 
@@ -209,21 +113,22 @@ void GridView::refresh() {
     if (flgdData().frozen > 0) {
         return;
     }
-    if (moveSoon.isActive()) {
-        handBack();
-    }
     showing = true;
-    cells->refresh();
+    const bool otherRows = cells->refreshRows();
+    if (otherRows) {
+        executeDelayedItemsLayout(); // or a new line couldn't be scrolled to yet
+    }
+    const auto [first, last] = rowsOnScreen();
+    const int changed = cells->refreshCells(first, last);
     showing = false;
     refreshHeads();
-    const SelectionMode mode = flgdData().locked > 0 ? QAbstractItemView::NoSelection
-                                                     : QAbstractItemView::ContiguousSelection;
-    if (selectionMode() != mode) {
-        setSelectionMode(mode);
-        verticalHeader()->setSectionsClickable(flgdData().locked == 0);
-        horizontalHeader()->setSectionsClickable(flgdData().locked == 0);
-    }
+    showLock();
     showSelection();
+    if (flgdData().row < kGridHeadRows && (otherRows || changed > kManyCells)) {
+        scrollToTop(); // other data; the cursor that only went home leaves the view where it is
+        horizontalScrollBar()->setValue(0);
+    }
+    showEditor();
 }
 
 void GridView::refreshHeads() {
@@ -232,10 +137,44 @@ void GridView::refreshHeads() {
     }
 }
 
+std::pair<int, int> GridView::rowsOnScreen() const {
+    const int rows = cells->rowCount();
+    const int first = std::max(rowAt(0), 0);
+    const int bottom = rowAt(viewport()->height() - 1);
+    return {first, bottom < 0 ? rows - 1 : bottom};
+}
+
+void GridView::showLock() {
+    const bool locked = flgdData().locked > 0;
+    const SelectionMode mode =
+        locked ? QAbstractItemView::NoSelection : QAbstractItemView::ContiguousSelection;
+    if (selectionMode() != mode) {
+        setSelectionMode(mode);
+        verticalHeader()->setSectionsClickable(!locked);
+        horizontalHeader()->setSectionsClickable(!locked);
+    }
+}
+
 void GridView::showSelection() {
-    const Selected wanted = InUnit();
+    const GridSelection wanted = InUnit();
+    if (moveSoon.isActive()) {
+        if (wanted == known) {
+            return; // what the user has selected a moment ago stands, and is handed back in its
+                    // turn
+        }
+        moveSoon.stop();
+    }
+    if (wanted != known) {
+        // The frame of the current cell moves, also inside a selection that stays as it is.
+        const auto repaint = [this](const GridSelection& selection) {
+            update(cells->index(selection.row - kGridHeadRows, selection.col - 1));
+        };
+        repaint(known);
+        repaint(wanted);
+        known = wanted;
+    }
     const bool nothing = wanted.row < kGridHeadRows;
-    const Selected shown = InView(*selectionModel());
+    const GridSelection shown = InView(*selectionModel());
     if (nothing ? !selectionModel()->hasSelection() : shown == wanted) {
         return;
     }
@@ -251,6 +190,81 @@ void GridView::showSelection() {
         selectionModel()->select(QItemSelection(from, to), QItemSelectionModel::ClearAndSelect);
     }
     showing = false;
+    followInputMethod();
+}
+
+void GridView::showEditor() {
+    const FlexGrid& grid = flgdData();
+    if (!grid.edit.open) {
+        if (editor->isVisible()) {
+            // A hidden control would hand the focus to whatever comes next in the window.
+            if (editor->hasFocus()) {
+                setFocus(Qt::OtherFocusReason);
+            }
+            editor->hide();
+        }
+        return;
+    }
+    if (editor->isVisible()) {
+        editor->refresh();
+        return;
+    }
+    scrollTo(cells->index(grid.row - kGridHeadRows, grid.col - 1));
+    editor->setFont(font());
+    editor->setAccessibleName(
+        QString::fromStdString(GridHead(1, grid.col) + " " + GridText(grid.row, 0)));
+    editor->open();
+    placeEditor();
+    editor->show();
+    if (!composing) {
+        editor->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void GridView::placeEditor() {
+    const FlexGrid& grid = flgdData();
+    if (editor != nullptr && grid.edit.open) {
+        editor->setGeometry(visualRect(cells->index(grid.row - kGridHeadRows, grid.col - 1)));
+    }
+}
+
+void GridView::scrollContentsBy(int dx, int dy) {
+    QTableView::scrollContentsBy(dx, dy);
+    if (flgdData().frozen == 0) {
+        const auto [first, last] = rowsOnScreen();
+        cells->refreshCells(first, std::min(last, cells->rowCount() - 1));
+    }
+}
+
+void GridView::updateGeometries() {
+    QTableView::updateGeometries();
+    placeEditor();
+}
+
+bool GridView::finishInput() {
+    handBackNow();
+    if (CommitEdit()) {
+        return true;
+    }
+    editor->setFocus(Qt::OtherFocusReason);
+    return false;
+}
+
+void GridView::focusMoved(QWidget* now) {
+    if (now == this || now == editor) {
+        flgdData_EnterCell(flgdData().col);
+        followInputMethod();
+    }
+}
+
+void GridView::followInputMethod() {
+    // Figures are typed plainly; the comment leaves the input method to its user.
+    QWidget* typing = editor->hasFocus() ? static_cast<QWidget*>(editor) : this;
+    const bool wanted = flgdData().col == kGridCommentColumn;
+    if (typing->hasFocus() && typing->testAttribute(Qt::WA_InputMethodEnabled) != wanted) {
+        typing->setAttribute(Qt::WA_InputMethodEnabled, wanted);
+        QGuiApplication::inputMethod()->update(Qt::ImEnabled);
+    }
 }
 
 void GridView::selectionMoved() {
@@ -263,25 +277,172 @@ void GridView::selectionMoved() {
 
 void GridView::handBack() {
     moveSoon.stop();
-    const Selected selected = InView(*selectionModel());
-    if (flgdData().locked > 0 || selected == Selected{} || selected == InUnit()) {
+    const GridSelection selected = InView(*selectionModel());
+    if (flgdData().locked > 0 || selected == GridSelection{} || selected == InUnit()) {
         return;
     }
-    if (moved) {
-        moved(selected.row, selected.col, selected.rowSel, selected.colSel);
+    const QModelIndex before =
+        cells->index(InUnit().row - kGridHeadRows, std::max(InUnit().col, 1) - 1);
+    if (events.rowColChange) {
+        events.rowColChange(selected.row, selected.col, selected.rowSel, selected.colSel);
     }
+    known = InUnit();
+    // The frame of the current cell moves, also inside the selection.
+    update(before);
+    update(cells->index(known.row - kGridHeadRows, std::max(known.col, 1) - 1));
+    followInputMethod();
+}
+
+void GridView::handBackNow() {
+    if (moveSoon.isActive()) {
+        handBack();
+    }
+}
+
+bool GridView::eventFilter(QObject* watched, QEvent* event) {
+    const bool head =
+        watched == verticalHeader()->viewport() || watched == horizontalHeader()->viewport();
+    if (head && event->type() == QEvent::MouseButtonPress && !finishInput()) {
+        return true;
+    }
+    return QTableView::eventFilter(watched, event);
 }
 
 void GridView::mousePressEvent(QMouseEvent* event) {
-    if (flgdData().locked == 0) {
+    if (flgdData().locked == 0 && finishInput() && indexAt(event->pos()).isValid()) {
         QTableView::mousePressEvent(event);
+        handBackNow();
     }
 }
 
-void GridView::keyPressEvent(QKeyEvent* event) {
-    if (flgdData().locked == 0) {
-        QTableView::keyPressEvent(event);
+void GridView::mouseMoveEvent(QMouseEvent* event) {
+    // A drag that began on a cell whose text was rejected must not move the edit's cell.
+    if (!flgdData().edit.open) {
+        QTableView::mouseMoveEvent(event);
+        handBackNow();
     }
+}
+
+void GridView::mouseReleaseEvent(QMouseEvent* event) {
+    QTableView::mouseReleaseEvent(event);
+    handBackNow();
+}
+
+void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (flgdData().locked > 0 || !finishInput()) {
+        return;
+    }
+    QTableView::mouseDoubleClickEvent(event);
+    handBackNow();
+    if (event->button() == Qt::LeftButton && indexAt(event->pos()).isValid()) {
+        flgdData_DblClick();
+    }
+}
+
+void GridView::keyboardSearch(const QString&) {
+    // Typing edits the cell; it looks for none.
+}
+
+// The focus goes to the edit box and back with every edit. The base class repaints everything for
+// it and makes the first cell the current one; here only the frame and the colour of the selection
+// can change, and the current cell is the unit's affair.
+void GridView::focusInEvent(QFocusEvent*) {
+    focusChanged();
+}
+
+void GridView::focusOutEvent(QFocusEvent*) {
+    focusChanged();
+}
+
+void GridView::focusChanged() {
+    QWidget::update();
+    viewport()->update(visualRegionForSelection(selectionModel()->selection()));
+}
+
+bool GridView::event(QEvent* event) {
+    // Without this the menus' keys would take copy and paste for the cell commands alone.
+    if (event->type() == QEvent::ShortcutOverride) {
+        auto* key = static_cast<QKeyEvent*>(event);
+        if (key->matches(QKeySequence::Copy) || key->matches(QKeySequence::Paste)) {
+            event->accept();
+            return true;
+        }
+    }
+    return QTableView::event(event);
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+    if (flgdData().locked > 0) {
+        return;
+    }
+    handBackNow();
+    if (flgdData().edit.open) {
+        editor->setFocus(Qt::OtherFocusReason);
+        QCoreApplication::sendEvent(editor, event);
+        return;
+    }
+    const auto run = [this](Command command) {
+        if (events.command) {
+            events.command(command);
+        }
+    };
+    const GridSelection selected = InUnit();
+    if (event->matches(QKeySequence::Copy)) {
+        const bool lines = std::min(selected.col, selected.colSel) == 1 &&
+                           std::max(selected.col, selected.colSel) == kGridCommentColumn;
+        run(lines ? Command::mnuEditLineCopy : Command::mnuEditCellCopy);
+        return;
+    }
+    if (event->matches(QKeySequence::Paste)) {
+        const bool lines = IsSet(LineCopiedFlag) && selected.col == 1;
+        run(lines ? Command::mnuEditLinePaste : Command::mnuEditCellPaste);
+        return;
+    }
+    const QString typed = TypedText(*event);
+    if (!typed.isEmpty()) {
+        beginTyping(*event, typed);
+        return;
+    }
+    switch (event->key()) {
+    case Qt::Key_F2:
+    case Qt::Key_Return:
+    case Qt::Key_Enter: StartEdit(); return;
+    default: break;
+    }
+    QTableView::keyPressEvent(event);
+    handBackNow();
+}
+
+void GridView::beginTyping(const QKeyEvent& event, const QString& text) {
+    // A character that the column doesn't take does nothing, as in the edit box itself.
+    if (PassesKeyFilter(text) && StartEdit()) {
+        flgdData_KeyDownEdit(EditKeyOf(event));
+        editor->beginWith(text);
+    }
+}
+
+void GridView::inputMethodEvent(QInputMethodEvent* event) {
+    const bool begins = !event->preeditString().isEmpty() || !event->commitString().isEmpty();
+    if (!flgdData().edit.open) {
+        // The composition goes on here until it ends: a change of the focus would break it off.
+        composing = true;
+        if (!begins || flgdData().col != kGridCommentColumn || !StartEdit()) {
+            composing = false;
+            event->ignore();
+            return;
+        }
+        editor->beginWith(QString());
+    }
+    QCoreApplication::sendEvent(editor, event);
+    if (event->preeditString().isEmpty()) {
+        composing = false;
+        editor->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+QVariant GridView::inputMethodQuery(Qt::InputMethodQuery query) const {
+    return flgdData().edit.open ? editor->inputMethodQuery(query)
+                                : QTableView::inputMethodQuery(query);
 }
 
 void GridView::fitColumns() {

@@ -10,6 +10,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
+#include <QTabWidget>
 #include <QToolBar>
 #include <QVariant>
 #include <exception>
@@ -28,6 +29,7 @@ QString PropertyText(const QObject& control, const char* name) {
     return control.property(name).toString();
 }
 
+/// A caption as it is read out: without its mnemonic marks.
 QString WithoutMarks(QString caption) {
     return caption.remove(QLatin1Char('&'));
 }
@@ -46,14 +48,14 @@ void LoadToolTip(QWidget& control) {
     PassOver([&control] {
         const std::int16_t number = NumberIn(PropertyText(control, kToolTipText));
         if (number > 0) {
-            control.setToolTip(TextOf(number));
+            control.setToolTip(ResQText(number));
         }
     });
 }
 
 void LoadLabel(QLabel& label) {
     PassOver([&label] {
-        const QString text = TextOf(NumberIn(PropertyText(label, kTag)));
+        const QString text = ResQText(NumberIn(PropertyText(label, kTag)));
         label.setText(text);
         label.setAccessibleName(text);
     });
@@ -62,13 +64,13 @@ void LoadLabel(QLabel& label) {
 
 void LoadMenu(QMenu& menu) {
     PassOver([&menu] {
-        const QString text = TextOf(NumberIn(menu.title()));
+        const QString text = ResQText(NumberIn(menu.title()));
         menu.setTitle(text);
         menu.setAccessibleName(WithoutMarks(text));
     });
     for (QAction* entry : menu.actions()) {
         if (entry->menu() == nullptr && !entry->isSeparator()) {
-            PassOver([entry] { entry->setText(TextOf(NumberIn(entry->text()))); });
+            PassOver([entry] { entry->setText(ResQText(NumberIn(entry->text()))); });
         }
     }
 }
@@ -80,7 +82,7 @@ void LoadToolBar(QToolBar& toolBar) {
             continue;
         }
         PassOver([&] {
-            const QString text = TextOf(NumberIn(number));
+            const QString text = ResQText(NumberIn(number));
             button->setToolTip(text);
             if (QWidget* widget = toolBar.widgetForAction(button)) {
                 widget->setAccessibleName(text);
@@ -99,10 +101,18 @@ void LoadHeads(const QHeaderView& header) {
         if (number.isValid()) {
             PassOver([&] {
                 model->setHeaderData(column, header.orientation(),
-                                     TextOf(NumberIn(number.toString())), Qt::DisplayRole);
+                                     ResQText(NumberIn(number.toString())), Qt::DisplayRole);
             });
         }
     }
+}
+
+/// The tabs that a control is a page of; null if it is none.
+QTabWidget* TabsOf(const QWidget& page) {
+    // The pages lie in a stack of their own inside the tabs.
+    const QWidget* stack = page.parentWidget();
+    auto* tabs = stack == nullptr ? nullptr : qobject_cast<QTabWidget*>(stack->parentWidget());
+    return tabs != nullptr && tabs->indexOf(&page) >= 0 ? tabs : nullptr;
 }
 
 void LoadOther(QWidget& control) {
@@ -111,11 +121,13 @@ void LoadOther(QWidget& control) {
         if (number <= 0) {
             return;
         }
-        const QString text = TextOf(number);
+        const QString text = ResQText(number);
         if (auto* button = qobject_cast<QAbstractButton*>(&control)) {
             button->setText(text);
         } else if (auto* frame = qobject_cast<QGroupBox*>(&control)) {
             frame->setTitle(text);
+        } else if (QTabWidget* tabs = TabsOf(control)) {
+            tabs->setTabText(tabs->indexOf(&control), text);
         }
         control.setAccessibleName(WithoutMarks(text));
     });
@@ -160,7 +172,7 @@ void LoadFormResources(QWidget& window) {
     PassOver([&window] {
         const QString tag = PropertyText(window, kTag);
         if (!tag.isEmpty()) {
-            window.setWindowTitle(TextOf(NumberIn(tag)));
+            window.setWindowTitle(ResQText(NumberIn(tag)));
         }
     });
     LoadControls(window);

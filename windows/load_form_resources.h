@@ -27,9 +27,13 @@ void SetNumbers(QObject& control, std::int16_t tag, std::int16_t toolTipText = 0
 /// - menus and their entries: the caption by the number that stands in it
 /// - tool bars: the tool tips of their buttons
 /// - heads of lists: the caption by the tag of the column
-/// - any other control: caption and tool tip, each by a number above 0
+/// - buttons, frames with a title and pages of tabs: caption and tool tip, each by a number above 0
+/// - any other control has no caption of its own: a tag above 0 gives its accessible name alone,
+/// and
+///   a number above 0 its tool tip
 ///
-/// What gets a caption gets it as its accessible name too; a tool bar button gets its tool tip.
+/// What gets a caption gets it as its accessible name too, without mnemonic marks; a tool bar
+/// button gets its tool tip.
 void LoadFormResources(QWidget& window);
 
 } // namespace qdw8

@@ -145,6 +145,13 @@ void BuildMenus(QMainWindow& window, CommandControls& controls, const CommandRou
                 kSeparator,
                 {mnuFileExit, 262, Qt::CTRL | Qt::Key_Q}},
                routine);
+    // There is no text for closing the document: it has its shortcut and no entry.
+    QAction* close = new QAction(&window);
+    close->setObjectName(ObjectNameOf(mnuFileClose));
+    close->setShortcut(QKeySequence::Close);
+    QObject::connect(close, &QAction::triggered, &window, [routine] { routine(mnuFileClose); });
+    window.addAction(close);
+    controls.actions[IndexOf(mnuFileClose)] = close;
 
     QMenu* edit = AddMenu(bar.addMenu(number(265)), controls, mnuEdit);
     AddEntries(*edit, controls,

@@ -26,7 +26,8 @@ struct CommandControls {
 using CommandRoutine = std::function<void(Command)>;
 
 /// Builds the menus with their numbers as texts, and `tbToolBar`. `routine` gets what the user
-/// chooses. Entries that no routine stands behind and none ever will are left out.
+/// chooses. Entries that no routine stands behind and none ever will are left out; `mnuFileClose`,
+/// for which there is no text, has its shortcut only.
 void BuildMenus(QMainWindow& window, CommandControls& controls, const CommandRoutine& routine);
 QToolBar* BuildToolBar(QMainWindow& window, CommandControls& controls,
                        const CommandRoutine& routine);

@@ -80,23 +80,26 @@ RangeControls MakeRangeControls(QDialog& dialog, QGridLayout& boxes, const Range
     row(1, "lblEndPosiMoji", 1810, "txtEndPosiNo", preset.end, made.lblEndPosiMoji,
         made.txtEndPosiNo);
     boxes.setColumnStretch(2, 1);
+    MakeRangeButtons(dialog, made);
+    return made;
+}
 
+void MakeRangeButtons(QDialog& dialog, RangeControls& controls) {
     const auto button = [&dialog](const char* name, std::int16_t tag) {
         auto* control = new QPushButton(&dialog);
         control->setObjectName(QString::fromLatin1(name));
         SetNumbers(*control, tag);
         return control;
     };
-    made.cmdOk = button("cmdOk", 1403);
-    made.cmdOk->setDefault(true);
-    made.cmdCancel = button("cmdCancel", 1404);
+    controls.cmdOk = button("cmdOk", 1403);
+    controls.cmdOk->setDefault(true);
+    controls.cmdCancel = button("cmdCancel", 1404);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
-    buttons->addWidget(made.cmdOk);
-    buttons->addWidget(made.cmdCancel);
+    buttons->addWidget(controls.cmdOk);
+    buttons->addWidget(controls.cmdCancel);
     static_cast<QBoxLayout*>(dialog.layout())->addLayout(buttons);
-    QObject::connect(made.cmdCancel, &QPushButton::clicked, &dialog, &QDialog::reject);
-    return made;
+    QObject::connect(controls.cmdCancel, &QPushButton::clicked, &dialog, &QDialog::reject);
 }
 
 } // namespace qdw8

@@ -34,8 +34,11 @@ struct RangeControls {
     RangeTexts texts() const;
 };
 
-/// Builds them: the boxes in two rows of `boxes`, the buttons in a row of their own at the end of
-/// the dialog's layout. Cancel and closing reject the dialog.
+/// Builds them: the boxes in two rows of `boxes`, then the buttons.
 RangeControls MakeRangeControls(QDialog& dialog, QGridLayout& boxes, const RangeTexts& preset);
+
+/// Builds the buttons alone, in a row of their own at the end of the dialog's layout, which is a
+/// box layout. Cancel and closing reject the dialog; OK is for the dialog to bind.
+void MakeRangeButtons(QDialog& dialog, RangeControls& controls);
 
 } // namespace qdw8

@@ -8,12 +8,12 @@
 namespace qdw8 {
 
 /// The text with the id, in the language of the run. Throws `Fault` for an id with no row.
-inline QString TextOf(std::int16_t id) {
+inline QString ResQText(std::int16_t id) {
     return QString::fromStdString(ResText(id));
 }
 
-/// A text that must not be taken for one with a mnemonic.
-inline QString WithoutMnemonics(const std::string& text) {
+/// The text with every "&" doubled, so that a control shows it and takes none for a mnemonic.
+inline QString EscapedMnemonics(const std::string& text) {
     return QString::fromStdString(text).replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 

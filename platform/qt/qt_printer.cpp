@@ -99,6 +99,7 @@ void PrintPages(const std::vector<Page>& pages) {
     bool firstPage = true;
     for (const Page& page : pages) {
         if (!firstPage && !printer.newPage()) {
+            printer.abort(); // nothing of the document is to come out
             throw Fault("the printer gave up at a new page");
         }
         firstPage = false;

@@ -233,6 +233,37 @@ TEST_F(TickTest, GoingOffLineEndsAPollThatWaits) {
     EXPECT_EQ(CtBusyFlag, kClear);
 }
 
+// Whatever goes off line while the poll waits, a late answer doesn't bring the program back.
+TEST_F(TickTest, ALateAnswerOfAPollDoesNotGoOnLineAgain) {
+    letAlarmStand();
+    platform.answer("0CM1", 100);
+    platform.after(550, [] {
+        OffLineFlag = kSet;
+        SetPanel(&MainPanel::imgGreenLedOnline, false);
+    });
+    platform.run(5000);
+    EXPECT_EQ(OffLineFlag, kSet);
+    EXPECT_FALSE(ThePanel().imgGreenLedOnline);
+    EXPECT_FALSE(platform.portOpen);
+}
+
+// A poll on top of a command's dialog could keep the command from ending.
+TEST_F(TickTest, NothingIsPolledWhileACommandHasTheCommands) {
+    letAlarmStand();
+    {
+        const CommandsAway away;
+        platform.run(2000);
+    }
+    {
+        const EditCommandsAway away;
+        platform.run(2000);
+    }
+    EXPECT_TRUE(platform.sent.empty());
+    platform.answer("0CM1");
+    platform.run(600);
+    EXPECT_EQ(platform.sent, std::vector<std::string>{"0CM1"});
+}
+
 // ---- the reset ----
 
 struct ResetRow {

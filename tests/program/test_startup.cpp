@@ -44,7 +44,7 @@ const std::string kReselect = "Device type is not selected.\r\nPlease select dev
 class StartUp : public testing::Test {
 protected:
     StartUp() : line(platform) {
-        Screens().frmMainAxes = TakeOverAxes;
+        Screens().frmMainAxes = RepaintAxes;
         Screens().frmSplashShow = [this] { note("splash"); };
         Screens().frmSplashUnload = [this] { note("splash gone"); };
         Screens().frmMainShow = [this](bool small) {
@@ -62,6 +62,27 @@ protected:
         platform.checkAllAsked();
     }
     void startOnLine() { start(0); }
+    /// Off line the user has to say what is fitted; here he leaves things as they are.
+    void expectDeviceChoice(std::function<void()> choose = {}) {
+        platform.expectSelection({"Select",
+                                  "Actuator Setting",
+                                  {"The type of QD is selected, and the default parameter is read.",
+                                   "The parameter file is opened."},
+                                  true},
+                                 0);
+        platform.expectScreen("frmDevice2", [choose] {
+            EXPECT_EQ(StartDeviceSelectFlag, kSet);
+            if (choose) {
+                choose();
+            }
+        });
+    }
+    void startOffLine() {
+        platform.expectSelection(kStartMode, 1);
+        expectDeviceChoice();
+        Main();
+        platform.checkAllAsked();
+    }
 
     void expectUsable() const {
         EXPECT_TRUE(IsEnabled(Command::cmdPosiRead));
@@ -142,6 +163,7 @@ TEST_P(StartUpFailures, EndOffLineWithTheStoredDevices) {
     for (const std::string& box : GetParam().boxes) {
         platform.expectBox(box);
     }
+    expectDeviceChoice();
     Main();
     platform.checkAllAsked();
     EXPECT_EQ(platform.sent.size(), GetParam().sent);
@@ -163,6 +185,7 @@ TEST_F(StartUp, AControllerOfTwoAxesIsRefused) {
     line.controller.setAxisCount(2);
     platform.expectSelection(kStartMode, 0);
     platform.expectBox(kNotK8);
+    expectDeviceChoice();
     Main();
     expectOffLine();
 }
@@ -171,6 +194,7 @@ TEST_F(StartUp, APortThatCanNotBeOpenedIsTriedSixTimes) {
     platform.failingOpens = -1;
     platform.expectSelection(kStartMode, 0);
     platform.expectBox(kPortBox);
+    expectDeviceChoice();
     Main();
     EXPECT_EQ(std::count(platform.events.begin(), platform.events.end(), "open fails"), 6);
     EXPECT_TRUE(platform.sent.empty());
@@ -179,17 +203,31 @@ TEST_F(StartUp, APortThatCanNotBeOpenedIsTriedSixTimes) {
 
 TEST_F(StartUp, AnAxisWithoutALeadLeadsToTheStoredDevices) {
     line.controller.setBlock(8, std::string(32, '0'));
-    startOnLine();
-    expectOffLine();
+    platform.expectSelection(kStartMode, 0);
+    expectDeviceChoice();
+    Main();
+    EXPECT_EQ(OffLineFlag, kSet);
+    EXPECT_EQ(DevSetting[0].DevSize, " 44");
     EXPECT_EQ(DevSetting[1].DevLead, 2);
+    expectUsable();
 }
 
 TEST_F(StartUp, AnAxisWithoutAModelLeadsOffLine) {
     // lead 2, 400 pulses, stroke end 20000, and no size, speed or stroke
     line.controller.setBlock(8, "0102019000004E20" + std::string(16, '0'));
-    startOnLine();
+    platform.expectSelection(kStartMode, 0);
+    expectDeviceChoice([] {
+        for (AxisDevice& device : DevSettei) {
+            device.DevSize = " 44";
+            device.DevSpeed = "L";
+            device.DevStroke = 100;
+        }
+    });
+    Main();
     EXPECT_EQ(OffLineFlag, kSet);
-    EXPECT_EQ(DevSetting[0].DevSize, " 61") << "the stored devices are not read on this way";
+    EXPECT_EQ(AxisOff, (std::array<Flag, kAxes>{}))
+        << "the stored devices are not read on this way";
+    EXPECT_EQ(DevSetting[1].MaxPulse, 20000);
     expectUsable();
 }
 
@@ -199,7 +237,10 @@ TEST_F(StartUp, ALineLostBetweenTwoStepsEndsTheTalk) {
             platform.breakLine();
         }
     };
-    startOnLine(); // without any box: nothing was asked of the dead line
+    platform.expectSelection(kStartMode, 0); // and no box: nothing was asked of the dead line
+    expectDeviceChoice();
+    Main();
+    EXPECT_FALSE(ThePanel().imgGreenLedOnline);
     EXPECT_EQ(platform.sent.back(), "0RV");
     EXPECT_EQ(OffLineFlag, kSet);
     EXPECT_EQ(DevSetting[0].DevSize, " 44");
@@ -212,6 +253,7 @@ TEST_F(StartUp, AnAxisThatNothingIsKnownOfStaysOutOfUse) {
     platform.settings["DevLead2"] = "99";
     platform.expectSelection(kStartMode, 0);
     platform.expectBox(kReselect);
+    expectDeviceChoice();
     Main();
     EXPECT_EQ(AxisOff, (std::array<Flag, kAxes>{kClear, kSet, kClear, kClear}));
     expectUsable();
@@ -251,7 +293,10 @@ TEST_F(StartUp, AnAxisThatComesIntoUseBringsItsActuator) {
 
 TEST_F(StartUp, OffLineAsksTheSettings) {
     for (const std::int16_t answer : {std::int16_t{1}, kSelectionCancelled}) {
-        start(answer);
+        platform.expectSelection(kStartMode, answer);
+        expectDeviceChoice();
+        Main();
+        platform.checkAllAsked();
         EXPECT_TRUE(platform.sent.empty());
         expectOffLine();
         EXPECT_EQ(ThePanel().lblDeviceType[0], "");
@@ -263,6 +308,7 @@ TEST_F(StartUp, BadDeviceSettingsAreTold) {
     platform.settings["DevSize2"] = "4";
     platform.expectSelection(kStartMode, 1);
     platform.expectBox(kReselect);
+    expectDeviceChoice();
     Main();
     expectUsable();
 }
@@ -273,7 +319,7 @@ TEST_F(StartUp, OddSettingsAreTakenAsTheyMean) {
                          {"MmRoundUp", "abc"},
                          {"PortNo", "99999"},
                          {"PortOccupy", "7"}};
-    start(1);
+    startOffLine();
     EXPECT_EQ(LanguageNo, 3);
     EXPECT_EQ(LanguageBase, 10000);
     EXPECT_EQ(DispMmFlag, kClear);
@@ -301,8 +347,9 @@ TEST_F(StartUp, MissingListsAreToldAndTheProgramGoesOn) {
 TEST_F(StartUp, ABrokenErrorListIsToldInTheLanguageOfTheRun) {
     const std::string folder = testing::TempDir() + "qdw8-broken-list";
     std::filesystem::create_directories(folder);
-    std::filesystem::copy_file(QDW8_DATA_DIR "/nqddevice.lst", folder + "/nqddevice.lst",
-                               std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::copy(QDW8_DATA_DIR, folder,
+                          std::filesystem::copy_options::recursive |
+                              std::filesystem::copy_options::overwrite_existing);
     WriteWholeFile(folder + "/errorjpn.lst", "3,\"11\",\"one\"");
     ThePlatform().programFolder = folder;
     platform.settings["Language"] = "1";
@@ -314,9 +361,13 @@ TEST_F(StartUp, ABrokenErrorListIsToldInTheLanguageOfTheRun) {
         return BoxAnswer::Ok;
     };
     Screens().frmSelection = [&](const SelectionQuestion& asked) {
+        if (!question.text.empty()) {
+            return std::int16_t{0}; // what is fitted
+        }
         question = asked;
         return std::int16_t{1};
     };
+    Screens().frmDevice2 = [] {};
     Main();
     EXPECT_TRUE(told);
     EXPECT_EQ(LanguageBase, 0);
@@ -329,13 +380,13 @@ TEST_F(StartUp, ALowScreenIsWarnedOf) {
     platform.screen = {800, 600};
     platform.expectBox("Since the resolution of a screen is low, an error may occur while in "
                        "use.\r\nPlease use the resolution of a screen or more by 1024x768.");
-    start(1);
+    startOffLine();
     platform.screen = {801, 600};
-    start(1);
+    startOffLine();
 }
 
 TEST_F(StartUp, TheEndStoresPortAndLanguage) {
-    start(1);
+    startOffLine();
     platform.expectBox("Finish QD-W8.", BoxButtons::OkCancel, BoxAnswer::Cancel);
     EXPECT_FALSE(frmMain_QueryUnload());
     platform.expectBox("Finish QD-W8.", BoxButtons::OkCancel, BoxAnswer::Ok);
@@ -352,7 +403,7 @@ TEST_F(StartUp, TheEndStoresPortAndLanguage) {
 }
 
 TEST_F(StartUp, UnsavedChangesAreAskedForBeforeTheEnd) {
-    start(1);
+    startOffLine();
     PosiDirtyFlag = kSet;
     const std::string question =
         "Data have been changed. Save the data into the file before finish?";

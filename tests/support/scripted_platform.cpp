@@ -164,6 +164,8 @@ void ScriptedPlatform::installScreens() {
     };
     Screens().frmDataShogo = [this] { return ask("frmDataShogo").answer; };
     Screens().frmSyogoKekka = scripted("frmSyogoKekka");
+    Screens().frmDevice2 = scripted("frmDevice2");
+    Screens().frmDevice3 = scripted("frmDevice3");
 }
 
 void ScriptedPlatform::after(std::int64_t ms, std::function<void()> action) {

@@ -1,8 +1,12 @@
 #include "app/string_table.h"
+#include "position/posi_reader.h"
+#include "position/posi_verify.h"
 #include "window_fixture.h"
+#include "windows/frmDataShogo.h"
 #include "windows/frmProcessing.h"
 #include "windows/frmSelectPosiNo2.h"
 #include "windows/frmSelectPosiNo3.h"
+#include "windows/frmSelectPosiNo4.h"
 #include "windows/frmSelection.h"
 #include "windows/frmSplash.h"
 #include "windows/frmSyogoKekka.h"
@@ -276,12 +280,118 @@ TEST_F(DialogTest, GridRange) {
     EXPECT_EQ(PosiLast, 10);
 }
 
+TEST_F(DialogTest, VerifyRangeShowsBothSidesAndWhatTheyHaveInCommon) {
+    FileFirst = 5;
+    FileLast = 20;
+    GridFirst = 1;
+    GridLast = 10;
+    ASSERT_EQ(CompareFileRange(), 0);
+    PosiFirst = 1;
+    PosiLast = 10;
+    frmSelectPosiNo4 dialog(true);
+    dialog.show();
+    EXPECT_EQ(dialog.windowTitle(), "Data Renge Setting");
+    const auto label = [&dialog](const char* name) { return Get<QLabel>(dialog, name).text(); };
+    EXPECT_EQ(label("lblFileMoji"), "File:");
+    EXPECT_EQ(label("lblFileStartNo") + "-" + label("lblFileEndNo"), "5-20");
+    EXPECT_EQ(label("lblPcMoji"), "PC-Soft:");
+    EXPECT_EQ(label("lblPcStartNo") + "-" + label("lblPcEndNo"), "1-10");
+    EXPECT_EQ(label("lblRangeMoji"), "Range:");
+    EXPECT_FALSE(Get<QLabel>(dialog, "lblSyogoHuka").isVisible());
+    EXPECT_TRUE(Get<QWidget>(dialog, "PictureVerifyRange").isVisible());
+    auto& start = Get<QLineEdit>(dialog, "txtStartPosiNo");
+    auto& end = Get<QLineEdit>(dialog, "txtEndPosiNo");
+    EXPECT_EQ(start.text() + "-" + end.text(), "5-10");
+    EXPECT_EQ(start.mapTo(&dialog, QPoint()).x(), Get<QLabel>(dialog, "lblFileStartNo").x());
+
+    struct Range {
+        const char* start;
+        const char* end;
+        bool box;
+        int first; ///< what is set
+        int last;
+    };
+    const std::vector<Range> refused{
+        {"8", "6", false, 1, 10}, // a start behind the end says nothing
+        {"4", "9", true, 1, 9},   // the number that is right is set all the same
+        {"6", "11", true, 6, 9},
+        {"", "7", true, 6, 7},
+    };
+    for (const Range& one : refused) {
+        start.setText(one.start);
+        end.setText(one.end);
+        if (one.box) {
+            platform.expectBox("Invalid value in Position No.");
+        }
+        click(dialog, "cmdOk");
+        EXPECT_TRUE(dialog.isVisible());
+        EXPECT_EQ(PosiFirst, one.first) << one.start;
+        EXPECT_EQ(PosiLast, one.last) << one.end;
+    }
+    start.setText("7");
+    end.setText("7");
+    click(dialog, "cmdOk");
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(PosiFirst, 7);
+    EXPECT_EQ(PosiLast, 7);
+    EXPECT_EQ(RangeCancelFlag, kClear);
+}
+
+TEST_F(DialogTest, VerifyRangeWithoutAnythingInCommonOnlySaysSo) {
+    FileFirst = 11;
+    FileLast = 20;
+    GridFirst = PosiFirst = 1;
+    GridLast = PosiLast = 10;
+    ASSERT_EQ(CompareFileRange(), 1);
+    whenUp([](QWidget& dialog) {
+        EXPECT_EQ(Get<QLabel>(dialog, "lblSyogoHuka").text(),
+                  "There is no range that can be collated with bettween the data indicated in "
+                  "display and the data read file.");
+        EXPECT_TRUE(Get<QLabel>(dialog, "lblSyogoHuka").isVisible());
+        EXPECT_FALSE(Get<QWidget>(dialog, "PictureVerifyRange").isVisible());
+        EXPECT_EQ(Get<QLabel>(dialog, "lblFileStartNo").text(), "11");
+        QTest::keyClick(&dialog, Qt::Key_Return);
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    ShowSelectPosiNo4(nullptr, false);
+    EXPECT_EQ(PosiFirst, 1);
+    EXPECT_EQ(PosiLast, 10);
+    EXPECT_EQ(RangeCancelFlag, kClear);
+}
+
+// ---- frmDataShogo ----
+
+TEST_F(DialogTest, DataShogoAsksForTheOtherSide) {
+    const std::vector<std::pair<std::function<void(QWidget&)>, int>> ways{
+        {[](QWidget& dialog) { click(dialog, "cmdFileDataShogo"); }, 1},
+        {[](QWidget& dialog) { click(dialog, "cmdCtDataShogo"); }, 2},
+        {[](QWidget& dialog) { click(dialog, "cmdCancelOfShogo"); }, 0},
+        {[](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }, 0},
+        {[](QWidget& dialog) { dialog.close(); }, 0},
+        {[](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); }, 1}};
+    for (const auto& [way, result] : ways) {
+        whenUp([&way](QWidget& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), "Select Position Data to reference");
+            EXPECT_EQ(Get<QLabel>(dialog, "lblDataShogo").text(),
+                      "Please select Position Data for verification.");
+            EXPECT_EQ(Get<QPushButton>(dialog, "cmdFileDataShogo").text(), "Position Data file");
+            EXPECT_EQ(Get<QPushButton>(dialog, "cmdCtDataShogo").text(), "Inside of C/T");
+            way(dialog);
+        });
+        EXPECT_EQ(AskDataShogo(nullptr), result);
+    }
+}
+
 TEST_F(DialogTest, LeavingARangeDialogSetsTheCancelFlag) {
     const std::vector<std::function<void(QWidget&)>> ways{
         [](QWidget& dialog) { click(dialog, "cmdCancel"); },
         [](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); },
         [](QWidget& dialog) { dialog.close(); }};
-    for (const auto show : {&ShowSelectPosiNo2, &ShowSelectPosiNo3}) {
+    const std::vector<void (*)(QWidget*)> dialogs{
+        ShowSelectPosiNo2, ShowSelectPosiNo3,
+        [](QWidget* parent) { ShowSelectPosiNo4(parent, true); },
+        [](QWidget* parent) { ShowSelectPosiNo4(parent, false); }};
+    for (const auto show : dialogs) {
         for (const auto& way : ways) {
             RangeCancelFlag = kSet; // left over; opening clears it
             whenUp([&way](QWidget& dialog) {

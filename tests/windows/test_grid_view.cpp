@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QTest>
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <vector>
@@ -20,10 +21,11 @@ using Cells = std::array<int, 4>; ///< current row and column, other end
 class GridViewTest : public WindowTest {
 protected:
     GridViewTest()
-        : view([this](int row, int column, int rowSel, int columnSel) {
-              SelectCells(row, column, rowSel, columnSel);
-              moves.push_back({row, column, rowSel, columnSel});
-          }) {
+        : view({[this](int row, int column, int rowSel, int columnSel) {
+                    SelectCells(row, column, rowSel, columnSel);
+                    moves.push_back({row, column, rowSel, columnSel});
+                },
+                {}}) {
         Screens().flgdData = [this] { view.refresh(); };
         view.loadResources();
         view.resize(1000, 500);
@@ -124,15 +126,29 @@ TEST_F(GridViewTest, AFrozenGridIsNotShown) {
 }
 
 TEST_F(GridViewTest, FixedColoursHaveDarkTextOnThem) {
+    QPalette night = view.palette();
+    night.setColor(QPalette::Base, Qt::black);
+    night.setColor(QPalette::Text, Qt::white);
+    view.setPalette(night);
     fill(1);
     SetGridColour(2, 5, CellColour::Band);
     SetGridColour(2, 9, CellColour::OffAxis);
-    EXPECT_FALSE(at(2, 1).data(Qt::BackgroundRole).isValid()); // the palette's
-    EXPECT_FALSE(at(2, 1).data(Qt::ForegroundRole).isValid());
-    EXPECT_EQ(at(2, 5).data(Qt::BackgroundRole).value<QColor>(), QColor(0xFF, 0xFF, 0xC0));
-    EXPECT_EQ(at(2, 9).data(Qt::BackgroundRole).value<QColor>(), QColor(0xE0, 0xE0, 0xE0));
-    for (const int column : {5, 9}) {
-        EXPECT_LT(at(2, column).data(Qt::ForegroundRole).value<QColor>().lightness(), 64);
+    EXPECT_EQ(PaintedColour(view, at(2, 1)), QColor(Qt::black)); // the palette's
+    EXPECT_EQ(PaintedColour(view, at(2, 5)), QColor(0xFF, 0xFF, 0xC0));
+    EXPECT_EQ(PaintedColour(view, at(2, 9)), QColor(0xE0, 0xE0, 0xE0));
+    const QImage picture = view.viewport()->grab().toImage();
+    for (const int column : {1, 5, 9}) {
+        const QRect cell = view.visualRect(at(2, column));
+        int darkest = 255;
+        int lightest = 0;
+        for (int x = cell.left() + 2; x < cell.right() - 2; ++x) {
+            for (int y = cell.top() + 2; y < cell.bottom() - 2; ++y) {
+                darkest = std::min(darkest, picture.pixelColor(x, y).lightness());
+                lightest = std::max(lightest, picture.pixelColor(x, y).lightness());
+            }
+        }
+        EXPECT_LT(darkest, 80) << column;
+        EXPECT_GT(lightest, 175) << column;
     }
 }
 

@@ -6,10 +6,12 @@
 #include <QDialog>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QToolBar>
 #include <QToolButton>
 #include <QTreeWidget>
@@ -125,6 +127,27 @@ TEST_F(LoadFormResourcesTest, HeadsOfListsAndTitlesOfFrames) {
     EXPECT_EQ(list.headerItem()->text(1), "VEL");
     EXPECT_EQ(frame.title(), "Position Data");
     EXPECT_EQ(inside.text(), "No.");
+}
+
+TEST_F(LoadFormResourcesTest, PagesOfTabsAndControlsWithoutACaption) {
+    QTabWidget tabs(&window);
+    auto* first = new QWidget;
+    auto* second = new QWidget;
+    tabs.addTab(first, QStringLiteral("design"));
+    tabs.addTab(second, QStringLiteral("design"));
+    SetNumbers(*second, 250, 313);
+    QWidget inside(second); // stands on a page and is none
+    SetNumbers(inside, 202);
+    QLineEdit box(QStringLiteral("design"), &window);
+    SetNumbers(box, 212, 313);
+    LoadFormResources(window);
+    EXPECT_EQ(tabs.tabText(0), "design");
+    EXPECT_EQ(tabs.tabText(1), "File(&F)");
+    EXPECT_EQ(second->accessibleName(), "File(F)");
+    EXPECT_EQ(inside.accessibleName(), "Position Data");
+    EXPECT_EQ(box.text(), "design");
+    EXPECT_EQ(box.accessibleName(), "File Name");
+    EXPECT_EQ(box.toolTip(), "Open file of position data");
 }
 
 TEST_F(LoadFormResourcesTest, AWindowOnTopOfTheWindowIsLeftAlone) {

@@ -10,6 +10,9 @@
 #include "position/posi_table.h"
 #include "support/scripted_platform.h"
 
+#include <QImage>
+#include <QPixmap>
+#include <QTableView>
 #include <QWidget>
 #include <gtest/gtest.h>
 
@@ -43,6 +46,12 @@ template<typename Control> Control& Get(const QObject& window, const QString& na
         throw std::runtime_error("no control " + name.toStdString());
     }
     return *found;
+}
+
+/// The colour of a cell as it stands on the screen, beside its text.
+inline QColor PaintedColour(QTableView& table, const QModelIndex& cell) {
+    const QImage picture = table.viewport()->grab().toImage();
+    return picture.pixelColor(table.visualRect(cell).topLeft() + QPoint(2, 2));
 }
 
 } // namespace qdw8::test

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+/// What the lists of a device window offer, out of the axis' own copy of the device list
+/// (`DeviceListTables`). Each text comes once, in the order of the file.
+namespace qdw8 {
+
+/// The speeds that a size is made in; they become the axis' list of speeds.
+const std::vector<std::string>& FilterSpeedsForSize(std::size_t axis, const std::string& size);
+
+/// The strokes that a size and speed are made in, in mm as decimal text.
+std::vector<std::string> FilterStrokes(std::size_t axis, const std::string& size,
+                                       const std::string& speed);
+
+bool Holds(const std::vector<std::string>& rows, const std::string& text);
+
+} // namespace qdw8

@@ -1,0 +1,172 @@
+#include "windows/cell_editor.h"
+
+#include "position/flex_grid.h"
+#include "position/grid_editor.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <algorithm>
+
+namespace qdw8 {
+namespace {
+
+constexpr int kTextMargin = 1; // beside the two pixels that the control keeps itself
+
+bool IsComment() {
+    return flgdData().col == kGridCommentColumn;
+}
+
+/// A figure without the blanks that pad it in its cell: they would use up the box's length.
+QString Shown(const std::string& text) {
+    QString shown = QString::fromStdString(text);
+    if (!IsComment()) {
+        shown.remove(0, static_cast<int>(std::min(text.find_first_not_of(' '), text.size())));
+    }
+    return shown;
+}
+
+} // namespace
+
+int EditKeyOf(const QKeyEvent& event) {
+    switch (event.key()) {
+    case Qt::Key_Backspace: return kKeyBackspace;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab: return kKeyTab;
+    case Qt::Key_Return:
+    case Qt::Key_Enter: return kKeyEnter;
+    case Qt::Key_Escape: return kKeyEscape;
+    default: return event.key();
+    }
+}
+
+QString TypedText(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers others =
+        event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const QString text = event.text();
+    return others == Qt::NoModifier && !text.isEmpty() && text[0].isPrint() ? text : QString();
+}
+
+bool PassesKeyFilter(const QString& text) {
+    const auto characters = text.toUcs4();
+    return std::all_of(characters.begin(), characters.end(), [](uint character) {
+        return flgdData_KeyPressEdit(static_cast<char32_t>(character));
+    });
+}
+
+CellEditor::CellEditor(Keys handlers, QWidget* parent)
+    : QLineEdit(parent), keys(std::move(handlers)) {
+    setObjectName(QStringLiteral("flgdDataEdit"));
+    setFrame(false);
+    setTextMargins(kTextMargin, 0, kTextMargin, 0);
+    // Every other way of a text into the box would get round the key filter.
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setDragEnabled(false);
+    setAcceptDrops(false);
+    const Rgb rgb = RgbOf(CellColour::Editing);
+    QPalette colours = palette();
+    colours.setColor(QPalette::Base, QColor(rgb.red, rgb.green, rgb.blue));
+    colours.setColor(QPalette::Text, Qt::black);
+    setPalette(colours);
+    hide();
+    connect(this, &QLineEdit::textEdited, this, [this] { take(); });
+}
+
+void CellEditor::open() {
+    setAlignment(Qt::AlignVCenter | (IsComment() ? Qt::AlignLeft : Qt::AlignRight));
+    taken = flgdData().edit.text;
+    const QString shown = Shown(taken);
+    // What stands in the cell is shown in whole, also when it was pasted and is longer.
+    setMaxLength(std::max(flgdData().edit.maxLength, static_cast<int>(shown.size())));
+    setText(shown);
+    selectAll();
+}
+
+void CellEditor::refresh() {
+    if (flgdData().edit.text != taken) {
+        open();
+    }
+}
+
+void CellEditor::beginWith(const QString& typed) {
+    selectAll();
+    insert(typed);
+}
+
+void CellEditor::take() {
+    taken = text().toStdString();
+    SetEditText(taken);
+    const int length = std::max(flgdData().edit.maxLength, static_cast<int>(text().size()));
+    if (length != maxLength()) {
+        const int at = cursorPosition();
+        setMaxLength(length); // puts the cursor to the end
+        setCursorPosition(at);
+    }
+}
+
+void CellEditor::paste() {
+    QString pasted = QGuiApplication::clipboard()->text();
+    // A cell is one line, and a tab is the border between two.
+    pasted.truncate(static_cast<int>(
+        std::find_if(pasted.begin(), pasted.end(), [](QChar c) { return c < QLatin1Char(' '); }) -
+        pasted.begin()));
+    QString passing;
+    for (const QChar character : pasted) {
+        if (IsComment() || PassesKeyFilter(character)) {
+            passing += character;
+        }
+    }
+    const auto room = flgdData().edit.maxLength - text().size() + selectedText().size();
+    insert(passing.left(std::max<qsizetype>(room, 0)));
+}
+
+void CellEditor::keyPressEvent(QKeyEvent* event) {
+    flgdData_KeyDownEdit(EditKeyOf(*event));
+    if (event->matches(QKeySequence::Paste)) {
+        paste();
+        return;
+    }
+    switch (event->key()) {
+    case Qt::Key_Escape: CancelEdit(); return;
+    case Qt::Key_Return:
+    case Qt::Key_Enter: CommitEdit(); return;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        if (CommitEdit()) {
+            keys.move(*event);
+        }
+        return;
+    default: break;
+    }
+    if (PassesKeyFilter(TypedText(*event))) {
+        QLineEdit::keyPressEvent(event);
+    }
+    // A key that does nothing here must not be taken for one that the grid got.
+    event->accept();
+}
+
+void CellEditor::inputMethodEvent(QInputMethodEvent* event) {
+    if (PassesKeyFilter(event->commitString())) {
+        QLineEdit::inputMethodEvent(event);
+    }
+}
+
+void CellEditor::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::MiddleButton) {
+        QLineEdit::mouseReleaseEvent(event);
+    }
+}
+
+bool CellEditor::focusNextPrevChild(bool next) {
+    flgdData_KeyDownEdit(kKeyTab);
+    if (CommitEdit()) {
+        keys.leave(next);
+    }
+    return true;
+}
+
+} // namespace qdw8

@@ -1,0 +1,74 @@
+#include "windows/frmDevice3.h"
+
+#include "devicechange/detail_edit.h"
+#include "devicechange/device_set.h"
+#include "devicechange/device_write.h"
+#include "windows/device_panels.h"
+#include "windows/load_form_resources.h"
+
+#include <QBoxLayout>
+#include <QPushButton>
+
+namespace qdw8 {
+
+frmDevice3::frmDevice3(QWidget* parent) : QDialog(parent) {
+    setObjectName(QStringLiteral("frmDevice3"));
+    OpenDevice3(form);
+    panels = new DevicePanels(form, this);
+    QBoxLayout* buttons = FillDeviceWindow(*this, *panels, form.cautionShown);
+    cmdPrmCtWrite = AddDeviceButton(*buttons, "cmdPrmCtWrite", 1503);
+    cmdSyosai = AddDeviceButton(*buttons, "cmdSyosai", 1502);
+    buttons->addStretch();
+    cmdDeviceSet = AddDeviceButton(*buttons, "cmdDeviceSet", 1403);
+    cmdDeviceSet->setDefault(true);
+    cmdDeviceCancel = AddDeviceButton(*buttons, "cmdDeviceCancel", 1404);
+    connect(cmdPrmCtWrite, &QPushButton::clicked, this, [this] { write(); });
+    connect(cmdSyosai, &QPushButton::clicked, this, [this] { editDetails(); });
+    connect(cmdDeviceSet, &QPushButton::clicked, this, [this] { accept(); });
+    connect(cmdDeviceCancel, &QPushButton::clicked, this, [this] { reject(); });
+    LoadFormResources(*this);
+    panels->nameControls();
+    showCommands();
+}
+
+void frmDevice3::showCommands() {
+    panels->setEnabled(form.commandsEnabled);
+    for (QPushButton* command : {cmdDeviceSet, cmdDeviceCancel, cmdPrmCtWrite}) {
+        command->setEnabled(form.commandsEnabled);
+    }
+    cmdSyosai->setEnabled(form.commandsEnabled && DetailEditPossible());
+}
+
+void frmDevice3::editDetails() {
+    panels->takeTyped();
+    cmdSyosai_Click(form);
+    QDialog::accept();
+}
+
+void frmDevice3::write() {
+    panels->takeTyped();
+    panels->showForm();
+    cmdPrmCtWrite_Click(form, [this] { showCommands(); });
+    cmdPrmCtWrite->setFocus();
+}
+
+void frmDevice3::accept() {
+    if (form.commandsEnabled) {
+        panels->takeTyped();
+        cmdDeviceSet3_Click(form);
+        QDialog::accept();
+    }
+}
+
+void frmDevice3::reject() {
+    if (CancelDevice3(form)) {
+        QDialog::reject();
+    }
+}
+
+void ShowDevice3(QWidget* parent) {
+    frmDevice3(parent).exec();
+    Device3Closed();
+}
+
+} // namespace qdw8
