@@ -1,6 +1,8 @@
 // How long the rules take by themselves, without a window or a line.
 
 #include "app/Module1.h"
+#include "app/command_states.h"
+#include "app/screens.h"
 #include "device/Module2Calc.h"
 #include "device/axis_device.h"
 #include "device/device_list.h"
@@ -9,7 +11,9 @@
 #include "position/grid_display.h"
 #include "position/posi_check.h"
 #include "position/posi_file.h"
+#include "position/posi_reader.h"
 #include "position/posi_table.h"
+#include "position/posi_verify.h"
 
 #include <benchmark/benchmark.h>
 #include <filesystem>
@@ -25,7 +29,9 @@ void ShowFullTable(bool mm) {
     ThePlatform().ShowMessageBox = [](const BoxQuestion& question) -> BoxAnswer {
         throw std::logic_error("unexpected box: " + question.text);
     };
+    ThePlatform().ImeSetOpenStatus = [](bool) {};
     ResetModule1();
+    ResetCommandStates();
     ResetDevices();
     ResetPositions();
     for (AxisDevice& device : DevSetting) {
@@ -73,6 +79,51 @@ void SaveFile(benchmark::State& state) {
     std::filesystem::remove(PosiFolder + "/qdw8-bench.qdd");
 }
 BENCHMARK(SaveFile)->Unit(benchmark::kMillisecond);
+
+void ReadFile(benchmark::State& state) {
+    ShowFullTable(false);
+    PosiFolder = std::filesystem::temp_directory_path().string();
+    const std::string path = PosiFolder + "/qdw8-bench.qdd";
+    if (PosiDataCheck3() != 0 || SaveFileAs2("qdw8-bench.qdd") != 0) {
+        state.SkipWithError("no file to read");
+    }
+    for (auto _ : state) {
+        if (ReadPosiFile(path) != 0) {
+            state.SkipWithError("not read");
+        }
+    }
+    std::filesystem::remove(path);
+}
+BENCHMARK(ReadFile)->Unit(benchmark::kMillisecond);
+
+/// A verify with a file that holds what the grid shows: the check that commits the grid, the
+/// reading and the comparison of 999 rows.
+void VerifyWithFile(benchmark::State& state) {
+    ShowFullTable(false);
+    PosiFolder = std::filesystem::temp_directory_path().string();
+    const std::string path = PosiFolder + "/qdw8-bench.qdd";
+    if (PosiDataCheck3() != 0 || SaveFileAs2("qdw8-bench.qdd") != 0) {
+        state.SkipWithError("no file to verify with");
+    }
+    int good = 0;
+    ThePlatform().CommonDialog1.ShowFile = [&path](const FileQuestion&) {
+        return FileAnswer{path, "qdw8-bench.qdd"};
+    };
+    ThePlatform().ShowMessageBox = [&good](const BoxQuestion&) {
+        ++good;
+        return BoxAnswer::Ok;
+    };
+    Screens().frmSelectPosiNo4 = [](bool) {};
+    for (auto _ : state) {
+        PosiDataFileShogo2();
+    }
+    if (good != static_cast<int>(state.iterations())) {
+        state.SkipWithError("the file is not as the grid");
+    }
+    Screens() = ScreenFunctions{};
+    std::filesystem::remove(path);
+}
+BENCHMARK(VerifyWithFile)->Unit(benchmark::kMillisecond);
 
 void LookUpDevice(benchmark::State& state) {
     ThePlatform() = Platform{};
