@@ -44,6 +44,9 @@ double LeadingHex(std::string_view digits) {
 constexpr int kDoubleDigits = 15;
 constexpr int kSingleDigits = 7;
 
+/// A field of more characters than any figure needs is none.
+constexpr std::size_t kLongestNumber = 40;
+
 /// The digits that count of a finite, non-zero value, and the power of ten of the first one.
 struct Digits {
     std::string digits;
@@ -146,6 +149,35 @@ double NumberFromText(std::string_view text) {
                                 : std::numeric_limits<double>::max();
     }
     return value;
+}
+
+bool IsPlainNumber(std::string_view text) {
+    if (text.size() > kLongestNumber) {
+        return false;
+    }
+    if (!text.empty() && (text.front() == '-' || text.front() == '+')) {
+        text.remove_prefix(1);
+    }
+    bool digit = false;
+    bool point = false;
+    for (const char c : text) {
+        if (c == '.' && !point) {
+            point = true;
+        } else if (IsDigit(c)) {
+            digit = true;
+        } else {
+            return false;
+        }
+    }
+    return digit;
+}
+
+double WholeNumberField(std::string_view field) {
+    const std::string text = Trim(field);
+    if (!IsPlainNumber(text)) {
+        throw Fault("a text stands where a number is due");
+    }
+    return NumberFromText(text);
 }
 
 double RoundHalfEven(double value) {

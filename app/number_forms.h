@@ -12,6 +12,12 @@ namespace qdw8 {
 /// with "&H" or "&h" is hexadecimal and never negative.
 double NumberFromText(std::string_view text);
 
+/// The number that a field holds as a whole, blanks at its ends left out. There is no exponent and
+/// no hexadecimal form. Throws `Fault` for anything else, the empty field included.
+double WholeNumberField(std::string_view field);
+/// True for a text that `WholeNumberField` takes, but for blanks at its ends.
+bool IsPlainNumber(std::string_view text);
+
 /// To the nearest whole number; exactly half goes to the even neighbour.
 double RoundHalfEven(double value);
 

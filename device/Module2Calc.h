@@ -12,7 +12,8 @@ double PulseToMm(std::int16_t lead, std::int16_t ppr, double value);
 /// value / lead x ppr, ties to the even pulse. A `lead` of 0 faults.
 double MmToPulse(std::int16_t lead, std::int16_t ppr, double value);
 /// The mm figure of the whole pulse next to `value`. Half a pulse goes up with `roundUp` 1, down
-/// with 0. Faults on a `lead` or `ppr` of 0 and on a figure too large for the fixed-point step.
+/// with 0; with any other `roundUp` a figure between two pulses gives 0. Faults on a `lead` or
+/// `ppr` of 0 and on a figure too large for the fixed-point step.
 double SnapMmToPulse(std::int16_t lead, std::int16_t roundUp, std::int16_t ppr, double value);
 /// Stroke end in whole pulses; a fraction of a pulse of one decimal or more counts as a whole one.
 /// Faults on a `lead` of 0 and on a stroke that is no pulse at all.

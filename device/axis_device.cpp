@@ -14,6 +14,14 @@ std::array<std::string, kAxes> FileNewOld;
 std::array<Flag, kAxes> DeviceTextEmpty{};
 std::array<ControllerDevice, kAxes> CtDevice;
 
+AxisChoice AxesInUse() {
+    AxisChoice axes{};
+    for (std::size_t axis = 0; axis < axes.size(); ++axis) {
+        axes[axis] = !IsSet(AxisOff[axis]);
+    }
+    return axes;
+}
+
 bool IsSpecialModel(const AxisDevice& device) {
     return device.DevSize == " 61" && device.DevSpeed == "F";
 }

@@ -58,6 +58,11 @@ struct ControllerDevice {
 };
 extern std::array<ControllerDevice, kAxes> CtDevice;
 
+/// Some of the four axes: true for each that is meant.
+using AxisChoice = std::array<bool, kAxes>;
+/// The axes in use.
+AxisChoice AxesInUse();
+
 /// True for the model `QD-61F`: size " 61" and speed "F". It has one acceleration setting fewer.
 bool IsSpecialModel(const AxisDevice& device);
 

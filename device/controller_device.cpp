@@ -1,6 +1,5 @@
 #include "device/controller_device.h"
 
-#include "device/axis_device.h"
 #include "link/ct_commands.h"
 
 #include <limits>
@@ -12,9 +11,9 @@ constexpr std::int16_t kOldKind = 0;
 constexpr std::int16_t kNewKind = 1;
 
 /// Checked for all axes before any is touched, so that no axis is left half taken over.
-std::int16_t CheckNumbers() {
+std::int16_t CheckNumbers(const AxisChoice& axes) {
     for (std::size_t axis = 0; axis < CtDevice.size(); ++axis) {
-        if (IsSet(AxisOff[axis])) {
+        if (!axes[axis]) {
             continue;
         }
         if (CtDevice[axis].PPR > std::numeric_limits<std::int16_t>::max()) {
@@ -43,11 +42,15 @@ void TakeFlags(AxisDevice& device, const ControllerDevice& ct) {
 } // namespace
 
 std::int16_t TakeControllerFlags() {
-    if (CheckNumbers() != 0) {
+    return TakeControllerFlags(AxesInUse());
+}
+
+std::int16_t TakeControllerFlags(const AxisChoice& axes) {
+    if (CheckNumbers(axes) != 0) {
         return 1;
     }
     for (std::size_t axis = 0; axis < CtDevice.size(); ++axis) {
-        if (IsSet(AxisOff[axis])) {
+        if (!axes[axis]) {
             continue;
         }
         const ControllerDevice& ct = CtDevice[axis];
@@ -62,8 +65,12 @@ std::int16_t TakeControllerFlags() {
 }
 
 std::int16_t TakeControllerDevices() {
+    return TakeControllerDevices(AxesInUse());
+}
+
+std::int16_t TakeControllerDevices(const AxisChoice& axes) {
     for (std::size_t axis = 0; axis < CtDevice.size(); ++axis) {
-        if (IsSet(AxisOff[axis])) {
+        if (!axes[axis]) {
             continue;
         }
         const ControllerDevice& ct = CtDevice[axis];

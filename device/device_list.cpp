@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace qdw8 {
 
@@ -19,7 +20,17 @@ LeadPpr FoundLeadPpr;
 namespace {
 
 std::int16_t NextNumber(FieldReader& fields) {
-    return ToInt16(NumberFromText(fields.next()));
+    return ToInt16(WholeNumberField(fields.next()));
+}
+
+/// A code that can't be read is a code that isn't known; the device itself is there all the same.
+std::int16_t NextOption(FieldReader& fields) {
+    const std::string field = fields.next();
+    try {
+        return ToInt16(WholeNumberField(field));
+    } catch (const Fault&) {
+        return kOptionUnknown;
+    }
 }
 
 DeviceListRow NextRow(FieldReader& fields) {
@@ -27,11 +38,11 @@ DeviceListRow NextRow(FieldReader& fields) {
     DeviceListRow row;
     row.size = Mid(key, 1, 3);
     row.speed = Mid(key, 4, 1);
-    row.stroke = ToInt16(NumberFromText(Mid(key, 6, 3)));
+    row.stroke = ToInt16(WholeNumberField(Mid(key, 6, 3)));
     row.lead = NextNumber(fields);
     row.ppr = NextNumber(fields);
-    row.pgOption = NextNumber(fields);
-    row.verticalOption = NextNumber(fields);
+    row.pgOption = NextOption(fields);
+    row.verticalOption = NextOption(fields);
     return row;
 }
 
@@ -39,8 +50,8 @@ DeviceListRow NextRow(FieldReader& fields) {
 std::vector<DeviceListRow> ReadRows() {
     FieldReader fields(ReadWholeFile(BesideProgram("nqddevice.lst")));
     const std::int16_t count = NextNumber(fields);
-    if (count > static_cast<std::int16_t>(kDeviceListRows)) {
-        throw Fault("the device list has too many records");
+    if (count < 0 || count > static_cast<std::int16_t>(kDeviceListRows)) {
+        throw Fault("the device list has no such number of records");
     }
     std::vector<DeviceListRow> rows;
     rows.reserve(kDeviceListRows);

@@ -49,8 +49,10 @@ extern std::array<DeviceListTable, kAxes> DeviceListTables;
 extern std::array<Flag, kAxes> DeviceListFailed;
 
 /// Reads the list for all axes, with distinct sizes and speeds. 0 good. 1 the file is missing, cut,
-/// holds a number that fits no cell, more than 99 records or a seventh size or speed: one box told
-/// so, `DeviceListFailed` is set and the table empty on every axis. A list of no records is good.
+/// holds a text where a number is due or one that fits no cell, fewer than 0 or more than 99
+/// records, or a seventh size or speed: one box told so, `DeviceListFailed` is set and the table
+/// empty on every axis. A list of no records is good, and an option code that can't be read counts
+/// as unknown.
 std::int16_t LoadDeviceList();
 /// The same with the distinct sizes only.
 std::int16_t LoadDeviceListSizes();

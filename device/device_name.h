@@ -13,8 +13,9 @@ namespace qdw8 {
 
 /// Takes the names and types of the position file (`FileDevText`, `FileNewOld`) apart into
 /// `DevSettei`, for each axis in use on the PC and in the file. 0 good, 1 a bad name or a device
-/// that is not in the list; a box told so, the axes before it are done and the others untouched.
-/// A device list whose pulse generator code is unknown ends it without that box.
+/// that is not in the list; a box told so, the axes before it are done, its own fields are taken
+/// over as far as they were good, family included, and the others untouched. A device list whose
+/// pulse generator code is unknown ends it without that box.
 std::int16_t ParseFileDevices();
 
 /// The same for one axis (0 to 3), whether it is in use or not: for an axis that the file uses and
@@ -22,7 +23,8 @@ std::int16_t ParseFileDevices();
 std::int16_t ParseFileDevice(std::size_t axis);
 
 /// Takes a code ("J52L100", " 44H050") apart into the size, speed and stroke of `CtDevice`. 0 good;
-/// 1 it isn't of seven characters or there is no such axis, and nothing changed.
+/// 1 it isn't of seven characters or there is no such axis, and nothing changed. A stroke that is
+/// no number counts as 0.
 std::int16_t ParseDeviceCode(int axis, const std::string& code);
 
 /// A code in three parts for printing.

@@ -81,14 +81,16 @@ void Change() {
     if (!AskAndTakeDevices()) {
         return;
     }
+    // Off line on every way out from here on: the devices have changed.
+    struct Leaving {
+        ~Leaving() { LeaveLine(); }
+    };
+    const Leaving leaving;
     WriteDeviceSettings();
-    ShowAxisDevices();
-    DispAxisData();
-    ShowUnitScale();
+    ShowChangedDevices();
     if (RecheckPositions() == 1) {
         ShowTexts({1526});
     }
-    LeaveLine();
 }
 
 /// The button is disabled while the command runs.
@@ -110,6 +112,12 @@ bool ListFailedForAxisInUse() {
 
 } // namespace
 
+void ShowChangedDevices() {
+    ShowAxisDevices();
+    DispAxisData();
+    ShowUnitScale();
+}
+
 std::int16_t RecheckPositions() {
     if (GridShowsItsRange()) {
         // A command on a part of the table may have left its range behind; all rows hang on the
@@ -118,14 +126,14 @@ std::int16_t RecheckPositions() {
         PosiLast = GridLast;
     }
     const std::int16_t result = PosiDataCheck3();
-    if (result == 0) {
+    // After a check that faulted the table is not what the grid shows: nothing is converted then,
+    // and the user's rows stay on the screen.
+    if (result == 0 && !IsSet(CheckFaultedFlag)) {
         if (IsSet(DispMmFlag)) {
             ConvertTableToPulse();
         } else {
             ConvertTableToMm();
         }
-        ShowAxisDevices();
-        ShowUnitScale();
         QdDataHyoji_3();
     }
     return result;

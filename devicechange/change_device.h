@@ -20,8 +20,13 @@ void mnuSettingsDeviceOffline_Click();
 /// an axis in use it stays away, after the list's own box.
 void mnuSettingsDeviceOnline_Click();
 
-/// Checks the whole grid against the devices in force, which have just changed. 0 clean: the unit
-/// that isn't shown is worked out anew from the one that is, and everything shown again. 1 errors
+/// Shows the devices in force, which have just changed: heads and colours of the axes, and the
+/// scale.
+void ShowChangedDevices();
+
+/// Checks the whole grid against the devices in force, which have just changed and are shown. 0
+/// clean: the unit that isn't shown is worked out anew from the one that is, and the grid shown
+/// again. 1 errors
 /// found and shown: nothing is converted, the user corrects the rows. 2 there is no data.
 std::int16_t RecheckPositions();
 

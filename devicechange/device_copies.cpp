@@ -4,7 +4,6 @@
 #include "device/axis_device.h"
 #include "parameter/para_device.h"
 
-#include <array>
 #include <tuple>
 
 namespace qdw8 {
@@ -25,12 +24,11 @@ void CopyFields(const AxisDevice& from, AxisDevice& to) {
     to.Vertical = from.Vertical;
 }
 
-/// What the parameters don't tell: the type of the sizes that exist as both, and the family.
-void TakeTypeAndFamily() {
+/// What the parameters don't tell: the type of the sizes that exist as both.
+void TakeType() {
     for (std::size_t axis = 0; axis < kAxes; ++axis) {
         if (!IsSet(AxisOff[axis])) {
             DevSetting[axis].NewType = DevSettei[axis].NewType;
-            DevSetting[axis].Device = FlagOf(FamilyText[axis] == "QD");
         }
     }
 }
@@ -65,7 +63,7 @@ std::int16_t CompareActuatorSettingOfPosifile2PC() {
 
 std::int16_t FollowDevicesOfParaSet() {
     const std::int16_t result = TakeParameterDevices();
-    TakeTypeAndFamily();
+    TakeType();
     return result;
 }
 

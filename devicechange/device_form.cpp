@@ -213,6 +213,10 @@ void ChangeAxisEnable(DeviceForm& form, std::size_t axis, bool ticked) {
     AxisPanel& panel = form.axes[axis];
     panel.chkAxisEnable = ticked;
     if (ticked) {
+        if (panel.comboDeviceSize.text.empty()) {
+            // Shown for the first time: the type goes with the model that the lists will show.
+            panel.chkNewOrOld.checked = !IsSet(DevSetting[axis].NewType);
+        }
         FillLists(panel, axis);
     }
 }

@@ -3,9 +3,7 @@
 #include "app/Module1.h"
 #include "app/boxes.h"
 #include "app/transfer_dialog.h"
-#include "device/Module2Calc.h"
 #include "device/axis_device.h"
-#include "device/axis_texts.h"
 #include "devicechange/change_device.h"
 #include "devicechange/device_copies.h"
 #include "devicechange/device_set.h"
@@ -16,11 +14,12 @@
 #include "parameter/factory_lists.h"
 #include "parameter/para_check.h"
 #include "parameter/para_commands.h"
+#include "parameter/para_device.h"
+#include "parameter/para_file.h"
 #include "parameter/para_rows.h"
 #include "parameter/para_set.h"
 #include "parameter/para_transfer.h"
 #include "position/flex_grid.h"
-#include "position/grid_display.h"
 
 #include <exception>
 
@@ -121,6 +120,7 @@ bool LoadDevices(const DeviceForm& form) {
         }
     }
     TakeFormDevices(form);
+    FactoryFailedFlag = kClear;
     if (LoadFactoryParametersForDevice() != 0) {
         return false;
     }
@@ -133,6 +133,7 @@ bool LoadDevices(const DeviceForm& form) {
 
 bool WriteDevices(const DeviceForm& form) {
     const Before before;
+    ParaWriteFailedFlag = kClear;
     if (ReadParameters() && LoadDevices(form) && WriteDeviceBlocks() == 0) {
         return true;
     }
@@ -158,33 +159,49 @@ bool Send(const DeviceForm& form) {
     return written;
 }
 
-void ShowAxes() {
-    ShowAxisDevices();
-    DispAxisData();
-}
-
 void FollowController() {
     FollowDevicesOfParaSet();
-    ShowAxes();
+    ShowChangedDevices();
     if (flgdData().rows.size() > kGridHeadRows && RecheckPositions() == 1) {
         Tell(1526);
     }
-    ShowAxisDevices();
-    ShowUnitScale();
 }
 
-void Write(const DeviceForm& form) {
+/// What was written stands: a cancel puts back nothing of it.
+void KeepWhatWasWritten(DeviceForm& form) {
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
+        form.newTypeBefore[axis] = DevSettei[axis].NewType;
+        form.familyBefore[axis] = FamilyText[axis];
+    }
+}
+
+/// The axes and families that came of the write, in the form.
+void ShowInForm(DeviceForm& form) {
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
+        AxisPanel& panel = form.axes[axis];
+        if (panel.chkAxisEnable == IsSet(AxisOff[axis])) {
+            ChangeAxisEnable(form, axis, !IsSet(AxisOff[axis]));
+        }
+        panel.optQdSelect = FamilyText[axis] == "HN" ? kFamilyHn : kFamilyQd;
+    }
+}
+
+void Write(DeviceForm& form) {
     GoOnLine();
     const auto axesBefore = AxisOff;
     if (!Send(form)) {
         if (AxisOff != axesBefore) {
-            ShowAxes();
+            ShowChangedDevices();
         }
         return;
     }
-    if (GetParametaValue2() == 0) {
-        UnloadTrance();
-        FollowController();
+    KeepWhatWasWritten(form);
+    const bool readBack = GetParametaValue2() == 0;
+    UnloadTrance();
+    // Also when the reading back failed: the parameters are then those that were acknowledged.
+    FollowController();
+    ShowInForm(form);
+    if (readBack) {
         Tell(1527);
     }
 }
@@ -198,6 +215,7 @@ void cmdPrmCtWrite_Click(DeviceForm& form, const std::function<void()>& show) {
     } catch (const std::exception&) {
         Tell(397);
     }
+    CompleteAxes();
 }
 
 } // namespace qdw8

@@ -16,7 +16,8 @@ namespace qdw8 {
 /// the exchange tells. A stop before the device blocks are written leaves devices and parameters as
 /// they were, while the controller may hold the new axis mask, uncommitted, and `AxisOff` agrees
 /// with it; if the mask itself couldn't be written, `AxisOff` is as it was. A controller that still
-/// answers is put back into mode 0.
+/// answers is put back into mode 0. An axis that came into use and got no device brings the one
+/// along that the controller holds, or goes out of use (`CompleteAxes`).
 void cmdPrmCtWrite_Click(DeviceForm& form, const std::function<void()>& show);
 
 } // namespace qdw8

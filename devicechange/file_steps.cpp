@@ -4,31 +4,17 @@
 #include "devicechange/device_copies.h"
 #include "parameter/factory_lists.h"
 #include "parameter/para_file.h"
-#include "parameter/para_rows.h"
 #include "position/device_change.h"
 
 namespace qdw8 {
 namespace {
 
-constexpr std::int16_t kTitle = 686;
-
-/// Asks and reads, with the tries that a parameter file gets everywhere; what was read waits in the
-/// row table. Nothing when the user cancelled or the file was refused.
-std::optional<std::string> AskParameterFile() {
-    if (AskAndReadParaFile(kTitle) != 0) {
-        return std::nullopt;
+std::int16_t TakeAndStoreDevices() {
+    if (TakeDevicesOfParaSet() != 0) {
+        return 1;
     }
-    return CellText(ParaRowTable.at(0, kRowFileName));
-}
-
-std::int16_t TakeParameterFile(const std::string&) {
-    return ApplyRowTable(RowSource::File);
-}
-
-void TakeAndStoreDevices() {
-    if (TakeDevicesOfParaSet() == 0) {
-        WriteDeviceSettings();
-    }
+    WriteDeviceSettings();
+    return 0;
 }
 
 } // namespace
@@ -39,8 +25,7 @@ void InstallDeviceChangeSteps() {
     steps.LetDevSettingToDevSettei = LetDevSettingToDevSettei;
     steps.ReflectFileDevice2PcDevice = ReflectFileDevice2PcDevice;
     steps.LoadFactoryParameters = LoadFactoryParameters;
-    steps.AskParameterFile = AskParameterFile;
-    steps.ReadParameterFile = TakeParameterFile;
+    steps.OpenParameterFile = OpenParaFile;
     steps.TakeParameterDevices = TakeAndStoreDevices;
 }
 

@@ -27,7 +27,8 @@ constexpr int DeviceBlockOf(std::size_t axis) {
 /// Which cells of `ParaReserved` fill the bytes that belong to no item.
 enum class ReservedMap {
     AsRead,     ///< each byte goes back to the place it came from
-    DeviceWrite ///< what a device write sends: from AXIS 2 on other cells than a read fills
+    DeviceWrite ///< what a device write sends: other cells than a read fills, but for the device
+                ///< block of AXIS 1
 };
 
 /// The 32 digits of a block (0 to 12) of `ParaSet`. Faults for a value that its bytes can't hold.

@@ -9,7 +9,7 @@ namespace qdw8 {
 /// whatever they hold; the common items always are, the acceleration setting never.
 std::int16_t ParametaValueCheck();
 
-/// The same for what a device write sends: only items of the axes in use that the device fixes.
+/// The same before a device write: only the items that the device decides, of the axes in use.
 std::int16_t ParametaValueCheck2();
 
 } // namespace qdw8

@@ -5,8 +5,7 @@
 #include "app/string_table.h"
 #include "app/transfer_dialog.h"
 #include "device/Module2Calc.h"
-#include "device/axis_device.h"
-#include "device/axis_texts.h"
+#include "device/device_settings.h"
 #include "link/Module3Tusin.h"
 #include "link/axis_mask.h"
 #include "link/ct_commands.h"
@@ -85,13 +84,25 @@ bool ReadParaSet() {
     return true;
 }
 
+/// The axes in use; the main window follows at once.
+bool ReadAxes() {
+    const auto axesBefore = AxisOff;
+    if (ReadAxisMask() != 0) {
+        Tell(359);
+        return false;
+    }
+    if (AxisOff != axesBefore) {
+        ShowTakenDevices();
+    }
+    return true;
+}
+
 bool Get() {
     if (!OfferToSave()) {
         return false;
     }
     const Batch batch;
-    if (ReadAxisMask() != 0) {
-        Tell(359);
+    if (!ReadAxes()) {
         return false;
     }
     YukoJikuHyojiSettei();
@@ -104,16 +115,13 @@ bool Get() {
 
 bool Get2() {
     const Batch batch;
-    if (ReadAxisMask() != 0) {
-        Tell(359);
-        return false;
-    }
-    return ReadParaSet();
+    return ReadAxes() && ReadParaSet();
 }
 
 void ShowMask() {
     ParaFields.txtOneAxis = std::to_string(AxisMaskOf(AxisOff));
     YukoJikuHyojiSettei();
+    ShowTakenDevices();
 }
 
 /// Both sides must use the same axes. False: the command ends here.
@@ -190,15 +198,15 @@ bool Reflect(const PosiTableCheck& checkPosiTable) {
     YukoJikuHyojiSettei();
     ParametaHyoji();
     if (TakeParameterDevices() != 0) {
-        return true; // the parameters are written; the devices stay as they were
+        // The parameters are written, and the axes follow them; devices that can't be taken were
+        // told and stay as they were. An axis that has none is seen to at the end.
+        ShowTakenDevices();
+        return true;
     }
     Culc_MaxPulse2();
     CalcMaxStrokeMm();
-    ShowAxisDevices();
-    ShowUnitScale();
-    if (Screens().frmMainAxes) {
-        Screens().frmMainAxes();
-    }
+    ShowTakenDevices();
+    WriteDeviceSettings();
     if (checkPosiTable && checkPosiTable() == 1) {
         Tell(1526);
     }
@@ -219,15 +227,26 @@ void Write(const PosiTableCheck& checkPosiTable) {
     Tell(1527);
 }
 
+/// The axes that the command brought into use; the fields of one that had to go again are emptied.
+void FinishAxes() {
+    const auto axesBefore = AxisOff;
+    CompleteAxes();
+    if (AxisOff != axesBefore) {
+        YukoJikuHyojiSettei();
+    }
+}
+
 } // namespace
 
 std::int16_t GetParametaValue() {
+    bool done = false;
     try {
-        return Get() ? 0 : 1;
+        done = Get();
     } catch (const std::exception&) {
         Tell(359);
-        return 1;
     }
+    FinishAxes();
+    return done ? 0 : 1;
 }
 
 std::int16_t GetParametaValue2() {
@@ -245,6 +264,7 @@ void cmdParaWrite_Click(const PosiTableCheck& checkPosiTable) {
     } catch (const std::exception&) {
         Tell(1528);
     }
+    FinishAxes();
 }
 
 } // namespace qdw8

@@ -10,7 +10,7 @@ namespace qdw8 {
 /// Reads everything into `ParaSet` and the fields: offers to save first, takes the axes in use from
 /// the controller and compares the actuators. 0 done; 1 not (the user was told, or ended it), and
 /// `ParaSet` is as the saving left it. The axes in use follow the controller as soon as they were
-/// read.
+/// read; on every way out `CompleteAxes` sees to those of which nothing was known.
 std::int16_t GetParametaValue();
 
 /// The axes in use and all blocks into `ParaSet`, without a question. 0 good; 1 failed after a box,
@@ -23,7 +23,7 @@ std::int16_t GetParametaValue2();
 using PosiTableCheck = std::function<std::int16_t()>;
 
 /// `cmdParaWrite`: the fields to the controller, and on request what it then holds back into the
-/// program. Every way out has told the user or was the user's own.
+/// program. Every way out has told the user or was the user's own, and has completed the axes.
 void cmdParaWrite_Click(const PosiTableCheck& checkPosiTable);
 
 } // namespace qdw8

@@ -7,13 +7,18 @@
 #include "device/axis_device.h"
 #include "device/axis_texts.h"
 #include "device/controller_device.h"
+#include "device/device_list.h"
 #include "device/device_settings.h"
+#include "link/Module3Tusin.h"
+#include "link/supervision.h"
 #include "parameter/device_bytes.h"
 #include "parameter/factory_lists.h"
 #include "parameter/para_set.h"
 #include "platform/fault.h"
 
+#include <array>
 #include <exception>
+#include <string>
 
 namespace qdw8 {
 
@@ -27,8 +32,10 @@ struct DeviceFigures {
     explicit DeviceFigures(std::size_t axis)
         : lead(ToInt16(ParaSet.LEAD[axis])), ppr(ToInt16(ParaSet.PULSE[axis])),
           maxPulse(ToInt32(ParaSet.STROKE[axis])) {
-        if (lead <= 0 || ppr <= 0) {
-            throw Fault("nothing can be converted with such a device");
+        const ActuatorParts& parts = ParaSet.parts[axis];
+        if (lead <= 0 || ppr <= 0 || maxPulse < 0 ||
+            CheckDeviceKey(parts.size, parts.speed, parts.stroke) != 0) {
+            throw Fault("no device has such figures");
         }
     }
     std::int16_t lead;
@@ -38,17 +45,49 @@ struct DeviceFigures {
 
 bool HoldsHorizontalType(std::int16_t type) {
     constexpr std::int16_t kPush = 0;
-    constexpr std::int16_t kGg = 4;
-    return type == kPush || type == kGg;
+    constexpr std::int16_t kUnlisted = 4; // a good value, though no list offers it
+    return type == kPush || type == kUnlisted;
 }
 
-/// The common ending of a change: what the main window shows of the axes.
-void ShowDevices() {
-    ShowAxisDevices();
-    ShowUnitScale();
-    if (Screens().frmMainAxes) {
-        Screens().frmMainAxes();
+/// The devices as they are now, to go back to.
+struct DevicesBefore {
+    std::array<AxisDevice, kAxes> setting = DevSetting;
+    std::array<AxisDevice, kAxes> settei = DevSettei;
+    std::array<std::string, kAxes> family = FamilyText;
+
+    void putBack() const {
+        DevSetting = setting;
+        DevSettei = settei;
+        FamilyText = family;
     }
+};
+
+/// The controller's actuators of these axes, which are in use.
+std::int16_t TakeOver(const AxisChoice& axes) {
+    const DevicesBefore before;
+    try {
+        if (ReadDeviceBytes() == 0 && TakeControllerFlags(axes) == 0 &&
+            TakeControllerDevices(axes) == 0) {
+            CalcMaxStrokeMm();
+            ShowTakenDevices();
+            WriteDeviceSettings();
+            return 0;
+        }
+    } catch (const std::exception&) {
+        // as any other failure
+    }
+    // Half a device is none: a lead without its model would convert by a stranger's figures.
+    before.putBack();
+    return 1;
+}
+
+AxisChoice AxesWithoutLead() {
+    AxisChoice axes = AxesInUse();
+    for (std::size_t axis = 0; axis < axes.size(); ++axis) {
+        const AxisDevice& device = DevSetting[axis];
+        axes[axis] = axes[axis] && (device.DevLead <= 0 || device.DevPPR <= 0);
+    }
+    return axes;
 }
 
 void TakeDevice(std::size_t axis) {
@@ -63,6 +102,7 @@ void TakeDevice(std::size_t axis) {
         device.NewType = kSet;
         pending.NewType = kSet;
     }
+    device.Device = FlagOf(FamilyText[axis] == "QD");
     DeviceTextEmpty[axis] = kClear;
     device.DevLead = figures.lead;
     device.DevPPR = figures.ppr;
@@ -113,23 +153,43 @@ void Culc_MaxPulse2() {
 }
 
 std::int16_t TakeOverDevicesOfController() {
-    const auto setting = DevSetting;
-    const auto settei = DevSettei;
-    const auto family = FamilyText;
-    if (ReadDeviceBytes() != 0) {
-        return 1;
+    return TakeOver(AxesInUse());
+}
+
+bool CompleteAxes() {
+    const AxisChoice lacking = AxesWithoutLead();
+    if (lacking == AxisChoice{}) {
+        return false;
     }
-    if (TakeControllerFlags() != 0 || TakeControllerDevices() != 0) {
-        // Half a device is none: a lead without its model would convert by a stranger's figures.
-        DevSetting = setting;
-        DevSettei = settei;
-        FamilyText = family;
-        return 1;
+    const PollHeld held;
+    if (!IsSet(OffLineFlag)) {
+        TakeOver(lacking);
+        CloseCtPort();
     }
-    CalcMaxStrokeMm();
-    ShowDevices();
-    WriteDeviceSettings();
-    return 0;
+    if (TakeOutAxesWithoutLead()) {
+        ShowTakenDevices();
+        ShowTexts({4, 5});
+    }
+    return true;
+}
+
+bool TakeOutAxesWithoutLead() {
+    const AxisChoice lacking = AxesWithoutLead();
+    for (std::size_t axis = 0; axis < lacking.size(); ++axis) {
+        if (lacking[axis]) {
+            AxisOff[axis] = kSet;
+        }
+    }
+    return lacking != AxisChoice{};
+}
+
+void ShowTakenDevices() {
+    if (Screens().frmMainAxes) {
+        Screens().frmMainAxes(); // shows the two below as well
+        return;
+    }
+    ShowAxisDevices();
+    ShowUnitScale();
 }
 
 std::int16_t SelectDeviceAndLoadFactory() {
@@ -142,6 +202,7 @@ std::int16_t SelectDeviceAndLoadFactory() {
         FactoryDeviceFlag = kClear;
         return -1;
     }
+    FactoryFailedFlag = kClear;
     const std::int16_t result = LoadFactoryParameters();
     FactoryDeviceFlag = kClear;
     return result;

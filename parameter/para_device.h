@@ -13,9 +13,10 @@ extern Flag DeviceCancelled;   ///< -1: the device window was left by Cancel; th
 
 /// The axes and actuators of `ParaSet` become what the program works with, and the stroke ends in
 /// mm follow. 0 good. 1 not: an axis in use names no actuator (`DeviceTextEmpty` is set, the axes
-/// before it are done), or, after a box, it holds figures that no device can have, such as more
-/// pulses per revolution than 32767 or a lead of 0, and no device has changed. `AxisOff` follows
-/// the mask in any case.
+/// before it are done), or, after a box, it holds what no device can have, such as more pulses per
+/// revolution than 32767, a lead of 0 or a stroke of 5 mm, and no device has changed. `AxisOff`
+/// follows the mask in any case. Whether the axis counts as one of the family is left to
+/// `FamilyText`.
 std::int16_t TakeParameterDevices();
 
 /// `MaxPulse` of each axis in use from item `STROKE`, in pulses; an axis out of use gets 0. Faults
@@ -26,6 +27,20 @@ void Culc_MaxPulse2();
 /// stored and shown. 0 good; 1 an exchange failed or the controller names no usable actuator, and
 /// the devices are as they were.
 std::int16_t TakeOverDevicesOfController();
+
+/// For the end of every command that can bring axes into use: no axis in use may stay without a
+/// lead or pulses per revolution, for nothing could be converted on it. The actuators of such axes,
+/// and of no others, are taken over from the controller; an axis for which it names none, or that
+/// is off line, goes out of use, and boxes tell. False if no axis lacked anything; else the axes
+/// are shown anew and the port is closed. The poll is held meanwhile, and nothing faults.
+bool CompleteAxes();
+
+/// Takes the axes out of use for which nothing gives a lead or pulses per revolution. True if there
+/// were any.
+bool TakeOutAxesWithoutLead();
+
+/// Repaints what the main window shows of the axes in use and their devices.
+void ShowTakenDevices();
 
 /// Lets the user choose the actuators and loads their factory parameters into `ParaSet`. 0 done, -1
 /// cancelled, 1 failed after a box.

@@ -6,6 +6,7 @@
 #include "platform/fault.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace qdw8 {
 

@@ -14,11 +14,13 @@
 #include "platform/platform.h"
 #include "platform/whole_file.h"
 
+#include <algorithm>
 #include <array>
 #include <exception>
 #include <filesystem>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace qdw8 {
 

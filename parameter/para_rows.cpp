@@ -1,36 +1,15 @@
 #include "parameter/para_rows.h"
 
 #include "app/number_forms.h"
-#include "platform/fault.h"
+
+#include <exception>
+#include <utility>
 
 namespace qdw8 {
 
 ParaRows ParaRowTable;
 
 namespace {
-
-constexpr std::size_t kLongestNumber = 40;
-
-bool IsPlainNumber(std::string_view text) {
-    if (text.size() > kLongestNumber) {
-        return false;
-    }
-    if (!text.empty() && (text.front() == '-' || text.front() == '+')) {
-        text.remove_prefix(1);
-    }
-    bool digit = false;
-    bool point = false;
-    for (const char c : text) {
-        if (c == '.' && !point) {
-            point = true;
-        } else if (c >= '0' && c <= '9') {
-            digit = true;
-        } else {
-            return false;
-        }
-    }
-    return digit;
-}
 
 void ZeroIfEmpty(ParaCell& cell) {
     if (std::holds_alternative<std::monostate>(cell)) {
@@ -49,14 +28,6 @@ ParaCell CellOfField(const std::string& field) {
         return NumberFromText(text);
     }
     return field;
-}
-
-double WholeNumberField(std::string_view field) {
-    const std::string text = Trim(field);
-    if (!IsPlainNumber(text)) {
-        throw Fault("a text stands where a number is due");
-    }
-    return NumberFromText(text);
 }
 
 double CellNumber(const ParaCell& cell) {

@@ -5,7 +5,6 @@
 #include <array>
 #include <cstdint>
 #include <string>
-#include <string_view>
 #include <variant>
 
 /// The staging table through which files and controller reads reach `ParaSet`: nothing that came
@@ -38,8 +37,6 @@ ParaCell CellOfField(const std::string& field);
 double CellNumber(const ParaCell& cell);
 /// The text of a cell.
 std::string CellText(const ParaCell& cell);
-/// The number that a field holds as a whole, without an exponent. Faults for anything else.
-double WholeNumberField(std::string_view field);
 
 /// Where the rows came from: from the controller the parts of `Actuator` are taken as they are,
 /// from a file they are parsed out of the text.

@@ -76,7 +76,8 @@ struct ParameterSet {
     AxisWords JOGVEL{};
     AxisWords AUTODRIVE{};
     AxisWords TYPE{};
-    std::array<std::string, kAxes> Actuator; ///< always built from the parts
+    std::array<std::string, kAxes>
+        Actuator; ///< built from the parts, but for a file's, which stays as read
     std::array<ActuatorParts, kAxes> parts;
     AxisWords FUNCTION{};
     AxisNumbers ALM{};
@@ -114,7 +115,7 @@ struct ParaItem {
         field;
     std::int32_t low; ///< limits, both included
     std::int32_t high;
-    bool forDevice; ///< belongs to the items that a device write sends and checks
+    bool forDevice; ///< decided by the device: what a device write loads anew and checks
 
     bool perAxis() const { return !std::holds_alternative<std::int16_t ParameterSet::*>(field); }
 };

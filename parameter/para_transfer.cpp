@@ -9,6 +9,7 @@
 #include "link/ct_commands.h"
 #include "parameter/para_blocks.h"
 #include "parameter/para_file.h"
+#include "platform/fault.h"
 
 #include <exception>
 #include <string>
@@ -92,14 +93,28 @@ Sent SendBlocks(int first, const Blocks& blocks) {
     return sent;
 }
 
-std::int16_t Write(int first, ReservedMap map) {
+/// False: a value is too wide for its bytes.
+bool BuildBlocks(int first, ReservedMap map, Blocks& blocks) {
     try {
-        // All are built before the first goes out: a value that fits nowhere sends nothing.
-        Blocks blocks;
         for (int block = first; block < kParaBlocks; ++block) {
             if (!IsBlockOff(block)) {
                 blocks[static_cast<std::size_t>(block)] = BuildParaBlock(block, map);
             }
+        }
+        return true;
+    } catch (const Fault&) {
+        return false;
+    }
+}
+
+std::int16_t Write(int first, ReservedMap map) {
+    try {
+        // All are built before the first goes out: a value that fits nowhere sends nothing.
+        Blocks blocks;
+        if (!BuildBlocks(first, map, blocks)) {
+            ParaWriteFailedFlag = kSet;
+            ShowTexts({1524, 1525});
+            return 1;
         }
         switch (SendBlocks(first, blocks)) {
         case Sent::Good: return 0;

@@ -43,7 +43,11 @@ double CutToThousandths(double mm) {
 }
 
 void StoreUnits(int gridRow, std::size_t axis, double pulse, double mm) {
-    PosiUnits& units = PosiUnitTable.at(static_cast<std::size_t>(gridRow) - 1);
+    const auto row = static_cast<std::size_t>(gridRow) - 1;
+    if (row >= PosiUnitTable.size()) {
+        return; // the last row of a grid that begins at 0; the commit fills both forms
+    }
+    PosiUnits& units = PosiUnitTable[row];
     units.pulse[axis] = pulse;
     units.mm[axis] = mm;
 }
@@ -108,7 +112,7 @@ Accepted TakeText(int row, int column, const std::string& text) {
 Accepted TakeGuarded(int row, int column, const std::string& text) {
     try {
         return TakeText(row, column, text);
-    } catch (const Fault&) {
+    } catch (const std::exception&) {
         return std::nullopt;
     }
 }

@@ -3,14 +3,9 @@
 #include "app/Module1.h"
 #include "app/screens.h"
 #include "app/string_table.h"
-#include "device/Module2Calc.h"
-#include "device/axis_device.h"
-#include "device/axis_texts.h"
-#include "device/controller_device.h"
-#include "device/device_settings.h"
 #include "link/axis_mask.h"
 #include "parameter/device_bytes.h"
-#include "position/grid_display.h"
+#include "parameter/para_device.h"
 
 namespace qdw8 {
 namespace {
@@ -24,26 +19,6 @@ std::int16_t CompareWithController() {
 }
 
 } // namespace
-
-std::int16_t TakeOverControllerDevices() {
-    const auto setting = DevSetting;
-    const auto settei = DevSettei;
-    if (ReadDeviceBytes() != 0) {
-        return 1;
-    }
-    if (TakeControllerFlags() != 0 || TakeControllerDevices() != 0) {
-        // Half a device is none: a lead without its model would convert by a stranger's figures.
-        DevSetting = setting;
-        DevSettei = settei;
-        return 1;
-    }
-    CalcMaxStrokeMm();
-    ShowAxisDevices();
-    DispAxisData();
-    ShowUnitScale();
-    WriteDeviceSettings();
-    return 0;
-}
 
 std::int16_t MatchControllerSettings() {
     const std::int16_t compared = CompareWithController();
@@ -60,7 +35,7 @@ std::int16_t MatchControllerSettings() {
     }
     const auto axesBefore = AxisOff;
     AxisOff = CtAxisOff;
-    if (TakeOverControllerDevices() != 0) {
+    if (TakeOverDevicesOfController() != 0) {
         AxisOff = axesBefore;
         return -1;
     }

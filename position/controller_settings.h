@@ -10,8 +10,4 @@ namespace qdw8 {
 /// controller couldn't be asked or its setting couldn't be taken over.
 std::int16_t MatchControllerSettings();
 
-/// Takes the controller's actuators over: the axes in `AxisOff` must be the controller's already.
-/// The new devices are stored and shown. 0 good; 1 failed, the devices are as they were.
-std::int16_t TakeOverControllerDevices();
-
 } // namespace qdw8

@@ -20,12 +20,12 @@ struct DeviceChangeSteps {
     /// Loads the factory parameters of all items for the devices in `DevSetting`. 0 good; 1 failed,
     /// and a box has told why.
     std::function<std::int16_t()> LoadFactoryParameters;
-    /// Asks for a parameter file. Nothing when the user cancelled.
-    std::function<std::optional<std::string>()> AskParameterFile;
-    /// Reads a parameter file into the parameters. 0 read, 1 it can't be read.
-    std::function<std::int16_t(const std::string& path)> ReadParameterFile;
+    /// Asks for a parameter file and reads it into the parameters, with the tries that it gets
+    /// everywhere. 0 read; -1 cancelled; 1 it can't be used, and a box has told why.
+    std::function<std::int16_t()> OpenParameterFile;
     /// Makes the parameters' devices and axes those that the program works with, and stores them.
-    std::function<void()> TakeParameterDevices;
+    /// 0 good; 1 they can't be used, a box has told so, and the devices are as they were.
+    std::function<std::int16_t()> TakeParameterDevices;
 };
 
 /// The steps in force.

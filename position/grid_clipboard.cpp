@@ -81,7 +81,7 @@ void PutClip() {
 }
 
 void PasteLines() {
-    const int first = SelectedRows().first;
+    const int first = flgdData().row; // the current line, wherever the selection began
     const std::string text = ThePlatform().TheClipboard.GetText();
     const auto rows = RowsOf(text, LastGridRow() - first + 1);
     FreezeGrid();

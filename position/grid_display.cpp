@@ -149,7 +149,7 @@ void DispAxisData() {
 bool GridShowsItsRange() {
     const auto rows = static_cast<int>(flgdData().rows.size());
     return rows == GridLast - GridFirst + 1 + kGridHeadRows && rows > kGridHeadRows &&
-           GridText(kGridHeadRows, 0) == std::to_string(GridFirst);
+           GridLast > 0 && GridText(kGridHeadRows, 0) == std::to_string(GridFirst);
 }
 
 } // namespace qdw8

@@ -101,6 +101,10 @@ void DeleteLine_Click() {
         ThawGrid();
         return;
     }
+    if (GridLast == 0) {
+        // The one line left of a grid that began at 0. First and last row 0 would mean no data.
+        GridFirst = GridLast = PosiFirst = PosiLast = 1;
+    }
     GridRowCount = static_cast<std::int16_t>(GridLast - GridFirst + 1);
     NumberGridRows();
     PosiDirtyFlag = kSet;

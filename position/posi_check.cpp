@@ -10,9 +10,13 @@
 #include "position/grid_display.h"
 #include "position/posi_table.h"
 
+#include <exception>
 #include <vector>
 
 namespace qdw8 {
+
+Flag CheckFaultedFlag = kClear;
+
 namespace {
 
 /// A position in pulses must fit into five hexadecimal digits less one bit.
@@ -205,6 +209,7 @@ std::int16_t Check_flgdLineNo() {
 }
 
 std::int16_t PosiDataCheck3() {
+    CheckFaultedFlag = kClear;
     ClearPosiErrors();
     PosiRowError.fill(kClear);
     PosiErrorCount = 0;
@@ -220,10 +225,36 @@ std::int16_t PosiDataCheck3() {
     }
     try {
         return RunCheck();
-    } catch (const Fault&) {
+    } catch (const std::exception&) {
+        CheckFaultedFlag = kSet;
         ThawGridWholly();
         return 0;
     }
+}
+
+bool TableTakesGrid(std::int16_t faultText) {
+    if (PosiDataCheck3() != 0) {
+        return false;
+    }
+    if (IsSet(CheckFaultedFlag)) {
+        ShowTexts({faultText});
+        return false;
+    }
+    return true;
+}
+
+std::int16_t ChangeUnit(Flag mm) {
+    if (GridShowsItsRange()) {
+        PosiFirst = GridFirst;
+        PosiLast = GridLast;
+    }
+    if (PosiDataCheck3() == 1 || IsSet(CheckFaultedFlag)) {
+        return 1;
+    }
+    DispMmFlag = mm;
+    Change_DispUnit();
+    QdDataHyoji_3();
+    return 0;
 }
 
 } // namespace qdw8

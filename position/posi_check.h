@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/Module1.h"
+
 #include <cstdint>
 
 /// The test of a range of the grid, and the way of its contents into the position table.
@@ -13,6 +15,19 @@ std::int16_t Check_flgdLineNo();
 /// `PosiRowError` tells the rows; 2 the grid holds no data. A cell whose number is too large for
 /// its width ends the check at once with 0 and nothing committed.
 std::int16_t PosiDataCheck3();
+
+/// -1 after a check that ended in a fault: it gave 0, and the table is not what the grid shows.
+extern Flag CheckFaultedFlag;
+
+/// `PosiDataCheck3` for a command that goes on with the table: true if the table now holds what the
+/// grid shows. A check that faulted is told with the text of the id, since going on would save or
+/// send other rows than the user sees.
+bool TableTakesGrid(std::int16_t faultText);
+
+/// Changes the unit of the positions, `mm` -1 or 0: the whole grid is checked and committed in the
+/// old unit, then everything is shown in the new one. 0 good. 1 the grid has errors, which the
+/// result window has shown, or can't be committed; the unit is as it was.
+std::int16_t ChangeUnit(Flag mm);
 
 /// Limits of "ACC" of an axis (0 to 3).
 struct AccLimits {

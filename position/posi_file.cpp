@@ -115,9 +115,10 @@ std::optional<std::string> AskFileName(std::int16_t titleId) {
 
 /// Up to six tries, 100 ms apart.
 bool SaveWithTries(const std::string& fileName) {
-    RetryCount = 0;
-    while (SaveFileAs2(fileName) != 0) {
-        if (++RetryCount > kRetries) {
+    // Counted here: an exchange that runs out of the pause uses the shared counter.
+    for (std::int16_t failed = 1; SaveFileAs2(fileName) != 0; ++failed) {
+        RetryCount = failed;
+        if (failed > kRetries) {
             ShowTexts({422});
             return false;
         }
@@ -153,7 +154,7 @@ bool Save() {
         ShowTexts({422});
         return false;
     }
-    if (PosiDataCheck3() == 1) {
+    if (!TableTakesGrid(422)) {
         return false;
     }
     std::string fileName = PosiFileName + ".qdd";
@@ -176,7 +177,7 @@ bool SaveAs() {
         RangeCancelFlag = kClear;
         return false;
     }
-    if (PosiDataCheck3() == 1 || AskBox(ResText(405), BoxButtons::OkCancel) != BoxAnswer::Ok) {
+    if (!TableTakesGrid(422) || AskBox(ResText(405), BoxButtons::OkCancel) != BoxAnswer::Ok) {
         return false;
     }
     const auto chosen = AskFileName(406);
@@ -186,7 +187,14 @@ bool SaveAs() {
 } // namespace
 
 std::string FileNameOnly(const std::string& fileName) {
-    return fileName.substr(0, fileName.size() - std::min(fileName.size(), kExtensionLength));
+    // Characters, not bytes: a name without an extension may end in Japanese ones.
+    std::size_t end = fileName.size();
+    for (std::size_t left = kExtensionLength; left > 0 && end > 0; --left) {
+        do {
+            --end;
+        } while (end > 0 && (static_cast<unsigned char>(fileName[end]) & 0xC0U) == 0x80U);
+    }
+    return fileName.substr(0, end);
 }
 
 std::int16_t SaveFileAs2(const std::string& fileName) {

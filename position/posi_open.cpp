@@ -34,11 +34,17 @@ namespace {
 /// would convert positions by a stranger's figures.
 struct DevicesBefore {
     std::array<AxisDevice, kAxes> setting = DevSetting;
+    std::array<AxisDevice, kAxes> settei = DevSettei;
+    std::array<std::string, kAxes> family = FamilyText;
     std::array<Flag, kAxes> off = AxisOff;
+    std::array<Flag, kAxes> fileOff = FileAxisOff;
 
     void putBack() const {
         DevSetting = setting;
+        DevSettei = settei;
+        FamilyText = family;
         AxisOff = off;
+        FileAxisOff = fileOff;
     }
 };
 
@@ -73,51 +79,39 @@ bool FileDiffers() {
     return DeviceChange().CompareActuatorSettingOfPosifile2PC() == 1 || FileAxisOff != AxisOff;
 }
 
-/// The actuators of the file with their factory parameters.
-void TakeFileDevices() {
+/// The actuators of the file with their factory parameters; if they can't be had, the positions
+/// are opened with the actuators of before.
+void TakeFileDevices(const DevicesBefore& before) {
     for (std::size_t axis = 0; axis < kAxes; ++axis) {
         const bool newlyUsed = IsSet(AxisOff[axis]) && !IsSet(FileAxisOff[axis]);
         if (newlyUsed && ParseFileDevice(axis) != 0) {
             throw Fault("the file names a device that doesn't exist");
         }
     }
-    const DevicesBefore before;
     DeviceChange().ReflectFileDevice2PcDevice();
-    if (DeviceChange().LoadFactoryParameters() == 0) {
-        DeviceChange().TakeParameterDevices();
-    } else {
+    if (DeviceChange().LoadFactoryParameters() != 0 || DeviceChange().TakeParameterDevices() != 0) {
         before.putBack();
     }
 }
 
 /// The actuators of a parameter file. False: the command ends, and a box has told why.
 bool TakeParameterFile() {
-    const auto path = DeviceChange().AskParameterFile();
-    if (!path) {
+    const std::int16_t result = DeviceChange().OpenParameterFile();
+    if (result == -1) {
         ShowTexts({367});
-        return false;
     }
-    RetryCount = 0;
-    while (DeviceChange().ReadParameterFile(*path) != 0) {
-        if (++RetryCount > kRetries) {
-            ShowTexts({681});
-            return false;
-        }
-        MsecTimer(kRetryPauseMs);
-    }
-    DeviceChange().TakeParameterDevices();
-    return true;
+    return result == 0 && DeviceChange().TakeParameterDevices() == 0;
 }
 
 /// Puts other axes or actuators to the user. False: the command ends here.
-bool SettleDevices() {
+bool SettleDevices(const DevicesBefore& before) {
     if (!FileDiffers()) {
         return true;
     }
     switch (Screens().frmSelection(
         {ResText(471), ResText(44), {ResText(45), ResText(46), ResText(47)}, false})) {
     case 0: DeviceChange().LetDevSettingToDevSettei(); return true;
-    case 1: TakeFileDevices(); return true;
+    case 1: TakeFileDevices(before); return true;
     case 2: return TakeParameterFile();
     default: return true; // cancelled: opened all the same, with nothing copied
     }
@@ -133,7 +127,7 @@ void ShowAxes() {
 }
 
 /// From the dialog to the filled grid. False: the document is the one of before.
-bool Open() {
+bool Open(const DevicesBefore& before) {
     const auto answer = AskFile();
     if (!answer) {
         ShowTexts({367});
@@ -143,7 +137,7 @@ bool Open() {
         return false;
     }
     TakeFileRange();
-    if (!SettleDevices()) {
+    if (!SettleDevices(before)) {
         return false;
     }
     ShowAxes();
@@ -162,15 +156,17 @@ bool Open() {
 
 void OpenPosiFile() {
     const PositionCommand command;
-    const RangesBefore before;
+    const RangesBefore ranges;
+    const DevicesBefore devices;
     bool opened = false;
     try {
-        opened = Open();
+        opened = Open(devices);
     } catch (const std::exception&) {
         ShowTexts({484});
     }
     if (!opened) {
-        before.putBack();
+        ranges.putBack();
+        devices.putBack();
     }
 }
 

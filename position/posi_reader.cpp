@@ -93,13 +93,14 @@ std::int16_t ReadPosiFile(const std::string& path) {
 }
 
 bool ReadPosiFileWithTries(const std::string& path) {
-    RetryCount = 0;
-    while (true) {
+    // Counted here: an exchange that runs out of the pause uses the shared counter.
+    for (std::int16_t failed = 1;; ++failed) {
         FileReadFailFlag = kClear;
         if (ReadPosiFile(path) == 0) {
             return true;
         }
-        if (++RetryCount > kRetries) {
+        RetryCount = failed;
+        if (failed > kRetries) {
             ShowTexts({484});
             return false;
         }

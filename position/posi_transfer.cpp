@@ -106,19 +106,6 @@ bool AskRange() {
     return AskBox(ResText(370), BoxButtons::OkCancel) == BoxAnswer::Ok;
 }
 
-/// After a read that didn't come to its end: the rows of before, under whatever devices are in
-/// force now. The pulses stand; the mm forms follow the devices.
-void ShowWhatWasThere() {
-    if (flgdData().rows.size() > kGridHeadRows && GridShowsItsRange()) {
-        const RangesBefore working;
-        PosiFirst = GridFirst;
-        PosiLast = GridLast;
-        ConvertTableToMm();
-        QdDataHyoji_3();
-        working.putBack();
-    }
-}
-
 void ShowWhatCame() {
     PosiStageToTable();
     ConvertTableToMm();
@@ -144,7 +131,6 @@ void Read() {
     GridLast = PosiLast;
     GridRowCount = static_cast<std::int16_t>(GridLast - GridFirst + 1);
     GoOnLine();
-    const auto devicesBefore = DevSetting;
     const std::int16_t compared = MatchControllerSettings();
     if (compared != 0) {
         ShowBox(compared == 1 ? TextLines({108, 425}) : ResText(108));
@@ -160,9 +146,6 @@ void Read() {
         ShowTexts({425});
     }
     before.putBack();
-    if (DevSetting != devicesBefore) {
-        ShowWhatWasThere();
-    }
 }
 
 } // namespace

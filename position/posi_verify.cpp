@@ -85,7 +85,7 @@ void VerifyWithFile() {
     }
     PosiFirst = GridFirst;
     PosiLast = GridLast;
-    if (PosiDataCheck3() == 1) {
+    if (!TableTakesGrid(397)) {
         return;
     }
     const auto path = AskFile();
@@ -105,7 +105,7 @@ void VerifyWithController() {
         return;
     }
     Screens().frmSelectPosiNo3();
-    if (TakeRangeCancel() || PosiDataCheck3() == 1) {
+    if (TakeRangeCancel() || !TableTakesGrid(397)) {
         return;
     }
     const PollHeld held;

@@ -98,7 +98,7 @@ bool AskWhatToWrite() {
         RangeCancelFlag = kClear;
         return false;
     }
-    return PosiDataCheck3() == 0 && AskBox(ResText(375), BoxButtons::OkCancel) == BoxAnswer::Ok;
+    return TableTakesGrid(397) && AskBox(ResText(375), BoxButtons::OkCancel) == BoxAnswer::Ok;
 }
 
 /// The controller stands still and is in the mode for writing. False: the command ends.

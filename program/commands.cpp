@@ -1,5 +1,6 @@
 #include "program/commands.h"
 
+#include "app/boxes.h"
 #include "app/screens.h"
 #include "devicechange/change_device.h"
 #include "link/supervision.h"
@@ -16,6 +17,7 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
 
 namespace qdw8 {
 namespace {
@@ -104,8 +106,14 @@ void RunCommand(Command command) {
     }
     const auto* entry = std::find_if(kEntries.begin(), kEntries.end(),
                                      [command](const Entry& e) { return e.command == command; });
-    if (entry != kEntries.end()) {
+    if (entry == kEntries.end()) {
+        return;
+    }
+    try {
         entry->routine();
+    } catch (const std::exception&) {
+        ShowTexts(
+            {397}); // each routine has a handler of its own; this keeps the rest from the toolkit
     }
 }
 

@@ -163,13 +163,13 @@ void ChooseDevices() {
         const Choosing choosing;
         cmdChangeDev_Click();
     }
+    TakeOutAxesWithoutLead();
     RepaintAxes();
 }
 
 /// Off line: the devices come from the settings, and the user may choose others.
 void StartOffLine() {
     if (ReadDeviceSettings() == 1) {
-        TakeOutAxesWithoutLead();
         ShowTexts({4, 5});
     } else {
         for (std::size_t axis = 0; axis < kAxes; ++axis) {

@@ -49,6 +49,7 @@ void frmDevice3::write() {
     panels->takeTyped();
     panels->showForm();
     cmdPrmCtWrite_Click(form, [this] { showCommands(); });
+    panels->showForm();
     cmdPrmCtWrite->setFocus();
 }
 

@@ -326,14 +326,36 @@ void frmMain::changeEvent(QEvent* event) {
     }
 }
 
+/// Commands that neither read nor change the grid.
+static bool LeavesGridAlone(Command command) {
+    switch (command) {
+    case cmdReset:
+    case mnuFuncAlmReset:
+    case mnuFuncCtversion:
+    case mnuSettingsOffline:
+    case mnuViewToolBar:
+    case mnuViewStatusBar: return true;
+    default: return false;
+    }
+}
+
 void frmMain::chosen(Command command) {
     const auto ticked = [this, command] {
         return controls.actions[static_cast<std::size_t>(command)]->isChecked();
     };
-    // What may be used can have changed since the window was last told. A cell being edited belongs
-    // to the data that the command works on; a text that is rejected comes first.
-    if (!IsEnabled(command) || !grid->finishInput()) {
+    // What may be used can have changed since the window was last told.
+    if (!IsEnabled(command)) {
         return;
+    }
+    // A cell being edited belongs to the data that most commands work on: a text that is rejected
+    // comes first. The others run beside it, and an end of the program gives it up.
+    if (LeavesGridAlone(command)) {
+        // nothing to finish
+    } else if (!grid->finishInput()) {
+        if (command != mnuFileExit && command != mnuFileClose) {
+            return;
+        }
+        CancelEdit();
     }
     if (command == mnuViewToolBar) {
         toolBar->setVisible(ticked());
@@ -341,6 +363,11 @@ void frmMain::chosen(Command command) {
         statusBar()->setVisible(ticked());
     } else if (events.command) {
         events.command(command);
+        // A button that was pressed gives the focus back: the next key is meant for the grid, not
+        // for the button once more or for the one beside it.
+        if (!LeavesGridAlone(command)) {
+            focusGrid();
+        }
     }
 }
 

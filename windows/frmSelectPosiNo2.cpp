@@ -77,6 +77,8 @@ void frmSelectPosiNo2::showOptions() {
 void frmSelectPosiNo2::accept() {
     if (TakeReadRange(allData->isChecked(), range.texts())) {
         QDialog::accept();
+    } else {
+        range.txtStartPosiNo->setFocus(); // the numbers are to be typed again
     }
 }
 

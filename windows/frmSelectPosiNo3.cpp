@@ -44,6 +44,8 @@ frmSelectPosiNo3::frmSelectPosiNo3(QWidget* parent) : QDialog(parent) {
 void frmSelectPosiNo3::accept() {
     if (TakeGridRange(range.texts())) {
         QDialog::accept();
+    } else {
+        range.txtStartPosiNo->setFocus(); // the numbers are to be typed again
     }
 }
 

@@ -152,6 +152,8 @@ frmSelectPosiNo4::frmSelectPosiNo4(bool common, QWidget* parent)
 void frmSelectPosiNo4::accept() {
     if (!overlap || TakeVerifyRange(range.texts())) {
         QDialog::accept();
+    } else {
+        range.txtStartPosiNo->setFocus(); // the numbers are to be typed again
     }
 }
 

@@ -50,7 +50,10 @@ GridSelection InView(const QItemSelectionModel& selection) {
     }
     const QItemSelectionRange& range = ranges.first();
     const bool wholeLine = range.left() == 0 && range.right() == kLastColumn;
-    const bool upwards = moving.row() == range.top();
+    // A whole column counts from its first line, as a whole line does from its first column.
+    const int lastRow = moving.model()->rowCount() - 1;
+    const bool wholeColumn = range.top() == 0 && range.bottom() == lastRow && lastRow > 0;
+    const bool upwards = !wholeColumn && moving.row() == range.top();
     const bool leftwards = !wholeLine && moving.column() == range.left();
     return {(upwards ? range.bottom() : range.top()) + kGridHeadRows,
             (leftwards ? range.right() : range.left()) + 1,
@@ -386,6 +389,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
             events.command(command);
         }
     };
+    goToScreen(*event);
     const GridSelection selected = InUnit();
     if (event->matches(QKeySequence::Copy)) {
         const bool lines = std::min(selected.col, selected.colSel) == 1 &&
@@ -404,13 +408,31 @@ void GridView::keyPressEvent(QKeyEvent* event) {
         return;
     }
     switch (event->key()) {
-    case Qt::Key_F2:
+    case Qt::Key_F2: StartEdit(); return;
     case Qt::Key_Return:
-    case Qt::Key_Enter: StartEdit(); return;
+    case Qt::Key_Enter:
+        if (!StartEdit()) {
+            // A cell of an axis out of use: on to the next one, as behind an edit.
+            flgdData_KeyDownEdit(kKeyEnter);
+            flgdData_AfterEdit();
+        }
+        return;
     default: break;
     }
     QTableView::keyPressEvent(event);
     handBackNow();
+}
+
+/// Commands send the cursor home. The first key that means a cell begins with the first line on the
+/// screen, so that the user stays where he looks.
+void GridView::goToScreen(const QKeyEvent& event) {
+    const bool means = event.key() == Qt::Key_F2 || event.key() == Qt::Key_Return ||
+                       event.key() == Qt::Key_Enter || event.key() == Qt::Key_Down ||
+                       event.key() == Qt::Key_Up || event.key() == Qt::Key_Left ||
+                       event.key() == Qt::Key_Right || !TypedText(event).isEmpty();
+    if (means && flgdData().row < kGridHeadRows && cells->rowCount() > 0) {
+        GoToCell(rowsOnScreen().first + kGridHeadRows, 1);
+    }
 }
 
 void GridView::beginTyping(const QKeyEvent& event, const QString& text) {

@@ -85,6 +85,7 @@ private:
     void selectionMoved();
     void handBack();
     void handBackNow();
+    void goToScreen(const QKeyEvent& event);
     void beginTyping(const QKeyEvent& event, const QString& text);
     std::pair<int, int> rowsOnScreen() const;
 

@@ -155,8 +155,8 @@ void BuildMenus(QMainWindow& window, CommandControls& controls, const CommandRou
 
     QMenu* edit = AddMenu(bar.addMenu(number(265)), controls, mnuEdit);
     AddEntries(*edit, controls,
-               {{mnuEditGyoInsert, 266, {}},
-                {mnuEditGyoDelete, 267, {}},
+               {{mnuEditGyoInsert, 266, Qt::CTRL | Qt::Key_Plus},
+                {mnuEditGyoDelete, 267, Qt::CTRL | Qt::Key_Minus},
                 kSeparator,
                 {mnuEditLineCopy, 268, Qt::CTRL | Qt::SHIFT | Qt::Key_C},
                 {mnuEditLinePaste, 269, Qt::CTRL | Qt::SHIFT | Qt::Key_V},

@@ -1,10 +1,8 @@
 #include "devicechange/device_write.h"
 
-#include "device/Module2Calc.h"
 #include "device_change_fixture.h"
 #include "devicechange/device_set.h"
 #include "link/Module3Tusin.h"
-#include "link/supervision.h"
 #include "parameter/device_bytes.h"
 #include "parameter/factory_lists.h"
 #include "position/posi_table.h"
@@ -179,6 +177,7 @@ TEST_F(WriteTest, ADeadLineAtEveryStep) {
             ++frame;
             SCOPED_TRACE(frame);
             AxisOff = {kClear, kSet, kSet, kSet};
+            DevSetting = setting;
             DevSettei = settei;
             ParaSet = {};
             ParaSet.SM_TIMER = 77;
@@ -188,13 +187,13 @@ TEST_F(WriteTest, ADeadLineAtEveryStep) {
                 platform.expectBox(box);
             }
             write();
-            EXPECT_EQ(DevSetting, setting) << "nothing is taken over";
             EXPECT_EQ(OffLineFlag, kSet);
             const bool maskWritten = step > 2;
             EXPECT_EQ(AxisOff[1], maskWritten ? kClear : kSet);
             const bool written = step > 5;
             EXPECT_EQ(ParaSet.SM_TIMER == 77, !written);
             EXPECT_EQ(DevSettei == settei, !written);
+            EXPECT_EQ(DevSetting == setting, !written) << "what the controller holds is followed";
         }
     }
     AxisOff = off;
@@ -219,7 +218,7 @@ TEST_F(WriteTest, AnErrorReplyAtEveryStepLeavesTheControllerInModeZero) {
                 platform.expectBox(box);
             }
             write();
-            EXPECT_EQ(DevSetting == setting, !goesOn);
+            EXPECT_EQ(DevSetting == setting, step < 6);
             EXPECT_EQ(line.controller.machine().mode, goesOn ? 1 : 0);
         }
     }
@@ -239,6 +238,19 @@ TEST_F(WriteTest, AWrongEchoStopsTheWrite) {
     write();
     EXPECT_EQ(platform.sent.back(), "0CM00");
     EXPECT_EQ(line.controller.count("0WE"), 0) << "nothing is made lasting";
+    EXPECT_EQ(DevSetting[0].DevStroke, 100);
+}
+
+TEST_F(WriteTest, AnAxisThatAStoppedWriteBroughtIntoUseIsCompleted) {
+    ChangeAxisEnable(form, 3, true);
+    ChangeSize(form, 3, "44");
+    ChangeSpeed(form, 3, "L");
+    ChangeStroke(form, 3, "123"); // no factory record
+    platform.expectBox("Fail to open standard parameter file.");
+    write();
+    EXPECT_EQ(AxisOff, (std::array<Flag, kAxes>{kClear, kClear, kSet, kClear}));
+    EXPECT_EQ(DevSetting[3].DevSize, " 61");
+    EXPECT_EQ(DevSetting[3].DevPPR, 192);
     EXPECT_EQ(DevSetting[0].DevStroke, 100);
 }
 

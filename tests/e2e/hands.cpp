@@ -3,6 +3,7 @@
 #include "user.h"
 
 #include <QApplication>
+#include <QKeySequence>
 #include <QProcess>
 #include <QTest>
 #include <QThread>
@@ -51,20 +52,58 @@ QPoint placeOf(const QString& what, const FindSpot& find, Boxes boxes) {
 
 } // namespace
 
-void clickAt(const QString& what, const FindSpot& find, Boxes boxes) {
+void clickAt(const QString& what, const FindSpot& find, Boxes boxes, Held held) {
     if (realHands()) {
         const QPoint place = placeOf(what, find, boxes);
-        xdotool({QStringLiteral("mousemove"), QString::number(place.x()),
-                 QString::number(place.y()), QStringLiteral("click"), QStringLiteral("1")});
+        QStringList words{QStringLiteral("mousemove"), QString::number(place.x()),
+                          QString::number(place.y()), QStringLiteral("click"), QStringLiteral("1")};
+        if (held == Held::Shift) {
+            words = QStringList{QStringLiteral("keydown"), QStringLiteral("shift")} + words +
+                    QStringList{QStringLiteral("keyup"), QStringLiteral("shift")};
+        }
+        xdotool(words);
         return;
     }
     waitFor(
         what, [&] { return find().widget != nullptr; }, boxes);
-    post([find] {
+    const Qt::KeyboardModifiers keys = held == Held::Shift ? Qt::ShiftModifier : Qt::NoModifier;
+    post([find, keys] {
         if (const Spot spot = find(); spot.widget != nullptr) {
-            QTest::mouseClick(spot.widget, Qt::LeftButton, {}, spot.at);
+            // A window manager gives the keys to the window that is clicked; here there is none.
+            if (!spot.widget->window()->isActiveWindow()) {
+                spot.widget->window()->activateWindow();
+            }
+            QTest::mouseClick(spot.widget, Qt::LeftButton, keys, spot.at);
         }
     });
+}
+
+void press(const QString& key) {
+    if (realHands()) {
+        xdotool({QStringLiteral("key"), key});
+        return;
+    }
+    post([key] {
+        const QKeyCombination keys = QKeySequence(key)[0];
+        if (QWidget* widget = QApplication::focusWidget(); widget != nullptr) {
+            QTest::keyClick(widget, keys.key(), keys.keyboardModifiers());
+        }
+    });
+}
+
+void keyIn(const QString& text) {
+    if (realHands()) {
+        xdotool({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("30"), text});
+        return;
+    }
+    // The first character may bring up the box that takes the others.
+    for (const QChar character : text) {
+        post([character] {
+            if (QWidget* widget = QApplication::focusWidget(); widget != nullptr) {
+                QTest::keyClicks(widget, QString(character));
+            }
+        });
+    }
 }
 
 void writeOver(const FindSpot& field, qsizetype length, const QString& text) {

@@ -20,7 +20,14 @@ struct Spot {
 };
 using FindSpot = std::function<Spot()>;
 
-void clickAt(const QString& what, const FindSpot& find, Boxes boxes = Boxes::AreFailures);
+enum class Held { Nothing, Shift };
+void clickAt(const QString& what, const FindSpot& find, Boxes boxes = Boxes::AreFailures,
+             Held held = Held::Nothing);
+
+/// A key to what has the keys: "Return", "Escape", "Tab", "ctrl+c".
+void press(const QString& key);
+/// Types a text to what has the keys.
+void keyIn(const QString& text);
 
 /// Types over what stands in the field that has the keys, which is `length` characters long.
 void writeOver(const FindSpot& field, qsizetype length, const QString& text);

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QVector>
+#include <optional>
 #include <utility>
 
 /// What the user does, one routine for each story. Each begins with the program at its splash and
@@ -12,7 +13,8 @@ using Settings = QVector<std::pair<QString, QString>>;
 
 struct Scenario {
     const char* name;
-    Settings settings; ///< what `settings.ini` holds before the program starts
+    /// What `settings.ini` holds before the program starts; nothing: what the story before left.
+    std::optional<Settings> settings;
     void (*play)();
 };
 
@@ -37,5 +39,20 @@ void resetBothClasses();
 void versionQuery();
 void axesInUse();
 void offlineCommand();
+
+void deviceOfflineCatalogue();
+void deviceNextStart(); ///< in the home that `deviceOfflineCatalogue` leaves
+void deviceOfflineFile();
+void deviceOnlineWrite();
+void deviceMismatch();
+
+void editCells();
+void checkErrors();
+
+void openOtherDevices();
+void verifyFile();
+void verifyController();
+void writeBack();
+void writeInterrupted();
 
 } // namespace e2e

@@ -1,4 +1,5 @@
 #include "cable.h"
+#include "table.h"
 #include "user.h"
 
 #include <QDir>
@@ -28,15 +29,7 @@ void readTheFirst(int count) {
 /// controller, asks, and takes those.
 void readTheFirstFromAStranger(int count) {
     askForPositions(1, count);
-    waitReady(QStringLiteral("frmSelection"));
-    expect(QStringLiteral("the question"),
-           textOf(QStringLiteral("lblSelectText")).replace(u'\n', u' '), text(371));
-    expect(QStringLiteral("the choices"),
-           {textOf(QStringLiteral("optSelectKomoku(0)")),
-            textOf(QStringLiteral("optSelectKomoku(1)"))},
-           {text(372), text(373)});
-    click(QStringLiteral("optSelectKomoku(0)"));
-    click(QStringLiteral("cmdSelectOk"));
+    answer(371, {372, 373}, 0);
     waitText(kFileName, kInController);
     waitReady(QStringLiteral("cmdPosiRead"));
     expectGrid(expectedRows(1, count, Unit::Mm));
@@ -52,6 +45,15 @@ void readAll() {
     click(QStringLiteral("optSelectPosiNo(0)"));
     click(QStringLiteral("cmdOk"));
     expectBox(QStringLiteral("Read the data from controller, OK?"), QStringLiteral("Ok"));
+}
+
+/// A start without a controller ends with the choice of the devices; none is in use until the user
+/// says so.
+void useNoAxis() {
+    answer(41, {42, 43}, 0);
+    waitReady(QStringLiteral("frmDevice2"));
+    click(QStringLiteral("cmdDeviceSet"));
+    waitGone(QStringLiteral("frmDevice2"));
 }
 
 /// The program works off line, and nobody has to be asked anything more.
@@ -107,6 +109,7 @@ void noController() {
     QFile::link(workFolder() + QStringLiteral("/no-such-device"), linkOfCom1());
     chooseOnLine();
     expectBox(kPortBox, QStringLiteral("Ok"));
+    useNoAxis();
     expectUsableOffLine();
     // The port is tried again for each command that needs it.
     click(QStringLiteral("cmdReset"));
@@ -126,6 +129,7 @@ void noAnswer() {
                              " 1.Power ON for controller?\n\n"
                              " 2.Communication cables are connected?"),
               QStringLiteral("Ok"));
+    useNoAxis();
     expectUsableOffLine();
     expect(QStringLiteral("the frames"), cable.tell(QStringLiteral("stats")),
            {QStringLiteral("0CM 1")});
@@ -141,6 +145,7 @@ void twoAxes() {
     expectBox(QStringLiteral("This is not \"QD-K8\" controller.\n"
                              "Please check whether a controller is QD-K8."),
               QStringLiteral("Ok"));
+    useNoAxis();
     expectUsableOffLine();
     // It was asked what it is, and nothing more.
     expect(QStringLiteral("the frames"), cable.tell(QStringLiteral("stats")),

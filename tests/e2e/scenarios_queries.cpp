@@ -1,11 +1,7 @@
 #include "cable.h"
 #include "user.h"
 
-#include <algorithm>
-#include <array>
-
-/// The small commands that ask the controller what it is, and the way off line; and the list of
-/// all stories.
+/// The small commands that ask the controller what it is, and the way off line.
 namespace e2e {
 
 namespace {
@@ -64,33 +60,6 @@ void offlineCommand() {
     expectBox(QStringLiteral("Axis setting is 1,2,3,4."), QStringLiteral("Ok"));
     waitLamps(QStringLiteral("PO"));
     leave();
-}
-
-const Scenario* findScenario(const QString& name) {
-    const std::pair<QString, QString> english{QStringLiteral("Language"), QStringLiteral("2")};
-    const std::pair<QString, QString> japanese{QStringLiteral("Language"), QStringLiteral("1")};
-    const std::pair<QString, QString> pulses{QStringLiteral("DispMmUnit"), QStringLiteral("0")};
-    static const std::array all{
-        Scenario{"slice_english_mm", {}, sliceEnglishMm},
-        Scenario{"slice_english_pulses", {english, pulses}, sliceEnglishPulses},
-        Scenario{"slice_japanese", {japanese}, sliceJapanese},
-        Scenario{"tour_english", {english}, tourEnglish},
-        Scenario{"tour_japanese", {japanese}, tourJapanese},
-        Scenario{"read_cancelled", {}, readCancelled},
-        Scenario{"cable_pulled", {}, cablePulled},
-        Scenario{"no_controller", {}, noController},
-        Scenario{"no_answer", {}, noAnswer},
-        Scenario{"two_axes", {}, twoAxes},
-        Scenario{"alarm_goes_out", {}, alarmGoesOut},
-        Scenario{"reset_both_classes", {}, resetBothClasses},
-        Scenario{"version_query", {}, versionQuery},
-        Scenario{"axes_in_use", {}, axesInUse},
-        Scenario{"offline_command", {}, offlineCommand},
-    };
-    const auto* known = std::find_if(all.begin(), all.end(), [&name](const Scenario& scenario) {
-        return name == QLatin1String(scenario.name);
-    });
-    return known == all.end() ? nullptr : known;
 }
 
 } // namespace e2e

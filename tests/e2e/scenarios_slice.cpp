@@ -1,20 +1,11 @@
 #include "cable.h"
+#include "table.h"
 #include "user.h"
-
-#include <QFile>
 
 /// The main job: on line, all positions in from the controller, out to a file.
 namespace e2e {
 
 namespace {
-
-QByteArray contentOf(const QString& name) {
-    QFile file(workFolder() + u'/' + name);
-    if (!file.open(QIODevice::ReadOnly)) {
-        fail(file.fileName() + QStringLiteral(": can't be read"));
-    }
-    return file.readAll();
-}
 
 /// The heads of the position columns, which tell the unit.
 QStringList positionHeads() {
@@ -31,26 +22,19 @@ QStringList expectedPositionHeads(Unit unit) {
 }
 
 [[noreturn]] void playSlice(Unit unit, const QStringList& cableOptions, const QString& fileName) {
-    picture(QStringLiteral("splash"));
     const Cable cable(cableOptions);
     startOnLine();
     expect(QStringLiteral("the devices"), devices(), expectedDevices());
     expect(QStringLiteral("the heads"), positionHeads(), expectedPositionHeads(unit));
     expect(QStringLiteral("the alarm"), textOf(QStringLiteral("lblErrorComment")),
            QStringLiteral("No Error"));
-    picture(QStringLiteral("on-line"));
 
     askForAllPositions();
-    if (isTour()) {
-        waitProgress(300);
-        picture(QStringLiteral("reading"));
-    }
     waitText(QStringLiteral("lblFileName"), text(374));
     waitReady(QStringLiteral("cmdPosiSaveFile"));
     expectGrid(expectedRows(1, 999, unit));
     expect(QStringLiteral("the heads"), positionHeads(), expectedPositionHeads(unit));
     waitLamps(QStringLiteral("PO"));
-    picture(QStringLiteral("positions"));
 
     click(QStringLiteral("cmdPosiSaveFile"));
     saveAs(text(407), fileName);
@@ -60,14 +44,10 @@ QStringList expectedPositionHeads(Unit unit) {
     expect(QStringLiteral("the file"), contentOf(base + QStringLiteral(".qdd")),
            expectedFile(1, 999));
     waitReady(QStringLiteral("cmdPosiRead"));
-    picture(QStringLiteral("saved"));
     leave();
 }
 
 const QStringList kUnpaced{QStringLiteral("--unpaced")};
-/// Slow enough to look at, quick enough to wait for.
-const QStringList kToLookAt{QStringLiteral("--unpaced"), QStringLiteral("--turnaround"),
-                            QStringLiteral("4")};
 
 } // namespace
 
@@ -82,15 +62,6 @@ void sliceEnglishPulses() {
 void sliceJapanese() {
     speak("japanese");
     playSlice(Unit::Mm, kUnpaced, QStringLiteral("hozon"));
-}
-
-void tourEnglish() {
-    playSlice(Unit::Mm, kToLookAt, QStringLiteral("english"));
-}
-
-void tourJapanese() {
-    speak("japanese");
-    playSlice(Unit::Mm, kToLookAt, QStringLiteral("japanese"));
 }
 
 } // namespace e2e

@@ -1,12 +1,11 @@
 #include "user.h"
 
 #include "hands.h"
+#include "looking.h"
+#include "table.h"
 
 #include <QAbstractButton>
-#include <QAbstractItemModel>
-#include <QAction>
 #include <QApplication>
-#include <QCheckBox>
 #include <QDeadlineTimer>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -14,19 +13,13 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QHash>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMenuBar>
 #include <QMessageBox>
 #include <QObject>
 #include <QPixmap>
 #include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QScreen>
-#include <QTableView>
 #include <QTextStream>
 #include <QThread>
 #include <atomic>
@@ -88,96 +81,6 @@ protected:
     void customEvent(QEvent* event) override { static_cast<Errand*>(event)->routine(); }
 };
 
-// What follows here runs on the program's thread.
-
-/// The first visible control of the name that `fits`.
-QWidget* find(const QString& name, const std::function<bool(QWidget*)>& fits) {
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (!window->isVisible()) {
-            continue;
-        }
-        if (window->objectName() == name && fits(window)) {
-            return window;
-        }
-        for (QWidget* child : window->findChildren<QWidget*>(name)) {
-            if (child->window() == window && child->isVisible() && fits(child)) {
-                return child;
-            }
-        }
-    }
-    return nullptr;
-}
-
-QWidget* seen(const QString& name) {
-    return find(name, [](QWidget*) { return true; });
-}
-
-QWidget* ready(const QString& name) {
-    const QWidget* modal = QApplication::activeModalWidget();
-    return find(name, [modal](QWidget* widget) {
-        return widget->isEnabled() && (modal == nullptr || widget->window() == modal);
-    });
-}
-
-QMessageBox* boxOnTop() {
-    return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-}
-
-/// Where to press a control: a round or square mark has its place at the left.
-Spot spotOn(QWidget* widget) {
-    if (widget == nullptr) {
-        return {};
-    }
-    QPoint at = widget->rect().center();
-    if (qobject_cast<QRadioButton*>(widget) != nullptr ||
-        qobject_cast<QCheckBox*>(widget) != nullptr) {
-        at.setX(widget->height() / 2);
-    }
-    return {widget, at};
-}
-
-QString readText(const QWidget* widget) {
-    if (widget == nullptr) {
-        return {};
-    }
-    if (const auto* label = qobject_cast<const QLabel*>(widget)) {
-        return label->text();
-    }
-    if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) {
-        return button->text();
-    }
-    if (const auto* field = qobject_cast<const QLineEdit*>(widget)) {
-        return field->text();
-    }
-    return widget->windowTitle();
-}
-
-QAction* actionOf(const QString& name) {
-    const QWidget* main = seen(QStringLiteral("frmMain"));
-    return main == nullptr ? nullptr : main->findChild<QAction*>(name);
-}
-
-/// The entry of a menu that is open; the bar counts as one.
-Spot spotOfEntry(const QString& menuName, const QString& name) {
-    QAction* action = actionOf(name);
-    if (action == nullptr || !action->isEnabled() || QApplication::activeModalWidget() != nullptr) {
-        return {};
-    }
-    QWidget* holder = seen(menuName);
-    QRect place;
-    if (auto* menu = qobject_cast<QMenu*>(holder)) {
-        place = menu->actionGeometry(action);
-    } else if (auto* bar = qobject_cast<QMenuBar*>(holder)) {
-        place = bar->actionGeometry(action);
-    }
-    return place.isEmpty() ? Spot{} : Spot{holder, place.center()};
-}
-
-const QAbstractItemModel* gridModel() {
-    const auto* view = qobject_cast<QTableView*>(seen(QStringLiteral("flgdData")));
-    return view == nullptr ? nullptr : view->model();
-}
-
 QString language = QStringLiteral("english");
 
 QHash<int, QString> readTexts() {
@@ -215,6 +118,21 @@ void writeSettings(const Settings& settings) {
     for (const auto& [key, value] : settings) {
         stream << key << '=' << value << '\n';
     }
+}
+
+void writeWorkFile(const QString& name, const QByteArray& content) {
+    QFile file(workFolder() + u'/' + name);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
+        fail(file.fileName() + QStringLiteral(": can't be written"));
+    }
+}
+
+QByteArray contentOf(const QString& name) {
+    QFile file(workFolder() + u'/' + name);
+    if (!file.open(QIODevice::ReadOnly)) {
+        fail(file.fileName() + QStringLiteral(": can't be read"));
+    }
+    return file.readAll();
 }
 
 void post(const std::function<void()>& routine) {
@@ -295,32 +213,6 @@ void waitProgress(int value) {
     });
 }
 
-QVector<GridRow> grid() {
-    return onGui([] {
-        QVector<GridRow> rows;
-        const QAbstractItemModel* model = gridModel();
-        for (int row = 0; model != nullptr && row < model->rowCount(); ++row) {
-            GridRow cells{model->headerData(row, Qt::Vertical).toString()};
-            for (int column = 0; column < model->columnCount(); ++column) {
-                cells += model->index(row, column).data().toString();
-            }
-            rows += cells;
-        }
-        return rows;
-    });
-}
-
-QStringList gridHeads() {
-    return onGui([] {
-        QStringList heads;
-        const QAbstractItemModel* model = gridModel();
-        for (int column = 0; model != nullptr && column < model->columnCount(); ++column) {
-            heads += model->headerData(column, Qt::Horizontal).toString();
-        }
-        return heads;
-    });
-}
-
 QStringList devices() {
     QStringList texts;
     for (int axis = 0; axis < 4; ++axis) {
@@ -380,16 +272,6 @@ void expect(const QString& what, const QByteArray& seen, const QByteArray& wante
     }
 }
 
-void expectGrid(const QVector<GridRow>& wanted) {
-    const QVector<GridRow> seen = grid();
-    if (seen.size() != wanted.size()) {
-        fail(QStringLiteral("the grid has %1 rows and not %2").arg(seen.size()).arg(wanted.size()));
-    }
-    for (qsizetype row = 0; row < seen.size(); ++row) {
-        expect(QStringLiteral("row %1 of the grid").arg(row + 1), seen[row], wanted[row]);
-    }
-}
-
 void speak(const char* name) {
     language = QString::fromLatin1(name);
 }
@@ -424,6 +306,27 @@ void type(const QString& name, const QString& text) {
     waitText(name, text);
 }
 
+void tick(const QString& name, bool on) {
+    waitReady(name);
+    const auto isOn = [name] {
+        const auto* box = qobject_cast<QAbstractButton*>(ready(name));
+        return box != nullptr && box->isChecked();
+    };
+    if (onGui(isOn) != on) {
+        click(name);
+    }
+    waitFor(name + QStringLiteral(" to follow"), [isOn, on] { return isOn() == on; });
+}
+
+void pick(const QString& name, const QString& text) {
+    type(name, text);
+    press(QStringLiteral("Tab"));
+    waitFor(name + QStringLiteral(" to be left"), [name] {
+        const QWidget* list = ready(name);
+        return list != nullptr && !list->hasFocus();
+    });
+}
+
 void expectBox(const QString& text, const QString& button, const QString& named) {
     QPointer<QMessageBox> box;
     // The pointer lives here and is looked at only on the program's thread.
@@ -456,6 +359,19 @@ void expectBox(const QString& text, const QString& button, const QString& named)
         Boxes::AreFine);
 }
 
+namespace {
+
+void finishFileDialog(QDialogButtonBox::StandardButton which) {
+    clickAt(QStringLiteral("the button of the file dialog"), [which] {
+        const auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        const auto* buttons = dialog == nullptr ? nullptr : dialog->findChild<QDialogButtonBox*>();
+        return spotOn(buttons == nullptr ? nullptr : buttons->button(which));
+    });
+    waitGone(QStringLiteral("CommonDialog1"));
+}
+
+} // namespace
+
 void saveAs(const QString& offered, const QString& name) {
     const QString field = QStringLiteral("fileNameEdit");
     waitReady(field);
@@ -464,26 +380,40 @@ void saveAs(const QString& offered, const QString& name) {
         type(field, name);
     }
     picture(QStringLiteral("save"));
-    clickAt(QStringLiteral("the button that saves"), [] {
-        const auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        const auto* buttons = dialog == nullptr ? nullptr : dialog->findChild<QDialogButtonBox*>();
-        return spotOn(buttons == nullptr ? nullptr : buttons->button(QDialogButtonBox::Save));
-    });
-    waitGone(QStringLiteral("CommonDialog1"));
+    finishFileDialog(QDialogButtonBox::Save);
+}
+
+void openFile(const QString& name) {
+    const QString field = QStringLiteral("fileNameEdit");
+    waitReady(field);
+    type(field, name);
+    picture(QStringLiteral("open"));
+    finishFileDialog(QDialogButtonBox::Open);
+}
+
+void answer(int question, const QVector<int>& choices, int choice, const QString& named) {
+    const auto unbroken = [](const QString& name) {
+        return textOf(name).replace(u'\n', u' ').simplified();
+    };
+    waitReady(QStringLiteral("frmSelection"));
+    expect(QStringLiteral("the question's title"), textOf(QStringLiteral("frmSelection")),
+           text(471));
+    const QString asked = unbroken(QStringLiteral("lblSelectText"));
+    expect(QStringLiteral("the question"), QString(asked).remove(u' '),
+           text(question).remove(u' '));
+    for (int i = 0; i < choices.size(); ++i) {
+        expect(QStringLiteral("choice %1").arg(i),
+               unbroken(QStringLiteral("optSelectKomoku(%1)").arg(i)).remove(u' '),
+               text(choices[i]).remove(u' '));
+    }
+    click(QStringLiteral("optSelectKomoku(%1)").arg(choice));
+    picture(named);
+    click(QStringLiteral("cmdSelectOk"));
+    waitGone(QStringLiteral("frmSelection"));
 }
 
 void chooseOnLine() {
-    waitReady(QStringLiteral("frmSelection"));
-    expect(QStringLiteral("the first question's title"), textOf(QStringLiteral("frmSelection")),
-           text(471));
-    expect(QStringLiteral("the choices"),
-           {textOf(QStringLiteral("optSelectKomoku(0)")),
-            textOf(QStringLiteral("optSelectKomoku(1)"))},
-           {text(2), text(3)});
-    picture(QStringLiteral("start-mode"));
-    click(QStringLiteral("optSelectKomoku(0)"));
-    click(QStringLiteral("cmdSelectOk"));
-    waitGone(QStringLiteral("frmSelection"));
+    answer(1, {2, 3}, 0, QStringLiteral("start-mode"));
 }
 
 void startOnLine() {
@@ -517,18 +447,34 @@ void askForPositions(int first, int last) {
     });
 }
 
-void leave() {
+void tryToLeave() {
     waitReady(QStringLiteral("frmMain"));
     closeWindow(onGui([] { return seen(QStringLiteral("frmMain")); }));
+}
+
+namespace {
+
+/// The last answer of a story: the program takes the whole process along when it ends.
+[[noreturn]] void endWith(int question, const QString& button) {
+    tryToLeave();
     QFile content(homeFolder() + QStringLiteral("/content"));
     if (!content.open(QIODevice::WriteOnly)) {
         fail(content.fileName() + QStringLiteral(": can't be written"));
     }
     content.close();
-    // The program takes the whole process along when it ends.
-    expectBox(text(390), QStringLiteral("Ok"), QStringLiteral("finish"));
+    expectBox(text(question), button, QStringLiteral("finish"));
     QThread::msleep(kDeadline);
     fail(QStringLiteral("the program doesn't end"));
+}
+
+} // namespace
+
+void leave() {
+    endWith(390, QStringLiteral("Ok"));
+}
+
+void leaveUnsaved() {
+    endWith(391, QStringLiteral("No"));
 }
 
 bool isTour() {

@@ -24,10 +24,16 @@ namespace e2e {
 /// ms. Far beyond anything that is waited for; only a hang ever reaches it.
 inline constexpr int kDeadline = 60000;
 
+/// ms. What should come at once; after it a report tells what is there instead.
+inline constexpr int kPatience = 5000;
+
 /// Where the program keeps its settings, and where it was started, in the home of this run.
 QString configFolder();
 QString workFolder();
 void writeSettings(const Settings& settings);
+/// Puts a file into the work folder; what it holds.
+void writeWorkFile(const QString& name, const QByteArray& content);
+QByteArray contentOf(const QString& name);
 
 /// Reports and ends the process with 1.
 [[noreturn]] void fail(const QString& what);
@@ -73,9 +79,6 @@ QString textOf(const QString& name);
 void waitText(const QString& name, const QString& text);
 /// Waits until the bar of the transfer dialog has come to `value`.
 void waitProgress(int value);
-/// The rows of the grid; the number of the position, then the cells.
-QVector<GridRow> grid();
-QStringList gridHeads();
 QStringList devices();
 /// The lamps that are lit, of Port, Online, Home, Alarm: "PO" after a start on line.
 QString lamps();
@@ -85,7 +88,6 @@ void waitLamps(const QString& lit);
 void expect(const QString& what, const QString& seen, const QString& wanted);
 void expect(const QString& what, const QStringList& seen, const QStringList& wanted);
 void expect(const QString& what, const QByteArray& seen, const QByteArray& wanted);
-void expectGrid(const QVector<GridRow>& wanted);
 
 /// A text of the program's table in the language of the story.
 QString text(int id);
@@ -99,6 +101,11 @@ void choose(const QStringList& names);
 /// Replaces what stands in a field.
 void type(const QString& name, const QString& text);
 
+/// A round or square mark, set or taken away.
+void tick(const QString& name, bool on);
+/// Types a row of a list into its field and leaves it with Tab.
+void pick(const QString& name, const QString& text);
+
 /// Waits for the message box with exactly this text, lines parted by "\n", presses a button ("Ok",
 /// "Cancel", "Yes", "No") and sees the box go. `named`: what a tour calls the picture of it.
 void expectBox(const QString& text, const QString& button,
@@ -107,6 +114,13 @@ void expectBox(const QString& text, const QString& button,
 /// In the file dialog, which must offer `offered`: saves under `name`, or as offered if it is
 /// empty.
 void saveAs(const QString& offered, const QString& name);
+/// Opens a file of the work folder, or any by its whole path.
+void openFile(const QString& name);
+
+/// Waits for the choice with this question and these choices, by the numbers of their texts, and
+/// takes one.
+void answer(int question, const QVector<int>& choices, int choice,
+            const QString& named = QStringLiteral("choice"));
 
 /// Answers the first question, and waits for the end of start-up.
 void startOnLine();
@@ -116,8 +130,11 @@ void chooseOnLine();
 void askForAllPositions();
 void askForPositions(int first, int last);
 
-/// Closes the program. The end of every story.
+/// Closes the main window; the program asks.
+void tryToLeave();
+/// Closes the program, with nothing unsaved or without saving it. The end of every story.
 [[noreturn]] void leave();
+[[noreturn]] void leaveUnsaved();
 
 /// For the tour: a numbered picture of the whole screen. Nothing happens in a test.
 bool isTour();

@@ -21,7 +21,9 @@ QObject* UserPlugin::create(const QString&, const QString& name) {
         fail(QStringLiteral("no scenario is named \"%1\"").arg(name));
     }
     // The settings have to be there before the program looks at them.
-    writeSettings(scenario->settings);
+    if (scenario->settings) {
+        writeSettings(*scenario->settings);
+    }
     auto* user = QThread::create([scenario] { scenario->play(); });
     // The program is only being set up: the user sits down when its events begin to run.
     post([user] { user->start(); });

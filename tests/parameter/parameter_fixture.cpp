@@ -6,8 +6,10 @@
 #include "parameter/para_reset.h"
 #include "platform/whole_file.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <utility>
 
 namespace qdw8::test {
 

@@ -22,6 +22,9 @@ inline const std::string kNotFilled =
 inline const std::string kInvalid =
     "Invalid value in some parameters.\r\nConfirm the value, and try it again.";
 
+inline const std::string kNotSelected =
+    "Device type is not selected.\r\nPlease select device type again.";
+
 /// A set that passes the check, different in every item and on every axis where the limits allow.
 ParameterSet SampleSet();
 

@@ -1,13 +1,9 @@
 #include "parameter/para_commands.h"
 
 #include "app/main_panel.h"
-#include "app/transfer_dialog.h"
 #include "device/axis_device.h"
-#include "parameter/factory_lists.h"
 #include "parameter/para_device.h"
 #include "parameter/para_fields.h"
-#include "parameter/para_rows.h"
-#include "parameter/para_transfer.h"
 #include "parameter_fixture.h"
 
 namespace qdw8::test {
@@ -203,6 +199,34 @@ TEST_F(Commands, AnActuatorThatCantBeTakenOverStopsTheRead) {
     EXPECT_EQ(DevSetting, before);
 }
 
+TEST_F(Commands, AnAxisThatARefusedReadBroughtIntoUseIsCompleted) {
+    AxisOff[3] = kSet;
+    DevSetting[3] = DevSettei[3] = {};
+    DevSetting[0].DevStroke = 250;
+    ParaFields.txtOneAxis.clear(); // so that it doesn't offer to save
+    int painted = 0;
+    Screens().frmMainAxes = [&painted] { ++painted; };
+    expectAsk(kUnmatched, BoxAnswer::No);
+    EXPECT_EQ(GetParametaValue(), 1);
+    EXPECT_EQ(AxisMaskOf(AxisOff), 15);
+    EXPECT_EQ(DevSetting[3].DevPPR, 192);
+    EXPECT_EQ(DevSetting[3].Device, kSet);
+    EXPECT_EQ(DevSetting[0].DevStroke, 250) << "the user refused";
+    EXPECT_EQ(painted, 2) << "the axes, then the actuator";
+    expectQuiet();
+
+    // Nor does a read leave an axis in use of which the controller knows nothing.
+    AxisOff[3] = kSet;
+    DevSetting[3] = DevSettei[3] = {};
+    addFault("0RDC:1+:silence");
+    platform.expectBox(kTimeout);
+    platform.expectBox(kNoCompare);
+    platform.expectBox(kNotSelected);
+    EXPECT_EQ(GetParametaValue(), 1);
+    EXPECT_EQ(AxisMaskOf(AxisOff), 0b0111);
+    expectQuiet();
+}
+
 // ---- writing ----
 
 TEST_F(Commands, WriteSendsTheFields) {
@@ -235,6 +259,7 @@ TEST_F(Commands, WhatWasWrittenCanBeReflected) {
     write();
     EXPECT_EQ(checks, 1);
     EXPECT_EQ(DevSetting[0].DevStroke, 250);
+    EXPECT_EQ(platform.settings["DevStroke1"], "250");
     EXPECT_EQ(DevSetting[0].MaxPulse, 12500);
     EXPECT_DOUBLE_EQ(DevSetting[0].MaxStrokeMm, 250);
     EXPECT_EQ(DevSetting[1].WithPG, kSet);
@@ -353,6 +378,35 @@ TEST_F(Commands, OtherAxesAreAChoice) {
     EXPECT_EQ(ParaFields.txtHomeOffset[3], "");
     EXPECT_EQ(line.controller.count("0WDC"), 0);
     EXPECT_EQ(lasting()[0].substr(12, 2), "07");
+}
+
+TEST_F(Commands, AnAxisThatAWriteBroughtIntoUseIsCompleted) {
+    AxisOff[3] = kSet;
+    DevSetting[3] = DevSettei[3] = {};
+    expectAsk(kSend, BoxAnswer::Yes);
+    expectMaskChoice(1);
+    addFault("0RA:1:reply=0RA0");
+    platform.expectBox(kMoving);
+    write();
+    EXPECT_EQ(AxisMaskOf(AxisOff), 15);
+    EXPECT_EQ(DevSetting[3].DevPPR, 192);
+
+    // Pulses that the parameters may hold and a device may not: told, and the axis goes again.
+    AxisOff[3] = kSet;
+    DevSetting[3] = DevSettei[3] = {};
+    const auto before = DevSetting;
+    ParaFields.txtAxisPulse[3] = "40000";
+    expectAsk(kSend, BoxAnswer::Yes);
+    expectMaskChoice(1);
+    expectAsk(kReflect, BoxAnswer::Yes);
+    platform.expectBox(kInvalid);
+    platform.expectBox(kDone);
+    platform.expectBox(kWrongData);
+    platform.expectBox(kNotSelected);
+    write();
+    EXPECT_EQ(AxisMaskOf(AxisOff), 0b0111);
+    EXPECT_EQ(DevSetting, before);
+    EXPECT_EQ(checks, 0);
 }
 
 TEST_F(Commands, AChoiceOfAxesThatFailsEndsTheWrite) {

@@ -26,6 +26,7 @@ TEST_F(ParaDevice, TheImageBecomesTheDevices) {
     ParaSet.AXIS = 0b1011;
     ASSERT_EQ(TakeParameterDevices(), 0);
     EXPECT_EQ(AxisOff, (std::array<Flag, kAxes>{kClear, kClear, kSet, kClear}));
+    EXPECT_EQ(DevSetting[0].Device, kSet);
     EXPECT_EQ(DevSetting[0].DevSize, " 61");
     EXPECT_EQ(DevSetting[0].DevSpeed, "H");
     EXPECT_EQ(DevSetting[0].DevStroke, 300);
@@ -61,6 +62,11 @@ TEST_F(ParaDevice, FiguresThatNoDeviceHasAreToldAndChangeNoDevice) {
     refused([](ParameterSet& set) { set.PULSE[1] = 0; });
     refused([](ParameterSet& set) { set.LEAD[2] = 0; });
     refused([](ParameterSet& set) { set.STROKE[0] = 3e9; });
+    refused([](ParameterSet& set) { set.STROKE[0] = -1; });
+    refused([](ParameterSet& set) { set.parts[3].stroke = 9; });
+    refused([](ParameterSet& set) { set.parts[3].stroke = 501; });
+    refused([](ParameterSet& set) { set.parts[2].size = "44"; });
+    refused([](ParameterSet& set) { set.parts[1].speed.clear(); });
     ParaSet.PULSE[3] = 32767;
     EXPECT_EQ(TakeParameterDevices(), 0);
 }
@@ -71,6 +77,58 @@ TEST_F(ParaDevice, AnAxisWithoutAnActuatorEndsIt) {
     EXPECT_EQ(DeviceTextEmpty, (std::array<Flag, kAxes>{kClear, kSet, kClear, kClear}));
     EXPECT_EQ(DevSetting[0].DevSize, " 61");
     EXPECT_EQ(DevSetting[2].DevSize, "");
+}
+
+TEST_F(ParaDevice, OnlyAxesThatLackTheirLeadAreCompleted) {
+    ASSERT_EQ(TakeOverDevicesOfController(), 0);
+    forgetFrames();
+    EXPECT_FALSE(CompleteAxes());
+    EXPECT_TRUE(platform.sent.empty());
+
+    DevSetting[0].DevStroke = 250; // differs, but is known
+    DevSetting[2] = DevSettei[2] = {};
+    line.controller.setBlock(6, "0108FFFF003A983D48012C0000000000"); // of no concern here
+    EXPECT_TRUE(CompleteAxes());
+    EXPECT_EQ(AxisOff, (std::array<Flag, kAxes>{}));
+    EXPECT_EQ(DevSetting[0].DevStroke, 250);
+    EXPECT_EQ(DevSetting[2].DevSize, "J52");
+    EXPECT_EQ(DevSetting[2].MaxStrokeMm, 100);
+    EXPECT_EQ(platform.settings["DevSize3"], "J52");
+    expectQuiet();
+}
+
+TEST_F(ParaDevice, AnAxisThatCantBeCompletedGoesOutOfUse) {
+    ASSERT_EQ(TakeOverDevicesOfController(), 0);
+    const auto whole = DevSetting;
+    const auto goes = [&](std::vector<std::string> boxes) {
+        AxisOff.fill(kClear);
+        DevSetting[3].DevPPR = 0;
+        const auto before = DevSetting;
+        boxes.push_back(kNotSelected);
+        for (const std::string& box : boxes) {
+            platform.expectBox(box);
+        }
+        EXPECT_TRUE(CompleteAxes());
+        platform.checkAllAsked();
+        EXPECT_EQ(AxisOff, (std::array<Flag, kAxes>{kClear, kClear, kClear, kSet}));
+        EXPECT_EQ(DevSetting, before);
+        expectQuiet();
+        DevSetting = whole;
+    };
+    for (int step = 1; step <= 4; ++step) {
+        SCOPED_TRACE(step);
+        forgetFrames();
+        GoOnLine();
+        addFault("0RD:" + std::to_string(step) + "+:silence");
+        goes({kTimeout});
+    }
+    forgetFrames();
+    goes({}); // off line by now
+    EXPECT_TRUE(platform.sent.empty());
+
+    GoOnLine();
+    line.controller.setBlock(12, std::string(32, '0'));
+    goes({});
 }
 
 TEST_F(ParaDevice, TheControllersActuatorsAreTakenOverOrLeft) {

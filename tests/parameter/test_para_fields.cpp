@@ -4,6 +4,8 @@
 #include "device/axis_device.h"
 #include "parameter_fixture.h"
 
+#include <utility>
+
 namespace qdw8::test {
 namespace {
 

@@ -1,11 +1,14 @@
 #include "parameter/para_transfer.h"
 
+#include "app/number_forms.h"
 #include "app/screens.h"
 #include "app/transfer_dialog.h"
 #include "parameter/para_blocks.h"
 #include "parameter/para_file.h"
 #include "parameter/para_rows.h"
 #include "parameter_fixture.h"
+
+#include <utility>
 
 namespace qdw8::test {
 namespace {
@@ -119,9 +122,22 @@ TEST_F(Transfer, TheBytesOfTheBlocks) {
 
 TEST_F(Transfer, AnyValidSetComesBackFromTheController) {
     std::mt19937 random(53);
-    for (int i = 0; i < 60; ++i) {
-        const ParameterSet set = RandomSet(random);
+    for (int i = 0; i < 64; ++i) {
+        SetAxisOffByMask(AxisOff, i % 16);
+        ParameterSet set = RandomSet(random);
         ParaSet = set;
+        // Of an axis out of use nothing comes back.
+        for (std::size_t axis = 0; axis < kAxes; ++axis) {
+            if (IsSet(AxisOff[axis])) {
+                for (const ParaItem& item : ParaItems()) {
+                    if (item.perAxis()) {
+                        SetParaValue(set, item, axis, 0);
+                    }
+                }
+                set.Actuator[axis].clear();
+                set.parts[axis] = {};
+            }
+        }
         ASSERT_EQ(WriteAllBlocks(), 0);
         line.controller.powerOff(platform.now);
         line.controller.powerOn(platform.now);
@@ -180,6 +196,31 @@ TEST_F(Transfer, ADeviceWriteTakesItsReservedBytesElsewhere) {
         EXPECT_EQ(after[block], before[block]);
     }
     EXPECT_EQ(lasting(), after);
+}
+
+TEST_F(Transfer, ADeviceWriteSendsWhateverStandsInItsCells) {
+    std::mt19937 random(7);
+    std::uniform_int_distribution<int> byte(0, 255);
+    // Of each axis the first cell of the homing block, and that of the device block.
+    const std::vector<std::pair<std::size_t, std::size_t>> firsts = {
+        {9, 9}, {15, 17}, {21, 23}, {27, 29}};
+    for (int i = 0; i < 20; ++i) {
+        for (std::uint8_t& cell : ParaReserved) {
+            cell = static_cast<std::uint8_t>(byte(random));
+        }
+        const auto digits = [](std::size_t first, std::size_t count) {
+            std::string text;
+            for (std::size_t cell = first; cell < first + count; ++cell) {
+                text += HexField(ParaReserved.at(cell), 2);
+            }
+            return text;
+        };
+        ASSERT_EQ(WriteDeviceBlocks(), 0);
+        for (std::size_t axis = 0; axis < kAxes; ++axis) {
+            EXPECT_EQ(working()[5 + 2 * axis].substr(28), digits(firsts[axis].first, 2));
+            EXPECT_EQ(working()[6 + 2 * axis].substr(24), digits(firsts[axis].second, 4));
+        }
+    }
 }
 
 TEST_F(Transfer, OnlyBlocksOfAxesInUseMove) {
@@ -341,7 +382,7 @@ TEST_F(Transfer, ABlockThatIsNoNumberIsRefusedWhole) {
 
 TEST_F(Transfer, AValueTooWideForItsByteSendsNothing) {
     ParaSet.ACC_DCC = 256;
-    platform.expectBox(kWrongData);
+    platform.expectBox(kInvalid);
     EXPECT_EQ(WriteAllBlocks(), 1);
     EXPECT_TRUE(platform.sent.empty());
     EXPECT_EQ(ParaWriteFailedFlag, kSet);

@@ -38,15 +38,14 @@ PosiFilesTest::PosiFilesTest()
         asked.emplace_back("factory");
         return factoryResult;
     };
-    steps.AskParameterFile = [this] {
-        asked.emplace_back("ask");
-        return parameterFile;
+    steps.OpenParameterFile = [this] {
+        asked.emplace_back("open parameters");
+        return parameterFileResult;
     };
-    steps.ReadParameterFile = [this](const std::string& name) {
-        asked.push_back("read " + name);
-        return std::int16_t{badParameterReads-- > 0 ? std::int16_t{1} : std::int16_t{0}};
+    steps.TakeParameterDevices = [this] {
+        asked.emplace_back("take");
+        return takeResult;
     };
-    steps.TakeParameterDevices = [this] { asked.emplace_back("take"); };
 }
 
 PosiFilesTest::~PosiFilesTest() {

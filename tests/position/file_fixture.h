@@ -34,8 +34,8 @@ protected:
     std::string folder;
     std::vector<std::string> asked; ///< what was asked of the rooms above, in order
     std::int16_t factoryResult = 0;
-    int badParameterReads = 0; ///< so many reads of the parameter file fail
-    std::optional<std::string> parameterFile = "some.pmt";
+    std::int16_t parameterFileResult = 0;
+    std::int16_t takeResult = 0;
 };
 
 } // namespace qdw8::test

@@ -182,5 +182,24 @@ TEST_F(PositionTest, RandomEditsLeaveGridNumbersAndRangesInStep) {
     }
 }
 
+TEST_F(PositionTest, TheLastLineOfAGridFromRowZeroBecomesPositionOne) {
+    showRows(0, 1);
+    GoToCell(kGridHeadRows + 1, 1);
+    DeleteLine_Click();
+    EXPECT_EQ(GridFirst, 1);
+    EXPECT_EQ(GridLast, 1);
+    EXPECT_EQ(GridText(kGridHeadRows, 0), "1");
+    EXPECT_EQ(PosiDataCheck3(), 0);
+}
+
+TEST_F(PositionTest, TheLastRowOfAGridFromRowZeroCanBeEdited) {
+    showRows(0, 999);
+    GoToCell(1001, 4);
+    ASSERT_TRUE(StartEdit());
+    SetEditText("5");
+    EXPECT_TRUE(CommitEdit());
+    EXPECT_EQ(GridText(1001, 4), "5");
+}
+
 } // namespace
 } // namespace qdw8::test

@@ -3,6 +3,7 @@
 #include "position/check_result.h"
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
+#include "position/posi_file.h"
 #include "position_fixture.h"
 
 namespace qdw8::test {
@@ -116,6 +117,30 @@ TEST_F(PositionTest, ANumberTooWideEndsTheCheckWithNothingCommitted) {
     EXPECT_EQ(PosiTable[1].number[kVel], 30);
     EXPECT_FALSE(flgdData().locked);
     EXPECT_EQ(flgdData().frozen, 0);
+}
+
+TEST_F(PositionTest, ATableThatDidNotTakeTheGridIsNeitherSavedNorShown) {
+    showRows(1, 2);
+    type(1, kVel, "10");
+    type(2, kVel, "99999");
+    platform.expectBox("An error occured in saving data.");
+    EXPECT_FALSE(TableTakesGrid(422));
+    EXPECT_EQ(CheckFaultedFlag, kSet);
+    PosiFileName = "never";
+    PosiDirtyFlag = kSet;
+    platform.expectBox("An error occured in saving data.");
+    SavePosiFile();
+    EXPECT_EQ(PosiDirtyFlag, kSet);
+    EXPECT_EQ(SaveCancelledFlag, kSet);
+
+    EXPECT_EQ(ChangeUnit(kSet), 1);
+    EXPECT_EQ(DispMmFlag, kClear);
+    EXPECT_EQ(cell(1, kVel), "10");
+    type(2, kVel, "20");
+    EXPECT_EQ(ChangeUnit(kSet), 0);
+    EXPECT_EQ(CheckFaultedFlag, kClear);
+    EXPECT_EQ(cell(1, kPosi), "  0.000");
+    EXPECT_EQ(cell(2, kVel), "20");
 }
 
 TEST_F(PositionTest, AGridWithoutRowsHoldsNoData) {

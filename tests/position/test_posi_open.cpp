@@ -277,28 +277,33 @@ TEST_F(OtherDevices, WithoutFactoryParametersTheDevicesStayTheOnesOfBefore) {
 }
 
 TEST_F(OtherDevices, OrWithAParameterFile) {
-    badParameterReads = 2;
     open(2);
-    EXPECT_EQ(asked, (std::vector<std::string>{"ask", "read some.pmt", "read some.pmt",
-                                               "read some.pmt", "take"}));
-    EXPECT_EQ(platform.now, 200);
+    EXPECT_EQ(asked, (std::vector<std::string>{"open parameters", "take"}));
     EXPECT_EQ(PosiFileName, "other");
 }
 
 TEST_F(OtherDevices, AParameterFileThatDoesntComeEndsTheOpening) {
-    badParameterReads = 6;
-    platform.checkAllAsked();
-    expectOpen("other.qdd");
-    expectDeviceChoice(2);
-    platform.expectBox("Fail to open parameter file.");
-    OpenPosiFile();
-    expectAsBefore();
-    parameterFile.reset();
-    expectOpen("other.qdd");
-    expectDeviceChoice(2);
-    platform.expectBox(kStopped);
-    OpenPosiFile();
-    expectAsBefore();
+    const auto setteiBefore = DevSettei;
+    for (const std::int16_t result : {std::int16_t{1}, std::int16_t{-1}}) {
+        parameterFileResult = result;
+        expectOpen("other.qdd");
+        expectDeviceChoice(2);
+        if (result == -1) {
+            platform.expectBox(kStopped); // the step itself tells what can't be read
+        }
+        OpenPosiFile();
+        expectAsBefore();
+        EXPECT_EQ(DevSettei, setteiBefore);
+    }
+}
+
+TEST_F(OtherDevices, ParametersThatGiveNoDeviceLeaveTheDevicesOfBefore) {
+    const auto before = DevSetting;
+    takeResult = 1;
+    open(1);
+    EXPECT_EQ(asked, (std::vector<std::string>{"reflect", "factory", "take"}));
+    EXPECT_EQ(DevSetting, before);
+    EXPECT_EQ(PosiFileName, "other") << "opened with the actuators of before";
 }
 
 TEST_F(OtherDevices, OtherAxesInUseAreADifferenceToo) {

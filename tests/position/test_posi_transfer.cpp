@@ -228,6 +228,22 @@ TEST_F(Mismatch, OrTheReadRefused) {
     EXPECT_FALSE(GridShowsItsRange());
 }
 
+TEST_F(Mismatch, ACancelledReadLeavesWhatTheUserTyped) {
+    showRows(5, 8);
+    type(6, kPosi, "1234");
+    line.controller.setTurnaround(10);
+    Screens().frmMainAxes = [] {};
+    platform.expectBox(kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::No);
+    expectReadOf(1, 20);
+    expectChoice(0);
+    platform.after(150, cmdTranceCancel_Click);
+    platform.expectBox(kStopped);
+    ReadFromCt();
+    EXPECT_EQ(DevSetting[0].DevStroke, 100) << "the devices were taken over";
+    EXPECT_EQ(cell(6, kPosi), "1234");
+    EXPECT_EQ(GridFirst, 5);
+}
+
 TEST_F(Mismatch, OtherAxesInUseAreADifferenceToo) {
     DevSetting[0].DevStroke = 100;
     Culc_MaxPulse();

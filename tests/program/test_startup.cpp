@@ -253,7 +253,7 @@ TEST_F(StartUp, AnAxisThatNothingIsKnownOfStaysOutOfUse) {
     platform.settings["DevLead2"] = "99";
     platform.expectSelection(kStartMode, 0);
     platform.expectBox(kReselect);
-    expectDeviceChoice();
+    expectDeviceChoice([] { AxisOff[1] = kSet; });
     Main();
     EXPECT_EQ(AxisOff, (std::array<Flag, kAxes>{kClear, kSet, kClear, kClear}));
     expectUsable();
