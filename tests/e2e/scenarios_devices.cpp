@@ -79,9 +79,9 @@ void deviceOfflineCatalogue() {
            QStringLiteral("L"));
     pick(onAxis("comboDeviceStroke", 2), QStringLiteral("350"));
     confirmAxes();
-    expect(QStringLiteral("the devices"), devices(),
-           {QStringLiteral("QD- 61H-200_ "), QString(), QStringLiteral("QD- 52L-350_ "),
-            QString()});
+    expect(
+        QStringLiteral("the devices"), devices(),
+        {QStringLiteral("QD- 61H-200_ "), QString(), QStringLiteral("QD- 52L-350_ "), QString()});
     waitLamps(QString());
     leave();
 }
@@ -95,9 +95,9 @@ void deviceNextStart() {
     expect(QStringLiteral("axis 1"), shown(0), QStringLiteral(" 61H200"));
     expect(QStringLiteral("axis 3"), shown(2), QStringLiteral(" 52L350"));
     confirmAxes();
-    expect(QStringLiteral("the devices"), devices(),
-           {QStringLiteral("QD- 61H-200_ "), QString(), QStringLiteral("QD- 52L-350_ "),
-            QString()});
+    expect(
+        QStringLiteral("the devices"), devices(),
+        {QStringLiteral("QD- 61H-200_ "), QString(), QStringLiteral("QD- 52L-350_ "), QString()});
     leave();
 }
 
@@ -107,16 +107,15 @@ void deviceOfflineFile() {
     answer(41, {42, 43}, 1);
     openFile(QStringLiteral("machine.pmt"));
     waitReady(kReadCommand);
-    expect(QStringLiteral("the devices"), devices(),
-           {QStringLiteral("QD- 61H-200_ "), QString(), QStringLiteral("QD- 52L-200_ "),
-            QString()});
+    expect(
+        QStringLiteral("the devices"), devices(),
+        {QStringLiteral("QD- 61H-200_ "), QString(), QStringLiteral("QD- 52L-200_ "), QString()});
     leave();
 }
 
 void deviceOnlineWrite() {
-    const QStringList options =
-        QStringList(kUnpaced) << QStringLiteral("--memory")
-                              << workFolder() + QStringLiteral("/memory");
+    const QStringList options = QStringList(kUnpaced) << QStringLiteral("--memory")
+                                                      << workFolder() + QStringLiteral("/memory");
     QStringList wanted = expectedDevices();
     wanted[1] = QStringLiteral("QD- 44L-200_ ");
     {

@@ -166,8 +166,8 @@ void writeBack() {
 }
 
 void writeInterrupted() {
-    Cable cable(QStringList(kUnpaced) << QStringLiteral("--fault")
-                                      << QStringLiteral("0WP:2:error=08"));
+    Cable cable(QStringList(kUnpaced)
+                << QStringLiteral("--fault") << QStringLiteral("0WP:2:error=08"));
     readTheFirst(15);
     QVector<GridRow> rows = grid();
     for (const int position : {2, 3, 4}) {
