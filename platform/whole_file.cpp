@@ -29,23 +29,27 @@ std::string ResolveLinks(const std::string& path) {
     return error ? path : target.string();
 }
 
-/// A file being written beside its destination. Removed unless it was moved into place.
+/// A file being written in the folder of its destination. It has no name until it is whole, so that
+/// not even a process that is killed leaves half of it behind; on a file system that knows no files
+/// without a name it has one from the start, and is removed unless it was moved into place.
 class NewFile {
 public:
-    explicit NewFile(const std::string& destination) : name(destination + ".XXXXXX") {
-        handle = ::mkstemp(name.data());
+    explicit NewFile(const std::string& destination)
+        : name(destination + ".new" + std::to_string(::getpid())) {
+        const fs::path parent = fs::path(destination).parent_path();
+        const std::string folder = parent.empty() ? "." : parent.string();
+        handle = ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
+        if (handle < 0) {
+            handle = ::open(name.c_str(), O_CREAT | O_TRUNC | O_WRONLY | O_CLOEXEC, 0666);
+            named = handle >= 0;
+        }
         if (handle < 0) {
             FailWith(destination);
         }
-        // mkstemp makes a private file; a data file gets the rights of the one it replaces, or
-        // those that any new file of the user gets.
+        // A data file keeps the rights of the one it replaces.
         struct stat old {};
         if (::stat(destination.c_str(), &old) == 0) {
             ::fchmod(handle, old.st_mode & 0777U);
-        } else {
-            const mode_t mask = ::umask(0);
-            ::umask(mask);
-            ::fchmod(handle, 0666U & ~mask);
         }
     }
     NewFile(const NewFile&) = delete;
@@ -54,7 +58,7 @@ public:
         if (handle >= 0) {
             ::close(handle);
         }
-        if (!moved) {
+        if (named) {
             ::unlink(name.c_str());
         }
     }
@@ -73,6 +77,7 @@ public:
         if (::fsync(handle) != 0) {
             FailWith(name);
         }
+        giveName();
         const int closed = ::close(handle);
         handle = -1;
         if (closed != 0) {
@@ -84,13 +89,25 @@ public:
         if (::rename(name.c_str(), destination.c_str()) != 0) {
             FailWith(destination);
         }
-        moved = true;
+        named = false;
     }
 
 private:
+    void giveName() {
+        if (named) {
+            return;
+        }
+        const std::string self = "/proc/self/fd/" + std::to_string(handle);
+        ::unlink(name.c_str()); // what a process of the same number left behind
+        if (::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) != 0) {
+            FailWith(name);
+        }
+        named = true;
+    }
+
     std::string name;
     int handle = -1;
-    bool moved = false;
+    bool named = false;
 };
 
 /// Makes the new name itself reach the disk. A folder that can't be synchronised (some network
@@ -109,8 +126,8 @@ void SyncFolder(const std::string& path) {
 
 std::string ReadWholeFile(const std::string& path, std::size_t limit) {
     std::error_code error;
-    if (fs::is_directory(path, error)) {
-        throw Fault(path + ": is a folder");
+    if (!fs::is_regular_file(path, error)) {
+        throw Fault(path + ": is no file"); // a folder, or a pipe that would never end
     }
     std::ifstream file(path, std::ios::binary);
     if (!file) {

@@ -114,15 +114,7 @@ void ShowWhatCame() {
     PosiDirtyFlag = kClear;
 }
 
-void Read() {
-    if (!OfferToSave()) {
-        return;
-    }
-    const RangesBefore before;
-    if (!AskRange()) {
-        before.putBack();
-        return;
-    }
+void ReadChosenRange(const RangesBefore& before) {
     const PollHeld held;
     TransferCancelFlag = kClear;
     SavedGridFirst = GridFirst;
@@ -146,6 +138,23 @@ void Read() {
         ShowTexts({425});
     }
     before.putBack();
+}
+
+void Read() {
+    if (!OfferToSave()) {
+        return;
+    }
+    const RangesBefore before;
+    if (!AskRange()) {
+        before.putBack();
+        return;
+    }
+    try {
+        ReadChosenRange(before);
+    } catch (const std::exception&) {
+        before.putBack();
+        throw;
+    }
 }
 
 } // namespace
