@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QFontMetrics>
 #include <QPointer>
+#include <QScreen>
 
 namespace qdw8 {
 namespace {
@@ -65,9 +66,11 @@ void SetUp(QFileDialog& dialog, const FileQuestion& question) {
         dialog.selectFile(QtText(question.fileName));
     }
     SetLabels(dialog, saving);
-    // Wide enough for the side bar and whole file names, whatever the font.
+    // Wide enough for the side bar and whole file names, whatever the font, and on the screen.
     const QFontMetrics metrics(dialog.font());
-    dialog.resize(metrics.averageCharWidth() * 120, metrics.height() * 28);
+    const QSize wanted(metrics.horizontalAdvance(u'0') * 100, metrics.height() * 28);
+    const QScreen* screen = dialog.screen();
+    dialog.resize(screen == nullptr ? wanted : wanted.boundedTo(screen->availableSize() * 0.9));
 }
 
 } // namespace
