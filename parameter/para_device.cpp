@@ -157,7 +157,11 @@ std::int16_t TakeOverDevicesOfController() {
 }
 
 bool CompleteAxes() {
-    const AxisChoice lacking = AxesWithoutLead();
+    AxisChoice lacking = AxesWithoutLead();
+    for (std::size_t axis = 0; axis < lacking.size(); ++axis) {
+        // A device that only the settings know of has no stroke end, and may not be the one fitted.
+        lacking[axis] = lacking[axis] || (!IsSet(AxisOff[axis]) && DevSetting[axis].MaxPulse <= 0);
+    }
     if (lacking == AxisChoice{}) {
         return false;
     }

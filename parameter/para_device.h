@@ -29,9 +29,10 @@ void Culc_MaxPulse2();
 std::int16_t TakeOverDevicesOfController();
 
 /// For the end of every command that can bring axes into use: no axis in use may stay without a
-/// lead or pulses per revolution, for nothing could be converted on it. The actuators of such axes,
-/// and of no others, are taken over from the controller; an axis for which it names none, or that
-/// is off line, goes out of use, and boxes tell. False if no axis lacked anything; else the axes
+/// lead, pulses per revolution or a stroke end, for nothing could be converted or entered on it. The
+/// actuators of such axes, and of no others, are taken over from the controller. If it names none or
+/// can't be asked, an axis without a lead goes out of use, and boxes tell; one that lacks its stroke
+/// end only stays. False if no axis lacked anything; else the axes
 /// are shown anew and the port is closed. The poll is held meanwhile, and nothing faults.
 bool CompleteAxes();
 

@@ -291,6 +291,17 @@ TEST_F(StartUp, AnAxisThatComesIntoUseBringsItsActuator) {
     EXPECT_EQ(DevSetting[2].MaxStrokeMm, 100);
 }
 
+TEST_F(StartUp, AnAxisKnownFromTheSettingsOnlyBringsItsActuatorToo) {
+    line.controller.setAxisMask(0b0001);
+    startOnLine();
+    DevSetting[1] = {" 52", "L", 100, kSet, kClear, kSet, kSet, 2, 400, 0.005, 0, 0};
+    line.controller.setAxisMask(0b0011);
+    platform.expectBox("Axis setting is 1,2.");
+    RunCommand(Command::mnuFuncGetAxis);
+    EXPECT_EQ(DevSetting[1].DevSize, " 44");
+    EXPECT_EQ(DevSetting[1].MaxStrokeMm, 100);
+}
+
 TEST_F(StartUp, OffLineAsksTheSettings) {
     for (const std::int16_t answer : {std::int16_t{1}, kSelectionCancelled}) {
         platform.expectSelection(kStartMode, answer);
