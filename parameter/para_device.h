@@ -29,11 +29,11 @@ void Culc_MaxPulse2();
 std::int16_t TakeOverDevicesOfController();
 
 /// For the end of every command that can bring axes into use: no axis in use may stay without a
-/// lead, pulses per revolution or a stroke end, for nothing could be converted or entered on it. The
-/// actuators of such axes, and of no others, are taken over from the controller. If it names none or
-/// can't be asked, an axis without a lead goes out of use, and boxes tell; one that lacks its stroke
-/// end only stays. False if no axis lacked anything; else the axes
-/// are shown anew and the port is closed. The poll is held meanwhile, and nothing faults.
+/// lead, pulses per revolution or a stroke end, for nothing could be converted or entered on it.
+/// The actuators of such axes, and of no others, are taken over from the controller. If it names
+/// none or can't be asked, an axis without a lead goes out of use, and boxes tell; one that lacks
+/// its stroke end only stays. False if no axis lacked anything; else the axes are shown anew and
+/// the port is closed. The poll is held meanwhile, and nothing faults.
 bool CompleteAxes();
 
 /// Takes the axes out of use for which nothing gives a lead or pulses per revolution. True if there
