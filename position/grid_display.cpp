@@ -88,7 +88,7 @@ void Init_FlexGrid(int first, int last) {
     FreezeGrid();
     SetGridRows(last - first + 1 + kGridHeadRows);
     for (int i = 0; i <= last - first; ++i) {
-        SetGridText(i + kGridHeadRows, 0, std::to_string(PosiFirst + i));
+        SetGridText(i + kGridHeadRows, 0, std::to_string(GridFirst + i));
         FillDefaults(i + kGridHeadRows);
     }
     GridHome();

@@ -14,8 +14,8 @@ void Set_MainFormStr();
 /// Fills the grid from the table for `GridFirst` to `GridLast`; nothing happens without data.
 void QdDataHyoji_3();
 
-/// Makes rows for the positions `first` to `last`, numbered from `PosiFirst`, with the values of a
-/// new row in every cell.
+/// Makes as many rows as there are from `first` to `last`, numbered from `GridFirst`, with the
+/// values of a new row in every cell.
 void Init_FlexGrid(int first, int last);
 
 /// Puts the values of a new row into the cells of a grid row, all but the position number.

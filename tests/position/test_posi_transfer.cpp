@@ -129,7 +129,8 @@ TEST_P(ReadFaults, EndTheReadWithoutAWrongDatum) {
 INSTANTIATE_TEST_SUITE_P(
     Table, ReadFaults,
     testing::Values(
-        FaultCase{"silence", {}}, FaultCase{"late=400", {}}, FaultCase{"bytes=2", {}},
+        FaultCase{"silence", {}}, FaultCase{"deaf", {}}, FaultCase{"hangup=4", {kFailed}},
+        FaultCase{"late=400", {}}, FaultCase{"bytes=2", {}},
         // what came of the first reply stands in front of the next one
         FaultCase{"part=20",
                   {"Communication data length error occurs!\r\nLength of data is wrong."}},
