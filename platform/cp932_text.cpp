@@ -2,8 +2,13 @@
 
 #include "platform/fault.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdint>
+#include <cstdio>
 #include <iconv.h>
+#include <iterator>
+#include <vector>
 
 namespace qdw8 {
 namespace {
@@ -19,7 +24,22 @@ std::size_t SequenceLength(unsigned char lead) {
     return lead >= 0xC0 ? 2 : 1;
 }
 
-std::string Convert(const char* to, const char* from, std::string_view text, bool fromUtf8) {
+/// Length of the character that can't be converted and begins this UTF-8 text. Broken sequences
+/// count up to their last byte that is none of another.
+std::size_t LackingLength(std::string_view text) {
+    const std::size_t whole = SequenceLength(static_cast<unsigned char>(text[0]));
+    for (std::size_t i = 1; i < whole; ++i) {
+        if (i >= text.size() || (static_cast<unsigned char>(text[i]) & 0xC0U) != 0x80U) {
+            return i;
+        }
+    }
+    return whole;
+}
+
+/// Converts the text. `replace` gets what is left from each place that can't be converted, puts
+/// its stand-in behind the result and tells how many bytes it stands for.
+template<typename Replace>
+std::string Convert(const char* to, const char* from, std::string_view text, Replace replace) {
     const iconv_t converter = iconv_open(to, from);
     // NOLINTNEXTLINE(performance-no-int-to-ptr): the C library's own sign of failure
     if (converter == reinterpret_cast<iconv_t>(-1)) {
@@ -36,16 +56,7 @@ std::string Convert(const char* to, const char* from, std::string_view text, boo
         const std::size_t done = iconv(converter, &in, &inLeft, &out, &outLeft);
         result.append(chunk, sizeof chunk - outLeft);
         if (done == static_cast<std::size_t>(-1) && errno != E2BIG) {
-            std::size_t skip = 1;
-            if (fromUtf8) {
-                skip = SequenceLength(static_cast<unsigned char>(*in));
-                for (std::size_t i = 1; i < skip; ++i) {
-                    if (i >= inLeft || (static_cast<unsigned char>(in[i]) & 0xC0U) != 0x80U) {
-                        skip = i;
-                    }
-                }
-            }
-            result += '?';
+            const std::size_t skip = replace(std::string_view(in, inLeft), result);
             in += skip;
             inLeft -= skip;
         }
@@ -54,14 +65,75 @@ std::string Convert(const char* to, const char* from, std::string_view text, boo
     return result;
 }
 
+/// Number of the one character that a whole UTF-8 sequence makes; U+FFFD for a broken sequence.
+std::uint32_t NumberOf(std::string_view character) {
+    const auto lead = static_cast<unsigned char>(character[0]);
+    if (lead < 0xC0U || character.size() != SequenceLength(lead)) {
+        return 0xFFFD;
+    }
+    std::uint32_t number = lead & (0xFFU >> (character.size() + 1));
+    for (const char follower : character.substr(1)) {
+        number = number << 6U | (static_cast<unsigned char>(follower) & 0x3FU);
+    }
+    return number;
+}
+
+/// Blanks, marks that join the character before, and what only steers the writing: in a list of
+/// characters the user would see nothing of them.
+bool ShowsNothing(std::uint32_t number) {
+    static constexpr std::uint32_t kRanges[][2] = {
+        {0x80, 0xA0},     {0xAD, 0xAD},     {0x300, 0x36F},   {0x2000, 0x200F},
+        {0x2028, 0x202F}, {0x205F, 0x206F}, {0x3099, 0x309A}, {0xFE00, 0xFE0F},
+        {0xFEFF, 0xFEFF}, {0xE000, 0xF8FF}, {0xFFFD, 0xFFFD}, {0xE0000, 0xE01EF}};
+    return std::any_of(std::begin(kRanges), std::end(kRanges), [number](const auto& range) {
+        return number >= range[0] && number <= range[1];
+    });
+}
+
+std::string NameOf(std::string_view character) {
+    const std::uint32_t number = NumberOf(character);
+    if (!ShowsNothing(number)) {
+        return std::string(character);
+    }
+    char name[16];
+    std::snprintf(name, sizeof name, "U+%04X", static_cast<unsigned>(number));
+    return name;
+}
+
 } // namespace
 
 std::string ToCp932(std::string_view utf8) {
-    return Convert("CP932", "UTF-8", utf8, true);
+    return Convert("CP932", "UTF-8", utf8, [](std::string_view rest, std::string& result) {
+        result += '?';
+        return LackingLength(rest);
+    });
+}
+
+std::string LackingInCp932(std::string_view utf8, std::size_t limit) {
+    std::vector<std::string> names;
+    Convert("CP932", "UTF-8", utf8, [&](std::string_view rest, std::string&) {
+        const std::size_t length = LackingLength(rest);
+        const std::string name = names.size() <= limit ? NameOf(rest.substr(0, length)) : "";
+        if (!name.empty() && std::find(names.begin(), names.end(), name) == names.end()) {
+            names.push_back(name);
+        }
+        return length;
+    });
+    if (names.size() > limit) {
+        names[limit] = "...";
+    }
+    std::string list;
+    for (const std::string& name : names) {
+        list += (list.empty() ? "" : " ") + name;
+    }
+    return list;
 }
 
 std::string FromCp932(std::string_view bytes) {
-    return Convert("UTF-8", "CP932", bytes, false);
+    return Convert("UTF-8", "CP932", bytes, [](std::string_view, std::string& result) {
+        result += '?';
+        return std::size_t{1};
+    });
 }
 
 } // namespace qdw8

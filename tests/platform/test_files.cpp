@@ -78,6 +78,14 @@ TEST(Cp932, WhatCannotBeConvertedBecomesAQuestionMarkAndTheRestStays) {
     EXPECT_EQ(FromCp932("\x88\x0D\x0A"), "?\r\n"); // a line end survives a broken leader
 }
 
+TEST(Cp932, WhatThePageLacksIsNamedOnceInOrderAndUpToALimit) {
+    EXPECT_EQ(LackingInCp932("\"位置～①\",1\r\n"), "");
+    EXPECT_EQ(LackingInCp932("aébé\U0001F600, ü"), "é \U0001F600 ü");
+    EXPECT_EQ(LackingInCp932("éüéß", 2), "é ü ...");
+    EXPECT_EQ(LackingInCp932("éüé", 2), "é ü");
+    EXPECT_EQ(LackingInCp932("a\u200B\U000E0100\xE4"), "U+200B U+E0100 U+FFFD");
+}
+
 TEST(Cp932, TextLongerThanOneChunkKeepsItsOrder) {
     std::string text;
     for (int i = 0; i < 500; ++i) {
