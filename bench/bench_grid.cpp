@@ -10,7 +10,7 @@
 #include "position/grid_display.h"
 #include "position/grid_editor.h"
 #include "position/posi_table.h"
-#include "windows/frmMain.h"
+#include "windows/main/frmMain.h"
 
 #include <QApplication>
 #include <QKeyEvent>

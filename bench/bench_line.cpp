@@ -20,7 +20,7 @@
 #include "position/posi_table.h"
 #include "position/posi_transfer.h"
 #include "position/posi_write.h"
-#include "windows/frmTrance.h"
+#include "windows/dialogs/frmTrance.h"
 
 #include <QApplication>
 #include <QProcess>

@@ -10,8 +10,8 @@
 #include "parameter/para_reset.h"
 #include "support/simulated_line.h"
 #include "window_fixture.h"
-#include "windows/frmDevice2.h"
-#include "windows/frmDevice3.h"
+#include "windows/device/frmDevice2.h"
+#include "windows/device/frmDevice3.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -5,7 +5,7 @@
 #include "position/grid_lines.h"
 #include "position/posi_check.h"
 #include "window_fixture.h"
-#include "windows/frmMain.h"
+#include "windows/main/frmMain.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,8 +1,8 @@
-#include "windows/grid_view.h"
+#include "windows/main/grid_view.h"
 
 #include "app/screens.h"
 #include "window_fixture.h"
-#include "windows/group_header.h"
+#include "windows/controls/group_header.h"
 
 #include <QApplication>
 #include <QHeaderView>

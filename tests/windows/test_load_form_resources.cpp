@@ -1,4 +1,4 @@
-#include "windows/load_form_resources.h"
+#include "windows/controls/load_form_resources.h"
 
 #include "window_fixture.h"
 

@@ -1,4 +1,4 @@
-#include "windows/frmMain.h"
+#include "windows/main/frmMain.h"
 
 #include "window_fixture.h"
 

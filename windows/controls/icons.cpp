@@ -1,4 +1,4 @@
-#include "windows/icons.h"
+#include "windows/controls/icons.h"
 
 #include <QGuiApplication>
 #include <QIconEngine>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "windows/range_controls.h"
+#include "windows/dialogs/range_controls.h"
 
 #include <QDialog>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/main_panel.h"
-#include "windows/grid_view.h"
-#include "windows/main_commands.h"
+#include "windows/main/grid_view.h"
+#include "windows/main/main_commands.h"
 
 #include <QMainWindow>
 #include <array>

@@ -1,11 +1,11 @@
-#include "windows/frmMain.h"
+#include "windows/main/frmMain.h"
 
 #include "position/grid_clipboard.h"
 #include "position/grid_editor.h"
-#include "windows/icons.h"
-#include "windows/labels.h"
-#include "windows/load_form_resources.h"
-#include "windows/texts.h"
+#include "windows/controls/icons.h"
+#include "windows/controls/labels.h"
+#include "windows/controls/load_form_resources.h"
+#include "windows/controls/texts.h"
 
 #include <QAbstractButton>
 #include <QAction>

@@ -1,4 +1,4 @@
-#include "windows/labels.h"
+#include "windows/controls/labels.h"
 
 #include <QPainter>
 #include <QStyle>

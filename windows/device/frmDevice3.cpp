@@ -1,10 +1,10 @@
-#include "windows/frmDevice3.h"
+#include "windows/device/frmDevice3.h"
 
 #include "devicechange/detail_edit.h"
 #include "devicechange/device_set.h"
 #include "devicechange/device_write.h"
-#include "windows/device_panels.h"
-#include "windows/load_form_resources.h"
+#include "windows/controls/load_form_resources.h"
+#include "windows/device/device_panels.h"
 
 #include <QBoxLayout>
 #include <QPushButton>

@@ -1,7 +1,7 @@
-#include "windows/main_commands.h"
+#include "windows/main/main_commands.h"
 
-#include "windows/icons.h"
-#include "windows/load_form_resources.h"
+#include "windows/controls/icons.h"
+#include "windows/controls/load_form_resources.h"
 
 #include <QAction>
 #include <QKeySequence>

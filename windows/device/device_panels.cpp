@@ -1,6 +1,6 @@
-#include "windows/device_panels.h"
+#include "windows/device/device_panels.h"
 
-#include "windows/load_form_resources.h"
+#include "windows/controls/load_form_resources.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,9 +1,9 @@
-#include "windows/frmSyogoKekka.h"
+#include "windows/dialogs/frmSyogoKekka.h"
 
 #include "position/check_result.h"
-#include "windows/group_header.h"
-#include "windows/load_form_resources.h"
-#include "windows/texts.h"
+#include "windows/controls/group_header.h"
+#include "windows/controls/load_form_resources.h"
+#include "windows/controls/texts.h"
 
 #include <QAbstractTableModel>
 #include <QColor>

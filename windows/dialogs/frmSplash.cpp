@@ -1,8 +1,8 @@
-#include "windows/frmSplash.h"
+#include "windows/dialogs/frmSplash.h"
 
-#include "windows/icons.h"
-#include "windows/labels.h"
-#include "windows/load_form_resources.h"
+#include "windows/controls/icons.h"
+#include "windows/controls/labels.h"
+#include "windows/controls/load_form_resources.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

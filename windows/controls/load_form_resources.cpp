@@ -1,7 +1,7 @@
-#include "windows/load_form_resources.h"
+#include "windows/controls/load_form_resources.h"
 
 #include "app/number_forms.h"
-#include "windows/texts.h"
+#include "windows/controls/texts.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemModel>

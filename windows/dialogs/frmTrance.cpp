@@ -1,7 +1,7 @@
-#include "windows/frmTrance.h"
+#include "windows/dialogs/frmTrance.h"
 
 #include "app/transfer_dialog.h"
-#include "windows/load_form_resources.h"
+#include "windows/controls/load_form_resources.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

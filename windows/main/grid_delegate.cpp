@@ -1,4 +1,4 @@
-#include "windows/grid_delegate.h"
+#include "windows/main/grid_delegate.h"
 
 #include "position/flex_grid.h"
 

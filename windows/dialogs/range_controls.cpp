@@ -1,6 +1,6 @@
-#include "windows/range_controls.h"
+#include "windows/dialogs/range_controls.h"
 
-#include "windows/load_form_resources.h"
+#include "windows/controls/load_form_resources.h"
 
 #include <QDialog>
 #include <QGridLayout>

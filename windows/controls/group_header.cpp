@@ -1,4 +1,4 @@
-#include "windows/group_header.h"
+#include "windows/controls/group_header.h"
 
 #include <QAbstractItemModel>
 #include <QPainter>

@@ -1,7 +1,7 @@
-#include "windows/frmProcessing.h"
+#include "windows/dialogs/frmProcessing.h"
 
 #include "app/Module1.h"
-#include "windows/load_form_resources.h"
+#include "windows/controls/load_form_resources.h"
 
 #include <QLabel>
 #include <QVBoxLayout>

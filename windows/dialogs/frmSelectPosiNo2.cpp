@@ -1,6 +1,6 @@
-#include "windows/frmSelectPosiNo2.h"
+#include "windows/dialogs/frmSelectPosiNo2.h"
 
-#include "windows/load_form_resources.h"
+#include "windows/controls/load_form_resources.h"
 
 #include <QGridLayout>
 #include <QLabel>

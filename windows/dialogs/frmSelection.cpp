@@ -1,7 +1,7 @@
-#include "windows/frmSelection.h"
+#include "windows/dialogs/frmSelection.h"
 
-#include "windows/load_form_resources.h"
-#include "windows/texts.h"
+#include "windows/controls/load_form_resources.h"
+#include "windows/controls/texts.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,8 +1,8 @@
-#include "windows/frmDevice2.h"
+#include "windows/device/frmDevice2.h"
 
 #include "devicechange/device_set.h"
-#include "windows/device_panels.h"
-#include "windows/load_form_resources.h"
+#include "windows/controls/load_form_resources.h"
+#include "windows/device/device_panels.h"
 
 #include <QBoxLayout>
 #include <QPushButton>

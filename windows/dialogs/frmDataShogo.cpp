@@ -1,6 +1,6 @@
-#include "windows/frmDataShogo.h"
+#include "windows/dialogs/frmDataShogo.h"
 
-#include "windows/load_form_resources.h"
+#include "windows/controls/load_form_resources.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

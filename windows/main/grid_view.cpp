@@ -1,12 +1,12 @@
-#include "windows/grid_view.h"
+#include "windows/main/grid_view.h"
 
 #include "position/grid_editor.h"
 #include "position/posi_table.h"
-#include "windows/cell_editor.h"
-#include "windows/grid_delegate.h"
-#include "windows/grid_model.h"
-#include "windows/group_header.h"
-#include "windows/texts.h"
+#include "windows/controls/group_header.h"
+#include "windows/controls/texts.h"
+#include "windows/main/cell_editor.h"
+#include "windows/main/grid_delegate.h"
+#include "windows/main/grid_model.h"
 
 #include <QAbstractButton>
 #include <QApplication>

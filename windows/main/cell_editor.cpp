@@ -1,4 +1,4 @@
-#include "windows/cell_editor.h"
+#include "windows/main/cell_editor.h"
 
 #include "position/flex_grid.h"
 #include "position/grid_editor.h"

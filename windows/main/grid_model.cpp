@@ -1,6 +1,6 @@
-#include "windows/grid_model.h"
+#include "windows/main/grid_model.h"
 
-#include "windows/group_header.h"
+#include "windows/controls/group_header.h"
 
 #include <algorithm>
 #include <utility>
