@@ -116,7 +116,7 @@ private:
     void settle(Millis now);
     void obeyFrame(const std::string& frame, Millis now);
     void send(const std::string& reply, const std::optional<Fault>& fault, Millis at);
-    void post(const Outgoing& out);
+    void post(Outgoing out);
 
     // A group run is answered when it has ended.
     struct GroupReply {

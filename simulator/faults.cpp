@@ -24,7 +24,8 @@ struct FaultName {
 constexpr std::array<FaultName, 15> Names{{
     {"silence", FaultKind::silence, Value::none, "", "obeyed, but the reply is lost"},
     {"deaf", FaultKind::deaf, Value::none, "", "the request is lost: not obeyed, no reply"},
-    {"late", FaultKind::late, Value::number, nullptr, "late=MS: the reply comes MS later"},
+    {"late", FaultKind::late, Value::number, nullptr,
+     "late=MS: the reply comes MS later, and those behind it after it"},
     {"part", FaultKind::part, Value::number, nullptr, "part=N: N characters, then silence"},
     {"bytes", FaultKind::bytes, Value::number, "20",
      "bytes=MS: one character at a time, MS apart (20)"},

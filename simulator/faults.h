@@ -21,7 +21,7 @@ namespace qdk8 {
 enum class FaultKind {
     silence,     ///< the command is obeyed, the reply is lost
     deaf,        ///< the request is lost: not obeyed, no reply
-    late,        ///< the reply comes `number` ms late
+    late,        ///< the reply comes `number` ms late, and holds up those behind it
     part,        ///< the first `number` characters, then silence
     bytes,       ///< one character at a time, `number` ms apart
     noiseBefore, ///< `text` in front of the reply

@@ -67,6 +67,18 @@ TEST(Faults, StrikeAtTheirOccurrence) {
     }
 }
 
+TEST(Faults, NoReplyOvertakesTheOneBefore) {
+    Controller controller;
+    addRule(controller, "0RH:1:late=1500");
+    addRule(controller, "0RI:1:bytes=7");
+    EXPECT_EQ(ask(controller, "0RH", 10), "");
+    EXPECT_EQ(ask(controller, "0RA", 1000), "");
+    EXPECT_EQ(ask(controller, "0RA", 1510), "0RH0\r\n0RA1\r\n0RA1\r\n");
+    ask(controller, "0RI", 2000);
+    EXPECT_EQ(ask(controller, "0RA", 2001, 2069), "RI000000\r");
+    EXPECT_EQ(ask(controller, "0SP", 2069, 2070), "\n0RA1\r\n0SP\r\n");
+}
+
 TEST(Faults, MayMeanOneFrameOrAll) {
     Controller controller;
     addRule(controller, "0CM1:*:silence");
