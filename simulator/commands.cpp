@@ -7,46 +7,47 @@
 #include <charconv>
 
 namespace qdk8 {
-
 namespace {
 
-constexpr Alarm WritingFailed{'1', '0', 'E'};
+constexpr Alarm kWritingFailed{'1', '0', 'E'};
 
-// A refusal is thrown from wherever it is found and becomes the reply in `answer`.
+/// A refusal is thrown from wherever it is found and becomes the reply in `answer`.
 struct Refused {
     Alarm alarm;
 };
 
-[[noreturn]] void refuse(char code, char where = '0') {
+[[noreturn]] void Refuse(char code, char where = '0') {
     throw Refused{Alarm{'0', where, code}};
 }
 
-void mustBe(bool good, char code, char where = '0') {
-    if (!good)
-        refuse(code, where);
+void MustBe(bool good, char code, char where = '0') {
+    if (!good) {
+        Refuse(code, where);
+    }
 }
 
-void obey(const Refusal& refusal) {
-    if (refusal)
+void ObeyUnless(const Refusal& refusal) {
+    if (refusal) {
         throw Refused{*refusal};
+    }
 }
 
-// The fields of a request, taken from the front.
+/// The fields of a request, taken from the front.
 struct Fields {
     std::string_view rest;
 
     std::string_view text(std::size_t width) {
-        mustBe(rest.size() >= width && isHex(rest.substr(0, width)), '1');
+        MustBe(rest.size() >= width && IsHex(rest.substr(0, width)), '1');
         const std::string_view taken = rest.substr(0, width);
         rest.remove_prefix(width);
         return taken;
     }
     int number(std::size_t width, int low, int high) {
-        const int value = fromHex(text(width));
-        mustBe(value >= low && value <= high, '2');
+        const int value = FromHex(text(width));
+        MustBe(value >= low && value <= high, '2');
         return value;
     }
-    void end() const { mustBe(rest.empty(), '1'); }
+    void end() const { MustBe(rest.empty(), '1'); }
 };
 
 struct Request {
@@ -62,230 +63,237 @@ struct Request {
 
 using Reply = std::optional<std::string>;
 
-std::size_t at(int number) {
+std::size_t IndexOf(int number) {
     return static_cast<std::size_t>(number);
 }
 
-Reply statusOrMode(Request& r) {
+Reply StatusOrMode(Request& r) {
     if (r.data.rest.size() == 1) {
-        mustBe(r.data.rest == "0" || r.data.rest == "1", '2');
+        MustBe(r.data.rest == "0" || r.data.rest == "1", '2');
         return r.machine.alarm ? r.machine.alarm->text() : r.whole();
     }
     // The axis mask in decimal, then the mode.
-    mustBe(r.data.rest.size() == 2 || r.data.rest.size() == 3, '1');
-    const auto digits = fromDecimal(r.data.rest, 999);
-    mustBe(digits.has_value(), '1');
-    mustBe(*digits / 10 <= 15 && *digits % 10 <= 2, '2');
+    MustBe(r.data.rest.size() == 2 || r.data.rest.size() == 3, '1');
+    const auto digits = FromDecimal(r.data.rest, 999);
+    MustBe(digits.has_value(), '1');
+    MustBe(*digits / 10 <= 15 && *digits % 10 <= 2, '2');
     r.machine.mode = static_cast<int>(*digits % 10);
     return r.whole();
 }
 
-Reply alarmReset(Request& r) {
+Reply AlarmReset(Request& r) {
     r.data.end();
-    if (r.machine.alarm && !r.machine.alarm->resettable())
+    if (r.machine.alarm && !r.machine.alarm->resettable()) {
         return r.machine.alarm->text();
-    clearAlarm(r.machine);
+    }
+    ClearAlarm(r.machine);
     return r.whole();
 }
 
-Reply homeStatus(Request& r) {
+Reply HomeStatus(Request& r) {
     r.data.end();
-    const unsigned used = axesInUse(r.machine);
+    const unsigned used = AxesInUse(r.machine);
     return r.word() + (used != 0 && (r.machine.homed & used) == used ? "1" : "0");
 }
 
-Reply arrivalStatus(Request& r) {
+Reply ArrivalStatus(Request& r) {
     r.data.end();
-    return r.word() + (moving(r.machine) ? "0" : "1");
+    return r.word() + (Moving(r.machine) ? "0" : "1");
 }
 
-Reply version(Request& r) {
-    if (r.data.rest.empty())
+Reply Version(Request& r) {
+    if (r.data.rest.empty()) {
         return r.word() + r.machine.identity;
+    }
     const int axis = r.data.number(1, 1, 4) - 1;
     r.data.end();
-    mustBe(((axesInUse(r.machine) >> static_cast<unsigned>(axis)) & 1U) != 0, '4',
+    MustBe(((AxesInUse(r.machine) >> static_cast<unsigned>(axis)) & 1U) != 0, '4',
            static_cast<char>('1' + axis));
-    return r.whole() + r.machine.boards[at(axis)];
+    return r.whole() + r.machine.boards[IndexOf(axis)];
 }
 
-Reply moveOrHome(Request& r) {
+Reply MoveOrHome(Request& r) {
     const bool bare = r.word() == "0MM";
     const int position = r.data.number(3, bare ? 0 : 1, 999);
     const auto mask = static_cast<unsigned>(r.data.number(1, 0, 15));
     r.data.end();
-    if (position == 0)
-        obey(beginHoming(r.machine, mask, r.now));
-    else
-        obey(beginMove(r.machine, position, mask, !bare, r.now));
+    if (position == 0) {
+        ObeyUnless(BeginHoming(r.machine, mask, r.now));
+    } else {
+        ObeyUnless(BeginMove(r.machine, position, mask, !bare, r.now));
+    }
     return r.whole();
 }
 
-Reply runGroup(Request& r) {
+Reply RunGroup(Request& r) {
     const int group = r.data.number(2, 1, 99);
     r.data.end();
-    obey(beginGroup(r.machine, group, r.now));
+    ObeyUnless(BeginGroup(r.machine, group, r.now));
     return std::nullopt;
 }
 
-Reply jog(Request& r) {
-    std::array<int, AxisCountMax> directions{};
-    for (int& direction : directions)
+Reply Jog(Request& r) {
+    std::array<int, kAxisCountMax> directions{};
+    for (int& direction : directions) {
         direction = r.data.number(1, 0, 2);
+    }
     // Tenths of the JOG speed, 0 for all of it: decimal digits with at most one point.
     const std::string_view text = r.data.rest;
-    mustBe(text.size() <= 3 && text.find_first_not_of("0123456789.") == std::string_view::npos,
+    MustBe(text.size() <= 3 && text.find_first_not_of("0123456789.") == std::string_view::npos,
            '1');
     double tenths = 0;
     const char* end = text.data() + text.size();
-    mustBe(std::from_chars(text.data(), end, tenths, std::chars_format::fixed).ptr == end &&
+    MustBe(std::from_chars(text.data(), end, tenths, std::chars_format::fixed).ptr == end &&
                !text.empty(),
            '1');
-    mustBe(tenths < 10, '2');
-    obey(beginJog(r.machine, directions, tenths > 0 ? tenths / 10 : 1.0, r.now));
+    MustBe(tenths < 10, '2');
+    ObeyUnless(BeginJog(r.machine, directions, tenths > 0 ? tenths / 10 : 1.0, r.now));
     return r.word();
 }
 
-Reply inch(Request& r) {
+Reply Inch(Request& r) {
     Step step;
-    for (int axis = 0; axis < AxisCountMax; ++axis) {
-        step.speeds[at(axis)] = speedOf(r.machine, axis, r.data.number(2, 1, 60));
-        step.ramps[at(axis)] = rampOf(r.data.number(1, 1, 3));
+    for (int axis = 0; axis < kAxisCountMax; ++axis) {
+        step.speeds[IndexOf(axis)] = SpeedOf(r.machine, axis, r.data.number(2, 1, 60));
+        step.ramps[IndexOf(axis)] = RampOf(r.data.number(1, 1, 3));
         step.mask |= static_cast<unsigned>(r.data.number(1, 0, 1)) << static_cast<unsigned>(axis);
-        step.targets[at(axis)] = r.data.number(5, 0, 0xFFFFF);
+        step.targets[IndexOf(axis)] = r.data.number(5, 0, 0xFFFFF);
     }
     r.data.end();
-    obey(beginInching(r.machine, step, r.now));
+    ObeyUnless(BeginInching(r.machine, step, r.now));
     return r.word();
 }
 
-Reply stop(Request& r) {
+Reply Stop(Request& r) {
     r.data.end();
-    if (moving(r.machine))
-        stopMotion(r.machine, r.now);
+    if (Moving(r.machine)) {
+        StopMotion(r.machine, r.now);
+    }
     return r.word();
 }
 
-Reply presentPositions(Request& r) {
+Reply PresentPositions(Request& r) {
     const auto mask = static_cast<unsigned>(r.data.number(1, 0, 15));
     r.data.end();
     std::string reply = r.whole();
-    for (int axis = 0; axis < AxisCountMax; ++axis) {
-        if (((mask >> static_cast<unsigned>(axis)) & 1U) == 0)
+    for (int axis = 0; axis < kAxisCountMax; ++axis) {
+        if (((mask >> static_cast<unsigned>(axis)) & 1U) == 0) {
             continue;
-        mustBe(((axesInUse(r.machine) >> static_cast<unsigned>(axis)) & 1U) != 0, '4',
+        }
+        MustBe(((AxesInUse(r.machine) >> static_cast<unsigned>(axis)) & 1U) != 0, '4',
                static_cast<char>('1' + axis));
-        reply += toHex(presentPosition(r.machine, axis, r.now), 5);
+        reply += ToHex(PresentPosition(r.machine, axis, r.now), 5);
     }
     return reply;
 }
 
-Reply readBlock(Request& r) {
+Reply ReadBlock(Request& r) {
     const int block = r.data.number(1, 0, 12);
     r.data.end();
-    return r.whole() + r.machine.working.blocks[at(block)];
+    return r.whole() + r.machine.working.blocks[IndexOf(block)];
 }
 
-Reply writeBlock(Request& r) {
+Reply WriteBlock(Request& r) {
     const int block = r.data.number(1, 0, 12);
     const std::string_view digits = r.data.text(32);
     r.data.end();
-    mustBe(blockUsable(block, digits, r.machine.axes), '2');
-    r.machine.working.blocks[at(block)] = digits;
+    MustBe(BlockUsable(block, digits, r.machine.axes), '2');
+    r.machine.working.blocks[IndexOf(block)] = digits;
     return r.echo(4);
 }
 
-Reply readPosition(Request& r) {
+Reply ReadPosition(Request& r) {
     const int position = r.data.number(3, 1, 999);
     r.data.end();
-    return r.whole() + r.machine.working.positions[at(position - 1)];
+    return r.whole() + r.machine.working.positions[IndexOf(position - 1)];
 }
 
-// Rows have no commit of their own: a row that was acknowledged lasts.
-Reply writePosition(Request& r) {
+/// Rows have no commit of their own: a row that was acknowledged lasts.
+Reply WritePosition(Request& r) {
     const int position = r.data.number(3, 1, 999);
     const std::string_view row = r.data.text(40);
     r.data.end();
-    mustBe(rowUsable(row), '2');
-    r.machine.working.positions[at(position - 1)] = row;
-    r.machine.lasting.positions[at(position - 1)] = row;
+    MustBe(RowUsable(row), '2');
+    r.machine.working.positions[IndexOf(position - 1)] = row;
+    r.machine.lasting.positions[IndexOf(position - 1)] = row;
     ++r.machine.lastingChanges;
     return r.echo(6);
 }
 
-Reply readGroup(Request& r) {
+Reply ReadGroup(Request& r) {
     const int group = r.data.number(2, 1, 99);
     r.data.end();
-    return r.whole() + r.machine.working.groups[at(group - 1)];
+    return r.whole() + r.machine.working.groups[IndexOf(group - 1)];
 }
 
-Reply writeGroup(Request& r) {
+Reply WriteGroup(Request& r) {
     const int group = r.data.number(2, 1, 99);
     const std::string_view range = r.data.text(6);
     r.data.end();
-    mustBe(groupUsable(range), '2');
-    r.machine.working.groups[at(group - 1)] = range;
+    MustBe(GroupUsable(range), '2');
+    r.machine.working.groups[IndexOf(group - 1)] = range;
     return r.echo(5);
 }
 
-Reply readMacro(Request& r) {
+Reply ReadMacro(Request& r) {
     const int macro = r.data.number(2, 1, 20);
     r.data.end();
-    return r.whole() + r.machine.working.macros[at(macro - 1)];
+    return r.whole() + r.machine.working.macros[IndexOf(macro - 1)];
 }
 
-Reply writeMacro(Request& r) {
+Reply WriteMacro(Request& r) {
     const int macro = r.data.number(2, 1, 20);
     const std::string_view steps = r.data.text(32);
     r.data.end();
-    mustBe(macroUsable(steps), '2');
-    r.machine.working.macros[at(macro - 1)] = steps;
+    MustBe(MacroUsable(steps), '2');
+    r.machine.working.macros[IndexOf(macro - 1)] = steps;
     return r.echo(5);
 }
 
-Reply commit(Request& r) {
+Reply Commit(Request& r) {
     const int what = r.data.number(1, 1, 3);
     r.data.end();
     Machine& m = r.machine;
     const Memory before = m.lasting;
-    if (what == 1)
+    if (what == 1) {
         m.lasting.macros = m.working.macros;
-    else if (what == 2)
+    } else if (what == 2) {
         m.lasting.blocks = m.working.blocks;
-    else
+    } else {
         m.lasting.groups = m.working.groups;
+    }
     ++m.lastingChanges;
     // A commit is where it outlives the program before it is acknowledged.
     if (m.keep && !m.keep()) {
         m.lasting = before;
         ++m.lastingChanges; // what lasted before is still to be written
-        raise(m, WritingFailed, r.now);
-        return WritingFailed.text();
+        Raise(m, kWritingFailed, r.now);
+        return kWritingFailed.text();
     }
     ++m.commits;
     return r.whole();
 }
 
-Reply readInputs(Request& r) {
+Reply ReadInputs(Request& r) {
     r.data.end();
-    return r.word() + toHex(static_cast<int>(r.machine.inputs), 6);
+    return r.word() + ToHex(static_cast<int>(r.machine.inputs), 6);
 }
 
-Reply readOutputs(Request& r) {
+Reply ReadOutputs(Request& r) {
     r.data.end();
-    return r.word() + toHex(static_cast<int>(r.machine.outputs), 6);
+    return r.word() + ToHex(static_cast<int>(r.machine.outputs), 6);
 }
 
-Reply writeOutputs(Request& r) {
-    const int outputs = fromHex(r.data.text(6));
+Reply WriteOutputs(Request& r) {
+    const int outputs = FromHex(r.data.text(6));
     r.data.end();
     r.machine.outputs = static_cast<std::uint32_t>(outputs);
     return r.whole();
 }
 
-constexpr char Allowed = '\0';
-constexpr char WritingRefused = '5';
-constexpr char StartRefused = 'D';
+constexpr char kAllowed = '\0';
+constexpr char kWritingRefused = '5';
+constexpr char kStartRefused = 'D';
 
 struct Command {
     std::string_view word;
@@ -294,53 +302,54 @@ struct Command {
     char duringMovement; // the code that refuses it then, or `Allowed`
 };
 
-constexpr std::array<Command, 24> Commands{{
-    {"0CM", statusOrMode, false, Allowed},
-    {"0AR", alarmReset, false, Allowed},
-    {"0RH", homeStatus, false, Allowed},
-    {"0RA", arrivalStatus, true, Allowed},
-    {"0RV", version, false, Allowed},
-    {"0MM", moveOrHome, true, StartRefused},
-    {"0MP", moveOrHome, true, StartRefused},
-    {"0MG", runGroup, true, StartRefused},
-    {"0JR", jog, true, StartRefused},
-    {"0MV", inch, true, StartRefused},
-    {"0SP", stop, false, Allowed},
-    {"0RC", presentPositions, false, Allowed},
-    {"0RD", readBlock, false, Allowed},
-    {"0WD", writeBlock, false, WritingRefused},
-    {"0WE", commit, false, WritingRefused},
-    {"0RP", readPosition, false, Allowed},
-    {"0WP", writePosition, false, WritingRefused},
-    {"0RG", readGroup, false, Allowed},
-    {"0WG", writeGroup, false, WritingRefused},
-    {"0RS", readMacro, false, Allowed},
-    {"0WS", writeMacro, false, WritingRefused},
-    {"0RI", readInputs, false, Allowed},
-    {"0RO", readOutputs, false, Allowed},
-    {"0WO", writeOutputs, false, Allowed},
+constexpr std::array<Command, 24> kCommands{{
+    {"0CM", StatusOrMode, false, kAllowed},
+    {"0AR", AlarmReset, false, kAllowed},
+    {"0RH", HomeStatus, false, kAllowed},
+    {"0RA", ArrivalStatus, true, kAllowed},
+    {"0RV", Version, false, kAllowed},
+    {"0MM", MoveOrHome, true, kStartRefused},
+    {"0MP", MoveOrHome, true, kStartRefused},
+    {"0MG", RunGroup, true, kStartRefused},
+    {"0JR", Jog, true, kStartRefused},
+    {"0MV", Inch, true, kStartRefused},
+    {"0SP", Stop, false, kAllowed},
+    {"0RC", PresentPositions, false, kAllowed},
+    {"0RD", ReadBlock, false, kAllowed},
+    {"0WD", WriteBlock, false, kWritingRefused},
+    {"0WE", Commit, false, kWritingRefused},
+    {"0RP", ReadPosition, false, kAllowed},
+    {"0WP", WritePosition, false, kWritingRefused},
+    {"0RG", ReadGroup, false, kAllowed},
+    {"0WG", WriteGroup, false, kWritingRefused},
+    {"0RS", ReadMacro, false, kAllowed},
+    {"0WS", WriteMacro, false, kWritingRefused},
+    {"0RI", ReadInputs, false, kAllowed},
+    {"0RO", ReadOutputs, false, kAllowed},
+    {"0WO", WriteOutputs, false, kAllowed},
 }};
 
-const Command* find(std::string_view word) {
-    const auto* found = std::find_if(Commands.begin(), Commands.end(),
+const Command* FindCommand(std::string_view word) {
+    const auto* found = std::find_if(kCommands.begin(), kCommands.end(),
                                      [&](const Command& c) { return c.word == word; });
-    return found != Commands.end() ? found : nullptr;
+    return found != kCommands.end() ? found : nullptr;
 }
 
 } // namespace
 
-bool isCommandWord(std::string_view word) {
-    return find(word) != nullptr;
+bool IsCommandWord(std::string_view word) {
+    return FindCommand(word) != nullptr;
 }
 
-std::optional<std::string> answer(Machine& machine, std::string_view frame, Millis now) {
+std::optional<std::string> AnswerFrame(Machine& machine, std::string_view frame, Millis now) {
     try {
-        const Command* command = find(frame.substr(0, 3));
-        mustBe(command != nullptr, '1');
-        if (command->heldByAlarm && machine.alarm)
+        const Command* command = FindCommand(frame.substr(0, 3));
+        MustBe(command != nullptr, '1');
+        if (command->heldByAlarm && machine.alarm) {
             return machine.alarm->text();
+        }
         Request request{machine, frame, Fields{frame.substr(3)}, now};
-        mustBe(command->duringMovement == Allowed || !moving(machine), command->duringMovement);
+        MustBe(command->duringMovement == kAllowed || !Moving(machine), command->duringMovement);
         return command->routine(request);
     } catch (const Refused& refused) {
         return refused.alarm.text();

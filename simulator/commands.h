@@ -21,9 +21,9 @@ namespace qdk8 {
 ///
 /// While an alarm stands, every move and 0CM0, 0CM1, 0RA are answered with it, and so is 0AR if
 /// a reset cannot clear it. Everything else works as usual.
-std::optional<std::string> answer(Machine& machine, std::string_view frame, Millis now);
+std::optional<std::string> AnswerFrame(Machine& machine, std::string_view frame, Millis now);
 
 /// True for the first three characters of a frame that the controller knows.
-bool isCommandWord(std::string_view word);
+bool IsCommandWord(std::string_view word);
 
 } // namespace qdk8

@@ -9,157 +9,168 @@
 #include <vector>
 
 namespace qdk8 {
-
 namespace {
 
 using Words = std::vector<std::string>;
 
-// What a routine gives: the lines of its answer without "ok", or `problem`.
+/// What a routine gives: the lines of its answer without "ok", or `problem`.
 struct Answer {
     std::string lines;
     std::string problem;
 };
 
-Answer bad(const std::string& problem) {
+Answer Bad(const std::string& problem) {
     return {"", problem};
 }
 
-Answer alarm(Front& front, const Words& words) {
+Answer OrderAlarm(Front& front, const Words& words) {
     if (words.size() == 2 && words[1] == "clear") {
-        front.controller.clearAlarm(milliseconds());
+        front.controller.clearAlarm(Milliseconds());
         return {};
     }
     // Class and code may stand apart.
     std::size_t at = 2;
     std::string text = words.size() > 1 ? words[1] : "";
-    if (text.size() == 1 && words.size() > 2 && words[2].size() == 1)
+    if (text.size() == 1 && words.size() > 2 && words[2].size() == 1) {
         text += words[at++];
-    const auto parsed = parseAlarm(text);
-    if (!parsed)
-        return bad("\"" + text + "\" is neither class and code nor an error reply");
+    }
+    const auto parsed = ParseAlarm(text);
+    if (!parsed) {
+        return Bad("\"" + text + "\" is neither class and code nor an error reply");
+    }
     std::optional<Millis> goesOutAfter;
     bool announce = false;
     for (; at < words.size(); ++at) {
         if (words[at] == "announce") {
             announce = true;
         } else if (words[at] == "for" && at + 1 < words.size()) {
-            goesOutAfter = fromDecimal(words[++at], 3'600'000);
-            if (!goesOutAfter || !parsed->resettable())
-                return bad("\"for\" wants a time in ms and a resettable alarm");
+            goesOutAfter = FromDecimal(words[++at], 3'600'000);
+            if (!goesOutAfter || !parsed->resettable()) {
+                return Bad("\"for\" wants a time in ms and a resettable alarm");
+            }
         } else {
-            return bad("\"" + words[at] + "\" is not understood");
+            return Bad("\"" + words[at] + "\" is not understood");
         }
     }
-    front.controller.raiseAlarm(*parsed, milliseconds(), goesOutAfter, announce);
+    front.controller.raiseAlarm(*parsed, Milliseconds(), goesOutAfter, announce);
     return {};
 }
 
-Answer power(Front& front, const Words& words) {
+Answer Power(Front& front, const Words& words) {
     if (words.size() == 2 && words[1] == "off") {
-        front.controller.powerOff(milliseconds());
+        front.controller.powerOff(Milliseconds());
         front.leaving.clear();
     } else if (words.size() == 2 && words[1] == "on") {
-        front.controller.powerOn(milliseconds());
+        front.controller.powerOn(Milliseconds());
     } else {
-        return bad("power off or power on");
+        return Bad("power off or power on");
     }
     return {};
 }
 
-Answer hangUp(Front& front, const Words&) {
-    pullCable(front);
+Answer HangUp(Front& front, const Words&) {
+    PullCable(front);
     return {};
 }
 
-Answer plugIn(Front& front, const Words&) {
-    if (front.terminal.master >= 0)
-        return bad("the cable is plugged in");
+Answer PlugIn(Front& front, const Words&) {
+    if (front.terminal.master >= 0) {
+        return Bad("the cable is plugged in");
+    }
     std::string problem;
-    if (!plug(front.terminal, problem))
-        return bad(problem);
-    tellPlace(front, "plugged");
+    if (!Plug(front.terminal, problem)) {
+        return Bad(problem);
+    }
+    TellPlace(front, "plugged");
     return {};
 }
 
-Answer input(Front& front, const Words& words) {
-    if (words.size() != 2 || words[1].size() != 6 || !isHex(words[1]))
-        return bad("input wants six hexadecimal digits");
-    front.controller.setInputs(static_cast<std::uint32_t>(fromHex(words[1])), milliseconds());
+Answer Input(Front& front, const Words& words) {
+    if (words.size() != 2 || words[1].size() != 6 || !IsHex(words[1])) {
+        return Bad("input wants six hexadecimal digits");
+    }
+    front.controller.setInputs(static_cast<std::uint32_t>(FromHex(words[1])), Milliseconds());
     return {};
 }
 
-Answer homing(Front& front, const Words& words) {
-    if (words.size() != 2 || (words[1] != "fails" && words[1] != "works"))
-        return bad("homing fails or homing works");
+Answer Homing(Front& front, const Words& words) {
+    if (words.size() != 2 || (words[1] != "fails" && words[1] != "works")) {
+        return Bad("homing fails or homing works");
+    }
     front.controller.setHomeSensorFails(words[1] == "fails");
     return {};
 }
 
-Answer fault(Front& front, const Words& words) {
+Answer OrderFault(Front& front, const Words& words) {
     if (words.size() == 2 && words[1] == "clear") {
         front.controller.clearFaults();
         return {};
     }
     std::string problem;
-    if (words.size() != 2 || !front.controller.addFault(words[1], problem))
-        return bad(problem.empty() ? "fault wants a rule or \"clear\"" : problem);
+    if (words.size() != 2 || !front.controller.addFault(words[1], problem)) {
+        return Bad(problem.empty() ? "fault wants a rule or \"clear\"" : problem);
+    }
     return {};
 }
 
-Answer mask(Front& front, const Words& words) {
-    const auto axes = words.size() == 2 ? parseMask(words[1]) : std::nullopt;
-    if (!axes)
-        return bad("mask wants a hexadecimal number from 0 to F");
+Answer Mask(Front& front, const Words& words) {
+    const auto axes = words.size() == 2 ? ParseMask(words[1]) : std::nullopt;
+    if (!axes) {
+        return Bad("mask wants a hexadecimal number from 0 to F");
+    }
     front.controller.setAxisMask(*axes);
     return {};
 }
 
-Answer stats(Front& front, const Words& words) {
+Answer Stats(Front& front, const Words& words) {
     if (words.size() == 2 && words[1] == "clear") {
         front.controller.clearCounters();
         return {};
     }
     Answer answer;
-    for (const auto& [word, times] : front.controller.counts())
+    for (const auto& [word, times] : front.controller.counts()) {
         answer.lines += word + " " + std::to_string(times) + "\n";
+    }
     return answer;
 }
 
-Answer frames(Front& front, const Words& words) {
-    const auto wanted = words.size() == 2 ? fromDecimal(words[1], 20000) : std::nullopt;
-    if (!wanted)
-        return bad("frames wants a number");
+Answer Frames(Front& front, const Words& words) {
+    const auto wanted = words.size() == 2 ? FromDecimal(words[1], 20000) : std::nullopt;
+    if (!wanted) {
+        return Bad("frames wants a number");
+    }
     const auto& all = front.controller.frames();
     const std::size_t count = std::min(static_cast<std::size_t>(*wanted), all.size());
     Answer answer;
-    for (std::size_t i = all.size() - count; i < all.size(); ++i)
+    for (std::size_t i = all.size() - count; i < all.size(); ++i) {
         answer.lines += std::to_string(all[i].at) + " " + all[i].frame + "\n";
+    }
     return answer;
 }
 
-Answer state(Front& front, const Words&) {
+Answer State(Front& front, const Words&) {
     const Machine& machine = front.controller.machine();
     Answer answer;
     answer.lines += std::string("power ") + (front.controller.powered() ? "on" : "off") + "\n";
     answer.lines += "alarm " + (machine.alarm ? machine.alarm->text() : "none") + "\n";
     answer.lines += "mode " + std::to_string(machine.mode) + "\n";
-    answer.lines += std::string("motion ") + (moving(machine) ? "running" : "at rest") + "\n";
-    answer.lines += "homed " + toHex(static_cast<int>(machine.homed), 1) + "\n";
+    answer.lines += std::string("motion ") + (Moving(machine) ? "running" : "at rest") + "\n";
+    answer.lines += "homed " + ToHex(static_cast<int>(machine.homed), 1) + "\n";
     answer.lines += "positions";
-    for (int axis = 0; axis < AxisCountMax; ++axis) {
+    for (int axis = 0; axis < kAxisCountMax; ++axis) {
         answer.lines += ' ';
-        answer.lines += std::to_string(front.controller.position(axis, milliseconds()));
+        answer.lines += std::to_string(front.controller.position(axis, Milliseconds()));
     }
-    answer.lines += "\noutputs " + toHex(static_cast<int>(machine.outputs), 6) + "\n";
+    answer.lines += "\noutputs " + ToHex(static_cast<int>(machine.outputs), 6) + "\n";
     return answer;
 }
 
-Answer save(Front& front, const Words&) {
+Answer Save(Front& front, const Words&) {
     std::string problem;
-    return keepMemory(front, problem) ? Answer{} : bad(problem);
+    return KeepMemory(front, problem) ? Answer{} : Bad(problem);
 }
 
-Answer quit(Front& front, const Words&) {
+Answer Quit(Front& front, const Words&) {
     front.ended = true;
     return {};
 }
@@ -170,45 +181,50 @@ struct Control {
     const char* help;
 };
 
-constexpr std::array<Control, 13> Controls{{
-    {"alarm", alarm, "alarm 0 6 [for MS] [announce]; alarm clear"},
-    {"power", power, "power off, power on"},
-    {"hangup", hangUp, "hangup: pull the cable"},
-    {"plug", plugIn, "plug: a fresh terminal, told by \"qd-k8-sim plugged on ...\""},
-    {"input", input, "input HHHHHH: the input lines, as 0RI tells them"},
-    {"homing", homing, "homing fails, homing works"},
-    {"fault", fault, "fault RULE, fault clear"},
-    {"mask", mask, "mask HEX: axes in use"},
-    {"stats", stats, "stats, stats clear: how often each command came"},
-    {"frames", frames, "frames N: the last N frames, with their time in ms"},
-    {"state", state, "state: power, alarm, mode, motion, positions, outputs"},
-    {"save", save, "save: the lasting memory to its file, now"},
-    {"quit", quit, "quit"},
+constexpr std::array<Control, 13> kControls{{
+    {"alarm", OrderAlarm, "alarm 0 6 [for MS] [announce]; alarm clear"},
+    {"power", Power, "power off, power on"},
+    {"hangup", HangUp, "hangup: pull the cable"},
+    {"plug", PlugIn, "plug: a fresh terminal, told by \"qd-k8-sim plugged on ...\""},
+    {"input", Input, "input HHHHHH: the input lines, as 0RI tells them"},
+    {"homing", Homing, "homing fails, homing works"},
+    {"fault", OrderFault, "fault RULE, fault clear"},
+    {"mask", Mask, "mask HEX: axes in use"},
+    {"stats", Stats, "stats, stats clear: how often each command came"},
+    {"frames", Frames, "frames N: the last N frames, with their time in ms"},
+    {"state", State, "state: power, alarm, mode, motion, positions, outputs"},
+    {"save", Save, "save: the lasting memory to its file, now"},
+    {"quit", Quit, "quit"},
 }};
 
 } // namespace
 
-std::string obeyControl(Front& front, const std::string& line) {
+std::string ObeyControl(Front& front, const std::string& line) {
     std::istringstream stream(line);
     Words words;
-    for (std::string word; stream >> word;)
+    for (std::string word; stream >> word;) {
         words.push_back(word);
-    if (words.empty())
+    }
+    if (words.empty()) {
         return "";
-    const auto* known = std::find_if(Controls.begin(), Controls.end(),
+    }
+    const auto* known = std::find_if(kControls.begin(), kControls.end(),
                                      [&](const Control& c) { return words[0] == c.word; });
-    if (known == Controls.end())
+    if (known == kControls.end()) {
         return "error: \"" + words[0] + "\" is not a command; see --help\n";
+    }
     const Answer answer = known->routine(front, words);
-    if (!answer.problem.empty())
+    if (!answer.problem.empty()) {
         return "error: " + answer.problem + "\n";
+    }
     return answer.lines + "ok\n";
 }
 
-std::string controlHelp() {
+std::string ControlHelp() {
     std::string help;
-    for (const Control& control : Controls)
+    for (const Control& control : kControls) {
         help += std::string("    ") + control.help + "\n";
+    }
     return help;
 }
 

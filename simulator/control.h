@@ -9,9 +9,9 @@ namespace qdk8 {
 struct Front;
 
 /// Obeys one line and gives the lines to answer with; the last is "ok" or "error: ...".
-std::string obeyControl(Front& front, const std::string& line);
+std::string ObeyControl(Front& front, const std::string& line);
 
 /// The lines of a help text, one for each command.
-std::string controlHelp();
+std::string ControlHelp();
 
 } // namespace qdk8

@@ -34,7 +34,7 @@ struct Received {
 class Controller {
 public:
     /// Powered on, nothing homed, no alarm.
-    explicit Controller(const Memory& memory = startMemory());
+    explicit Controller(const Memory& memory = StartMemory());
 
     // --- the line ---
 
@@ -54,7 +54,7 @@ public:
     void powerOff(Millis now);
     /// Lasting memory, working mode 0, nothing homed, no alarm. Nothing when power is on.
     void powerOn(Millis now);
-    bool powered() const { return powered_; }
+    bool powered() const { return isOn; }
 
     // --- alarms ---
 
@@ -65,7 +65,7 @@ public:
     /// The cause is gone, whatever the class.
     void clearAlarm(Millis now);
     /// The next homings end in the alarm "0%%134".
-    void setHomeSensorFails(bool fails) { machine_.homeSensorFails = fails; }
+    void setHomeSensorFails(bool fails) { body.homeSensorFails = fails; }
 
     // --- what it is ---
 
@@ -84,32 +84,32 @@ public:
     /// The 24 input lines, the first digit of 0RI on top.
     void setInputs(std::uint32_t inputs, Millis now);
     /// Time from a request to its reply, 0 at first.
-    void setTurnaround(Millis time) { turnaround_ = time; }
+    void setTurnaround(Millis time) { turnaround = time; }
     /// Time that a 0WE takes, 100 at first.
-    void setCommitTime(Millis time) { commitTime_ = time; }
+    void setCommitTime(Millis time) { commitTime = time; }
 
     /// Called within each 0WE; false: what was to be committed is not, and the alarm "0%%10E" is
     /// up.
-    void setKeeper(std::function<bool()> keep) { machine_.keep = std::move(keep); }
+    void setKeeper(std::function<bool()> keep) { body.keep = std::move(keep); }
 
     // --- faults ---
 
     /// Of several rules that fit a frame the one made first counts.
-    void addFault(const FaultRule& rule) { faults_.push_back(rule); }
+    void addFault(const FaultRule& rule) { rules.push_back(rule); }
     /// The same from its text; false with a line in `problem` when it cannot be read.
     bool addFault(std::string_view rule, std::string& problem);
-    void clearFaults() { faults_.clear(); }
+    void clearFaults() { rules.clear(); }
 
     // --- looking on ---
 
-    const Machine& machine() const { return machine_; }
+    const Machine& machine() const { return body; }
     /// Pulses of an axis, 0 to 3.
     int position(int axis, Millis now) const;
     /// Frames in order, the last 20000.
-    const std::deque<Received>& frames() const { return frames_; }
+    const std::deque<Received>& frames() const { return heard; }
     /// How often frames came that begin with these three characters.
     int count(const std::string& word) const;
-    const std::map<std::string, int>& counts() const { return counts_; }
+    const std::map<std::string, int>& counts() const { return heardOf; }
     void clearCounters();
 
 private:
@@ -124,17 +124,17 @@ private:
         std::optional<Fault> fault;
     };
 
-    Machine machine_;
-    bool powered_ = true;
-    std::string line_;
-    std::vector<Outgoing> pending_;
-    std::optional<GroupReply> groupReply_;
-    std::string previousReply_;
-    std::vector<FaultRule> faults_;
-    std::deque<Received> frames_;
-    std::map<std::string, int> counts_;
-    Millis turnaround_ = 0;
-    Millis commitTime_ = 100;
+    Machine body;
+    bool isOn = true;
+    std::string line;
+    std::vector<Outgoing> pending;
+    std::optional<GroupReply> groupReply;
+    std::string previousReply;
+    std::vector<FaultRule> rules;
+    std::deque<Received> heard;
+    std::map<std::string, int> heardOf;
+    Millis turnaround = 0;
+    Millis commitTime = 100;
 };
 
 } // namespace qdk8

@@ -19,25 +19,25 @@
 namespace qdk8 {
 
 enum class FaultKind {
-    silence,     ///< the command is obeyed, the reply is lost
-    deaf,        ///< the request is lost: not obeyed, no reply
-    late,        ///< the reply comes `number` ms late, and holds up those behind it
-    part,        ///< the first `number` characters, then silence
-    bytes,       ///< one character at a time, `number` ms apart
-    noiseBefore, ///< `text` in front of the reply
-    noiseInside, ///< `text` in the middle of the reply
-    echo,        ///< `text` in place of the echoed word
-    tooLong,     ///< one character too many before the terminator
-    tooShort,    ///< one character too few
-    twice,       ///< the reply two times in one burst
-    error,       ///< `text` as an error reply; the command is not obeyed
-    reply,       ///< `text` as the reply; the command is obeyed
-    previous,    ///< the reply to the request before; the command is obeyed
-    hangUp,      ///< the first `number` characters of the reply, then the cable is pulled
+    Silence,     ///< the command is obeyed, the reply is lost
+    Deaf,        ///< the request is lost: not obeyed, no reply
+    Late,        ///< the reply comes `number` ms late, and holds up those behind it
+    Part,        ///< the first `number` characters, then silence
+    Bytes,       ///< one character at a time, `number` ms apart
+    NoiseBefore, ///< `text` in front of the reply
+    NoiseInside, ///< `text` in the middle of the reply
+    Echo,        ///< `text` in place of the echoed word
+    TooLong,     ///< one character too many before the terminator
+    TooShort,    ///< one character too few
+    Twice,       ///< the reply two times in one burst
+    Error,       ///< `text` as an error reply; the command is not obeyed
+    Reply,       ///< `text` as the reply; the command is obeyed
+    Previous,    ///< the reply to the request before; the command is obeyed
+    HangUp,      ///< the first `number` characters of the reply, then the cable is pulled
 };
 
 struct Fault {
-    FaultKind kind = FaultKind::silence;
+    FaultKind kind = FaultKind::Silence;
     Millis number = 0;
     std::string text;
 };
@@ -51,17 +51,17 @@ struct FaultRule {
 };
 
 /// Reads a rule. On failure gives false, leaves `rule` as it was and tells in one line why.
-bool parseFaultRule(std::string_view text, FaultRule& rule, std::string& problem);
+bool ParseFaultRule(std::string_view text, FaultRule& rule, std::string& problem);
 
 /// The lines of a help text, one for each fault.
-std::string faultHelp();
+std::string FaultHelp();
 
 /// True when the command is not obeyed under this fault.
-bool keepsFromActing(const Fault& fault);
+bool KeepsFromActing(const Fault& fault);
 
 /// What goes out in place of `reply` (terminator included) at `at`; `previous` is the reply to the
 /// request before, empty if there was none.
-std::vector<Outgoing> spoil(const Fault& fault, const std::string& reply,
+std::vector<Outgoing> Spoil(const Fault& fault, const std::string& reply,
                             const std::string& previous, Millis at);
 
 } // namespace qdk8

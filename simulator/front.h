@@ -40,25 +40,25 @@ struct Front {
 };
 
 /// Microseconds since the first call, on a clock that is never set.
-double microseconds();
-Millis milliseconds();
+double Microseconds();
+Millis Milliseconds();
 
 /// Makes the controller from its options and memory file, and the terminal. On failure gives false
 /// with one line in `problem`.
-bool setUp(Front& front, std::string& problem);
+bool SetUp(Front& front, std::string& problem);
 
 /// Serves the line until the end is asked for; takes the link away and saves the memory.
 /// Gives the exit status.
-int serve(Front& front);
+int Serve(Front& front);
 
 /// The line that tells where the controller can be reached, to standard output.
-void tellPlace(const Front& front, const char* event);
+void TellPlace(const Front& front, const char* event);
 
 /// Pulls the cable. `plug` of the terminal puts it back.
-void pullCable(Front& front);
+void PullCable(Front& front);
 
 /// Writes the lasting memory to its file if there is one and it changed. On failure gives false
 /// with one line in `problem`.
-bool keepMemory(Front& front, std::string& problem);
+bool KeepMemory(Front& front, std::string& problem);
 
 } // namespace qdk8

@@ -15,12 +15,12 @@
 namespace qdk8 {
 
 /// Inputs and outputs are words of 24 bits, the first of the six digits on the line on top.
-constexpr std::uint32_t OutputAlarm = 0x400000;
-constexpr std::uint32_t OutputReady = 0x200000;
-constexpr std::uint32_t OutputInPosition = 0x100000;
-constexpr std::uint32_t LineOne = 0x010000;            ///< EXP 1, the inputs and outputs of macros
-constexpr std::uint32_t OutputPositionMask = 0x00FFF0; ///< the number reached, decimal digits
-constexpr std::uint32_t OutputArrivalMask = 0x000003;  ///< OUT1, OUT2
+constexpr std::uint32_t kOutputAlarm = 0x400000;
+constexpr std::uint32_t kOutputReady = 0x200000;
+constexpr std::uint32_t kOutputInPosition = 0x100000;
+constexpr std::uint32_t kLineOne = 0x010000;            ///< EXP 1, the inputs and outputs of macros
+constexpr std::uint32_t kOutputPositionMask = 0x00FFF0; ///< the number reached, decimal digits
+constexpr std::uint32_t kOutputArrivalMask = 0x000003;  ///< OUT1, OUT2
 
 /// An axis on its way, at an even pace; standing when `from` equals `to`.
 struct Track {
@@ -32,20 +32,20 @@ struct Track {
 
 /// One thing the machine does; a plan is a row of them.
 struct Step {
-    enum class Kind { home, go, macro };
-    Kind kind = Kind::go;
-    unsigned mask = 0;                          ///< axes that take part
-    std::array<double, AxisCountMax> targets{}; ///< pulses
-    std::array<double, AxisCountMax> speeds{};  ///< pulses a second
-    std::array<Millis, AxisCountMax> ramps{};   ///< time to get under way and to stop
-    bool together = false;                      ///< interpolated: all axes arrive at once
-    bool toPosition = false;                    ///< a row of the table: OUT and number are shown
-    int number = 0;                             ///< of the position, or of the macro
+    enum class Kind { Home, Go, Macro };
+    Kind kind = Kind::Go;
+    unsigned mask = 0;                           ///< axes that take part
+    std::array<double, kAxisCountMax> targets{}; ///< pulses
+    std::array<double, kAxisCountMax> speeds{};  ///< pulses a second
+    std::array<Millis, kAxisCountMax> ramps{};   ///< time to get under way and to stop
+    bool together = false;                       ///< interpolated: all axes arrive at once
+    bool toPosition = false;                     ///< a row of the table: OUT and number are shown
+    int number = 0;                              ///< of the position, or of the macro
     int out = 0;
 };
 
 struct Machine {
-    Memory working = startMemory(); ///< what the controller goes by
+    Memory working = StartMemory(); ///< what the controller goes by
     Memory lasting = working;       ///< what is still there after a power cycle
     unsigned lastingChanges = 0;    ///< goes up with each change of `lasting`
     unsigned commits = 0;           ///< goes up with each 0WE
@@ -55,7 +55,7 @@ struct Machine {
     int axes = 4; ///< axes the controller has at all
     std::string identity =
         "140A40"; ///< reply to 0RV: version (3), one character, axes, one character
-    std::array<std::string, AxisCountMax> boards{"121K8R", "121K8R", "121K8R", "121K8R"};
+    std::array<std::string, kAxisCountMax> boards{"121K8R", "121K8R", "121K8R", "121K8R"};
 
     int mode = 0; ///< working mode set last, 0 to 2
     std::optional<Alarm> alarm;
@@ -63,9 +63,9 @@ struct Machine {
     bool homeSensorFails = false;    ///< a homing ends in the alarm "0%%134"
 
     std::uint32_t inputs = 0;
-    std::uint32_t outputs = OutputReady | OutputInPosition;
+    std::uint32_t outputs = kOutputReady | kOutputInPosition;
 
-    std::array<Track, AxisCountMax> tracks{};
+    std::array<Track, kAxisCountMax> tracks{};
     unsigned homed = 0; ///< axis mask
     std::deque<Step> plan;
     std::optional<Millis> stepEnds; ///< none while a macro waits for an input without limit

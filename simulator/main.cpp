@@ -7,23 +7,23 @@
 
 int main(int count, char** texts) {
     try {
-        qdk8::microseconds(); // the clock starts here
+        qdk8::Microseconds(); // the clock starts here
         qdk8::Front front;
         std::string problem;
-        if (!qdk8::parseOptions(std::vector<std::string>(texts + 1, texts + count), front.options,
+        if (!qdk8::ParseOptions(std::vector<std::string>(texts + 1, texts + count), front.options,
                                 problem)) {
             std::fprintf(stderr, "qd-k8-sim: %s\n", problem.c_str());
             return 2;
         }
         if (front.options.help) {
-            std::fputs(qdk8::helpText().c_str(), stdout);
+            std::fputs(qdk8::HelpText().c_str(), stdout);
             return 0;
         }
-        if (!qdk8::setUp(front, problem)) {
+        if (!qdk8::SetUp(front, problem)) {
             std::fprintf(stderr, "qd-k8-sim: %s\n", problem.c_str());
             return 1;
         }
-        return qdk8::serve(front);
+        return qdk8::Serve(front);
     } catch (const std::exception& fault) {
         std::fprintf(stderr, "qd-k8-sim: %s\n", fault.what());
         return 1;

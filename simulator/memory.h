@@ -27,34 +27,34 @@ struct Memory {
 
 /// The machine as it comes out of the crate: four axes in use (a 300 mm 61H, a 100 mm 44L, a 100 mm
 /// J52L, a 200 mm 61F), varied and always the same data in all 999 rows, 99 groups, 20 macros.
-Memory startMemory();
+Memory StartMemory();
 
 /// The same machine with rows at 30, 3, 0, 0 (acceleration 2 on a 61F), groups 1 to 1 and macros
 /// that were never written.
-Memory blankMemory();
+Memory BlankMemory();
 
 /// A parameter of `width` bytes, most significant first, at `byte` of `block`.
-int item(const Memory& memory, int block, int byte, int width = 1);
-void setItem(Memory& memory, int block, int byte, int width, int value);
+int Item(const Memory& memory, int block, int byte, int width = 1);
+void SetItem(Memory& memory, int block, int byte, int width, int value);
 
 // Parameters that the machine itself goes by. Axes count from 0.
-unsigned axisMask(const Memory& memory); ///< bit 0 AXIS 1 to bit 3 AXIS 4, set: in use
-void setAxisMask(Memory& memory, unsigned mask);
-int strokeEnd(const Memory& memory, int axis);       ///< pulses
-double pulsesPerMm(const Memory& memory, int axis);  ///< 1 when the lead stands at 0
-bool softLimit(const Memory& memory, int axis);      ///< a move past the stroke end is an alarm
-bool isSpecialModel(const Memory& memory, int axis); ///< the 61F
-int homingOrder(const Memory& memory, int axis);     ///< axes of equal order home together
-int axisBlock(int axis);                             ///< the block of the axis' homing items
-int deviceBlock(int axis);                           ///< the block of the axis' device items
+unsigned AxisMask(const Memory& memory); ///< bit 0 AXIS 1 to bit 3 AXIS 4, set: in use
+void SetAxisMask(Memory& memory, unsigned mask);
+int StrokeEnd(const Memory& memory, int axis);       ///< pulses
+double PulsesPerMm(const Memory& memory, int axis);  ///< 1 when the lead stands at 0
+bool SoftLimit(const Memory& memory, int axis);      ///< a move past the stroke end is an alarm
+bool IsSpecialModel(const Memory& memory, int axis); ///< the 61F
+int HomingOrder(const Memory& memory, int axis);     ///< axes of equal order home together
+int AxisBlock(int axis);                             ///< the block of the axis' homing items
+int DeviceBlock(int axis);                           ///< the block of the axis' device items
 
 /// A position row of 40 digits whose values a move can be made with.
-bool rowUsable(std::string_view row);
+bool RowUsable(std::string_view row);
 /// Six digits, both numbers from 1 to 999.
-bool groupUsable(std::string_view group);
+bool GroupUsable(std::string_view group);
 /// 32 digits, every step a command the controller knows (or F, never written) with its data.
-bool macroUsable(std::string_view macro);
+bool MacroUsable(std::string_view macro);
 /// 32 digits that block number `block` of a controller with `axes` axes can hold.
-bool blockUsable(int block, std::string_view digits, int axes = AxisCountMax);
+bool BlockUsable(int block, std::string_view digits, int axes = kAxisCountMax);
 
 } // namespace qdk8

@@ -11,24 +11,24 @@
 #include <vector>
 
 namespace qdk8 {
-
 namespace {
 
-constexpr const char* Head = "QD-K8 memory 1";
+constexpr const char* kHead = "QD-K8 memory 1";
 
-std::string crc32(std::string_view text) {
+std::string Crc32(std::string_view text) {
     std::uint32_t crc = 0xFFFFFFFFU;
     for (const char c : text) {
         crc ^= static_cast<unsigned char>(c);
-        for (int bit = 0; bit < 8; ++bit)
+        for (int bit = 0; bit < 8; ++bit) {
             crc = (crc & 1U) != 0 ? (crc >> 1U) ^ 0xEDB88320U : crc >> 1U;
+        }
     }
     crc = ~crc;
-    return toHex(static_cast<int>(crc >> 16U), 4) + toHex(static_cast<int>(crc & 0xFFFFU), 4);
+    return ToHex(static_cast<int>(crc >> 16U), 4) + ToHex(static_cast<int>(crc & 0xFFFFU), 4);
 }
 
-// One kind of line: its word, the width of its number and how its digits are spaced out for the
-// eye.
+/// One kind of line: its word, the width of its number and how its digits are spaced out for the
+/// eye.
 struct Kind {
     const char* word;
     int numberWidth;
@@ -36,15 +36,15 @@ struct Kind {
     std::vector<std::size_t> columns;
 };
 
-const Kind Blocks{"block", 1, 0, {32}};
-const Kind Positions{"position", 3, 1, {9, 9, 9, 9, 4}};
-const Kind Groups{"group", 2, 1, {3, 3}};
-const Kind Macros{"macro", 2, 1, {32}};
+const Kind kBlocks{"block", 1, 0, {32}};
+const Kind kPositions{"position", 3, 1, {9, 9, 9, 9, 4}};
+const Kind kGroups{"group", 2, 1, {3, 3}};
+const Kind kMacros{"macro", 2, 1, {32}};
 
-template<typename Rows> void writeRows(std::string& text, const Kind& kind, const Rows& rows) {
+template<typename Rows> void WriteRows(std::string& text, const Kind& kind, const Rows& rows) {
     int number = kind.firstNumber;
     for (const std::string& row : rows) {
-        text += std::string(kind.word) + " " + toHex(number++, kind.numberWidth);
+        text += std::string(kind.word) + " " + ToHex(number++, kind.numberWidth);
         std::size_t at = 0;
         for (const std::size_t width : kind.columns) {
             text += ' ';
@@ -55,7 +55,7 @@ template<typename Rows> void writeRows(std::string& text, const Kind& kind, cons
     }
 }
 
-// The lines of the file, comments left out, each with its number for a message.
+/// The lines of the file, comments left out, each with its number for a message.
 struct Lines {
     std::istringstream stream;
     int number = 0;
@@ -69,18 +69,19 @@ struct Lines {
     bool next(std::string& line) {
         while (std::getline(stream, line)) {
             ++number;
-            if (line.empty() || line.front() != '#')
+            if (line.empty() || line.front() != '#') {
                 return true;
+            }
         }
         return false;
     }
 };
 
 template<typename Rows>
-bool readRows(Lines& lines, const Kind& kind, Rows& rows, std::string& problem) {
+bool ReadRows(Lines& lines, const Kind& kind, Rows& rows, std::string& problem) {
     int number = kind.firstNumber;
     for (std::string& row : rows) {
-        const std::string wanted = std::string(kind.word) + " " + toHex(number, kind.numberWidth);
+        const std::string wanted = std::string(kind.word) + " " + ToHex(number, kind.numberWidth);
         std::string line;
         if (!lines.next(line) || line.substr(0, wanted.size()) != wanted) {
             problem = lines.place() + "\"" + wanted + "\" expected";
@@ -90,7 +91,7 @@ bool readRows(Lines& lines, const Kind& kind, Rows& rows, std::string& problem) 
         std::size_t at = wanted.size();
         for (const std::size_t width : kind.columns) {
             const std::string digits = at < line.size() ? line.substr(at + 1, width) : "";
-            if (line.substr(at, 1) != " " || digits.size() != width || !isHex(digits)) {
+            if (line.substr(at, 1) != " " || digits.size() != width || !IsHex(digits)) {
                 problem = lines.place() + "digits missing or wrong";
                 return false;
             }
@@ -106,18 +107,20 @@ bool readRows(Lines& lines, const Kind& kind, Rows& rows, std::string& problem) 
     return true;
 }
 
-std::string systemProblem(const std::string& what) {
+std::string SystemProblem(const std::string& what) {
     return what + ": " + std::strerror(errno);
 }
 
-bool writeAll(int file, const std::string& text) {
+bool WriteAll(int file, const std::string& text) {
     std::size_t done = 0;
     while (done < text.size()) {
         const ssize_t n = ::write(file, text.data() + done, text.size() - done);
-        if (n < 0 && errno == EINTR)
+        if (n < 0 && errno == EINTR) {
             continue;
-        if (n <= 0)
+        }
+        if (n <= 0) {
             return false;
+        }
         done += static_cast<std::size_t>(n);
     }
     return ::fsync(file) == 0;
@@ -125,22 +128,22 @@ bool writeAll(int file, const std::string& text) {
 
 } // namespace
 
-std::string memoryText(const Memory& memory) {
-    std::string text = std::string(Head) + "\n";
+std::string MemoryText(const Memory& memory) {
+    std::string text = std::string(kHead) + "\n";
     text += "# Parameter blocks: number, 16 bytes.\n";
-    writeRows(text, Blocks, memory.blocks);
+    WriteRows(text, kBlocks, memory.blocks);
     text += "# Positions: number; per axis VEL (2), ACC, WAY, pulses (5); ITPL, OUT, S/M (2).\n";
-    writeRows(text, Positions, memory.positions);
+    WriteRows(text, kPositions, memory.positions);
     text += "# Groups: number, first and last position.\n";
-    writeRows(text, Groups, memory.groups);
+    WriteRows(text, kGroups, memory.groups);
     text += "# Macros: number, 16 steps of command and data.\n";
-    writeRows(text, Macros, memory.macros);
-    return text + "check " + crc32(text) + "\n";
+    WriteRows(text, kMacros, memory.macros);
+    return text + "check " + Crc32(text) + "\n";
 }
 
-bool memoryFromText(const std::string& text, Memory& memory, std::string& problem) {
-    if (text.substr(0, std::strlen(Head) + 1) != std::string(Head) + "\n") {
-        problem = std::string("the head line \"") + Head + "\" is missing";
+bool MemoryFromText(const std::string& text, Memory& memory, std::string& problem) {
+    if (text.substr(0, std::strlen(kHead) + 1) != std::string(kHead) + "\n") {
+        problem = std::string("the head line \"") + kHead + "\" is missing";
         return false;
     }
     const std::size_t check = text.rfind("check ");
@@ -149,7 +152,7 @@ bool memoryFromText(const std::string& text, Memory& memory, std::string& proble
         problem = "the check line at the end is missing: the file was cut";
         return false;
     }
-    if (text.substr(check + 6, 8) != crc32(text.substr(0, check))) {
+    if (text.substr(check + 6, 8) != Crc32(text.substr(0, check))) {
         problem = "the check does not fit: the file was altered or damaged";
         return false;
     }
@@ -157,11 +160,12 @@ bool memoryFromText(const std::string& text, Memory& memory, std::string& proble
     std::string line;
     lines.next(line); // the head
     Memory fresh;
-    if (!readRows(lines, Blocks, fresh.blocks, problem) ||
-        !readRows(lines, Positions, fresh.positions, problem) ||
-        !readRows(lines, Groups, fresh.groups, problem) ||
-        !readRows(lines, Macros, fresh.macros, problem))
+    if (!ReadRows(lines, kBlocks, fresh.blocks, problem) ||
+        !ReadRows(lines, kPositions, fresh.positions, problem) ||
+        !ReadRows(lines, kGroups, fresh.groups, problem) ||
+        !ReadRows(lines, kMacros, fresh.macros, problem)) {
         return false;
+    }
     if (lines.next(line)) {
         problem = lines.place() + "nothing more expected";
         return false;
@@ -170,39 +174,40 @@ bool memoryFromText(const std::string& text, Memory& memory, std::string& proble
     return true;
 }
 
-FileState loadMemory(const std::string& path, Memory& memory, std::string& problem) {
+FileState LoadMemory(const std::string& path, Memory& memory, std::string& problem) {
     struct stat status {};
     if (::stat(path.c_str(), &status) != 0) {
-        if (errno == ENOENT)
-            return FileState::missing;
-        problem = systemProblem("cannot be read");
-        return FileState::broken;
+        if (errno == ENOENT) {
+            return FileState::Missing;
+        }
+        problem = SystemProblem("cannot be read");
+        return FileState::Broken;
     }
     if (!S_ISREG(status.st_mode)) {
         problem = "is not a plain file";
-        return FileState::broken;
+        return FileState::Broken;
     }
     std::ifstream file(path, std::ios::binary);
     std::ostringstream content;
     content << file.rdbuf();
     if (!file || !content) {
         problem = "cannot be read";
-        return FileState::broken;
+        return FileState::Broken;
     }
-    return memoryFromText(content.str(), memory, problem) ? FileState::read : FileState::broken;
+    return MemoryFromText(content.str(), memory, problem) ? FileState::Read : FileState::Broken;
 }
 
-bool saveMemory(const std::string& path, const Memory& memory, std::string& problem) {
+bool SaveMemory(const std::string& path, const Memory& memory, std::string& problem) {
     const std::string neighbour = path + ".new";
     const int file = ::open(neighbour.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
     if (file < 0) {
-        problem = systemProblem("cannot be written");
+        problem = SystemProblem("cannot be written");
         return false;
     }
-    bool good = writeAll(file, memoryText(memory));
+    bool good = WriteAll(file, MemoryText(memory));
     good = ::close(file) == 0 && good;
     if (!good || std::rename(neighbour.c_str(), path.c_str()) != 0) {
-        problem = systemProblem("cannot be written");
+        problem = SystemProblem("cannot be written");
         ::unlink(neighbour.c_str());
         return false;
     }

@@ -19,20 +19,20 @@
 
 namespace qdk8 {
 
-std::string memoryText(const Memory& memory);
+std::string MemoryText(const Memory& memory);
 
 /// Takes a memory text in whole or not at all. On failure gives false, leaves `memory` as it was
 /// and says in one line in `problem` what is wrong.
-bool memoryFromText(const std::string& text, Memory& memory, std::string& problem);
+bool MemoryFromText(const std::string& text, Memory& memory, std::string& problem);
 
-enum class FileState { read, missing, broken };
+enum class FileState { Read, Missing, Broken };
 
 /// Reads `path`. `missing`: no such file, `memory` is as it was. `broken`: the same, and `problem`
 /// tells in one line what is wrong.
-FileState loadMemory(const std::string& path, Memory& memory, std::string& problem);
+FileState LoadMemory(const std::string& path, Memory& memory, std::string& problem);
 
 /// Writes `path` whole or not at all: a neighbour file is written, forced to the disk and renamed.
 /// On failure gives false with one line in `problem`; an older file is as it was.
-bool saveMemory(const std::string& path, const Memory& memory, std::string& problem);
+bool SaveMemory(const std::string& path, const Memory& memory, std::string& problem);
 
 } // namespace qdk8

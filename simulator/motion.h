@@ -9,50 +9,50 @@
 namespace qdk8 {
 
 /// Lets everything happen that was due up to `now`. To be called before anything else at a moment.
-void advance(Machine& machine, Millis now);
+void Advance(Machine& machine, Millis now);
 
 /// When something will happen next by itself.
-std::optional<Millis> nextEvent(const Machine& machine);
+std::optional<Millis> NextEvent(const Machine& machine);
 
-bool moving(const Machine& machine);
+bool Moving(const Machine& machine);
 
 /// Pulses of an axis (0 to 3) at `now`.
-int presentPosition(const Machine& machine, int axis, Millis now);
+int PresentPosition(const Machine& machine, int axis, Millis now);
 
 /// Axis masks.
-unsigned axesThere(const Machine& machine);
-unsigned axesInUse(const Machine& machine);
+unsigned AxesThere(const Machine& machine);
+unsigned AxesInUse(const Machine& machine);
 
 // Each of these begins a plan; the machine must stand still. A refusal is the alarm text to answer
 // with; it changes nothing, but for a move past a soft limit a bad row or a bad group, whose alarm
 // stands.
 using Refusal = std::optional<Alarm>;
 
-Refusal beginHoming(Machine& machine, unsigned mask, Millis now);
-Refusal beginMove(Machine& machine, int position, unsigned mask, bool withMacro, Millis now);
-Refusal beginGroup(Machine& machine, int group, Millis now);
+Refusal BeginHoming(Machine& machine, unsigned mask, Millis now);
+Refusal BeginMove(Machine& machine, int position, unsigned mask, bool withMacro, Millis now);
+Refusal BeginGroup(Machine& machine, int group, Millis now);
 /// `directions`: per axis 0 none, 1 to the stroke end, 2 to the home end; `share` of the JOG speed.
-Refusal beginJog(Machine& machine, const std::array<int, AxisCountMax>& directions, double share,
+Refusal BeginJog(Machine& machine, const std::array<int, kAxisCountMax>& directions, double share,
                  Millis now);
 /// One move to given targets; `step` carries mask, targets, speeds and ramps.
-Refusal beginInching(Machine& machine, const Step& step, Millis now);
+Refusal BeginInching(Machine& machine, const Step& step, Millis now);
 
 /// Pulses a second of a speed setting (1 to 60).
-double speedOf(const Machine& machine, int axis, int setting);
+double SpeedOf(const Machine& machine, int axis, int setting);
 /// Time lost to an acceleration setting (1 to 3).
-Millis rampOf(int setting);
+Millis RampOf(int setting);
 
 /// All axes stand where they are, the rest of the plan is dropped.
-void stopMotion(Machine& machine, Millis now);
+void StopMotion(Machine& machine, Millis now);
 
 /// Puts an alarm up: motion stops, the outputs show it. It replaces one
 /// that stood, unless that one was not resettable.
-void raise(Machine& machine, Alarm alarm, Millis now, std::optional<Millis> goesOutAfter = {});
-void clearAlarm(Machine& machine);
+void Raise(Machine& machine, Alarm alarm, Millis now, std::optional<Millis> goesOutAfter = {});
+void ClearAlarm(Machine& machine);
 
-void setInputs(Machine& machine, std::uint32_t inputs, Millis now);
+void SetInputs(Machine& machine, std::uint32_t inputs, Millis now);
 
 /// The state after power came on: lasting memory, nothing homed, no alarm.
-void restart(Machine& machine, Millis now);
+void Restart(Machine& machine, Millis now);
 
 } // namespace qdk8

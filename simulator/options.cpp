@@ -6,135 +6,145 @@
 #include <functional>
 
 namespace qdk8 {
-
 namespace {
 
-constexpr Millis LongestWait = 3'600'000;
+constexpr Millis kLongestWait = 3'600'000;
 
-// One option that takes a value: gives false and a word on what it wants if the value is bad.
+/// One option that takes a value: gives false and a word on what it wants if the value is bad.
 struct Valued {
     const char* name;
     const char* wants;
     bool (*take)(const std::string& value, Options& options);
 };
 
-bool takeText(const std::string& value, std::string& text) {
+bool TakeText(const std::string& value, std::string& text) {
     text = value;
     return !value.empty();
 }
 
-bool takeSix(const std::string& value, std::string& text) {
+bool TakeSix(const std::string& value, std::string& text) {
     text = value;
     return value.size() == 6;
 }
 
-bool takeAxes(const std::string& value, Options& options) {
-    const auto axes = fromDecimal(value, AxisCountMax);
-    if (!axes || *axes < 1)
+bool TakeAxes(const std::string& value, Options& options) {
+    const auto axes = FromDecimal(value, kAxisCountMax);
+    if (!axes || *axes < 1) {
         return false;
+    }
     options.axes = static_cast<int>(*axes);
     return true;
 }
 
-bool takeAlarm(const std::string& value, Options& options) {
+bool TakeAlarm(const std::string& value, Options& options) {
     const std::size_t colon = value.find(':');
-    const auto alarm = parseAlarm(std::string_view(value).substr(0, colon));
-    if (!alarm)
+    const auto alarm = ParseAlarm(std::string_view(value).substr(0, colon));
+    if (!alarm) {
         return false;
+    }
     options.alarm = AlarmOrder{*alarm, {}};
-    if (colon == std::string::npos)
+    if (colon == std::string::npos) {
         return true;
+    }
     options.alarm->goesOutAfter =
-        fromDecimal(std::string_view(value).substr(colon + 1), LongestWait);
+        FromDecimal(std::string_view(value).substr(colon + 1), kLongestWait);
     return options.alarm->goesOutAfter.has_value() && alarm->resettable();
 }
 
-const std::vector<Valued>& valuedOptions() {
+const std::vector<Valued>& ValuedOptions() {
     static const std::vector<Valued> all{
         {"--link", "the name of a link",
-         [](const std::string& v, Options& o) { return takeText(v, o.link); }},
+         [](const std::string& v, Options& o) { return TakeText(v, o.link); }},
         {"--memory", "the name of a file",
-         [](const std::string& v, Options& o) { return takeText(v, o.memoryFile); }},
-        {"--axes", "a number from 1 to 4", takeAxes},
+         [](const std::string& v, Options& o) { return TakeText(v, o.memoryFile); }},
+        {"--axes", "a number from 1 to 4", TakeAxes},
         {"--mask", "a hexadecimal number from 0 to F",
          [](const std::string& v, Options& o) {
-             o.mask = parseMask(v);
+             o.mask = ParseMask(v);
              return o.mask.has_value();
          }},
         {"--identity", "six characters",
-         [](const std::string& v, Options& o) { return takeSix(v, o.identity); }},
+         [](const std::string& v, Options& o) { return TakeSix(v, o.identity); }},
         {"--board", "six characters",
-         [](const std::string& v, Options& o) { return takeSix(v, o.board); }},
-        {"--alarm", "class and code or an error reply, and :MS only for class 0", takeAlarm},
+         [](const std::string& v, Options& o) { return TakeSix(v, o.board); }},
+        {"--alarm", "class and code or an error reply, and :MS only for class 0", TakeAlarm},
         {"--turnaround", "a time in ms",
          [](const std::string& v, Options& o) {
-             o.turnaround = fromDecimal(v, LongestWait);
+             o.turnaround = FromDecimal(v, kLongestWait);
              return o.turnaround.has_value();
          }},
     };
     return all;
 }
 
-bool* flagOf(const std::string& name, Options& options) {
-    if (name == "--help" || name == "-h")
+bool* FlagOf(const std::string& name, Options& options) {
+    if (name == "--help" || name == "-h") {
         return &options.help;
-    if (name == "--unpaced")
+    }
+    if (name == "--unpaced") {
         return &options.unpaced;
-    if (name == "--control")
+    }
+    if (name == "--control") {
         return &options.control;
-    if (name == "--trace")
+    }
+    if (name == "--trace") {
         return &options.trace;
-    if (name == "--blank")
+    }
+    if (name == "--blank") {
         return &options.blank;
-    if (name == "--homing-fails")
+    }
+    if (name == "--homing-fails") {
         return &options.homingFails;
+    }
     return nullptr;
 }
 
-bool takeValue(const std::string& name, const std::string& value, Options& options,
+bool TakeValue(const std::string& name, const std::string& value, Options& options,
                std::string& problem) {
     if (name == "--fault") {
         FaultRule rule;
-        if (!parseFaultRule(value, rule, problem)) {
+        if (!ParseFaultRule(value, rule, problem)) {
             problem = "--fault " + value + ": " + problem;
             return false;
         }
         options.faults.push_back(rule);
         return true;
     }
-    const std::vector<Valued>& all = valuedOptions();
+    const std::vector<Valued>& all = ValuedOptions();
     const auto known =
         std::find_if(all.begin(), all.end(), [&](const Valued& v) { return name == v.name; });
-    if (known->take(value, options))
+    if (known->take(value, options)) {
         return true;
+    }
     problem = name + " " + value + ": " + known->wants + " is wanted";
     return false;
 }
 
-bool isValued(const std::string& name) {
-    const std::vector<Valued>& all = valuedOptions();
+bool IsValued(const std::string& name) {
+    const std::vector<Valued>& all = ValuedOptions();
     return name == "--fault" ||
            std::any_of(all.begin(), all.end(), [&](const Valued& v) { return name == v.name; });
 }
 
 } // namespace
 
-std::optional<unsigned> parseMask(std::string_view text) {
-    if (text.empty() || text.size() > 2 || !isHex(text) || fromHex(text) > 15)
+std::optional<unsigned> ParseMask(std::string_view text) {
+    if (text.empty() || text.size() > 2 || !IsHex(text) || FromHex(text) > 15) {
         return std::nullopt;
-    return static_cast<unsigned>(fromHex(text));
+    }
+    return static_cast<unsigned>(FromHex(text));
 }
 
-bool parseOptions(const std::vector<std::string>& arguments, Options& options,
+bool ParseOptions(const std::vector<std::string>& arguments, Options& options,
                   std::string& problem) {
     for (std::size_t i = 0; i < arguments.size(); ++i) {
-        if (bool* flag = flagOf(arguments[i], options)) {
+        if (bool* flag = FlagOf(arguments[i], options)) {
             *flag = true;
             continue;
         }
         const std::size_t equal = arguments[i].find('=');
         const std::string name = arguments[i].substr(0, equal);
-        if (!isValued(name)) {
+        if (!IsValued(name)) {
             problem = "\"" + arguments[i] + "\" is no option; see --help";
             return false;
         }
@@ -147,13 +157,14 @@ bool parseOptions(const std::vector<std::string>& arguments, Options& options,
             problem = name + " needs a value; see --help";
             return false;
         }
-        if (!takeValue(name, value, options, problem))
+        if (!TakeValue(name, value, options, problem)) {
             return false;
+        }
     }
     return true;
 }
 
-std::string helpText() {
+std::string HelpText() {
     return R"(qd-k8-sim: a QD-K8 positioning controller on a pseudo-terminal.
 
 usage: qd-k8-sim [OPTION]...
@@ -194,13 +205,13 @@ Faults
     COMMAND           the beginning of the frames meant, or * for every frame
     OCCURRENCE        counted among those frames: 3, 2-5, 4+ or *
     FAULT             one of
-)" + faultHelp() +
+)" + FaultHelp() +
            R"(
 Control
     --control         read commands from standard input, one on a line; each is
                       answered on standard output, the last line being "ok" or
                       "error: ...". The end of the input ends the simulator
-)" + controlHelp() +
+)" + ControlHelp() +
            R"(
 Alarms, by class and code (class 0 can be reset, class 1 takes a power cycle)
     A request is refused with, which puts no alarm up:

@@ -34,13 +34,13 @@ struct Options {
 };
 
 /// Reads the arguments, program name left out. On failure gives false with one line in `problem`.
-bool parseOptions(const std::vector<std::string>& arguments, Options& options,
+bool ParseOptions(const std::vector<std::string>& arguments, Options& options,
                   std::string& problem);
 
 /// An axis mask of one or two hexadecimal digits; no value for anything else or above F.
-std::optional<unsigned> parseMask(std::string_view text);
+std::optional<unsigned> ParseMask(std::string_view text);
 
 /// The whole text of --help.
-std::string helpText();
+std::string HelpText();
 
 } // namespace qdk8

@@ -14,33 +14,37 @@
 #include <unistd.h>
 
 namespace qdk8 {
-
 namespace {
 
-std::string systemProblem(const std::string& what) {
+std::string SystemProblem(const std::string& what) {
     return what + ": " + std::strerror(errno);
 }
 
-bool makeTerminal(Terminal& terminal) {
+bool MakeTerminal(Terminal& terminal) {
     terminal.master = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK);
-    if (terminal.master < 0 || ::grantpt(terminal.master) != 0 || ::unlockpt(terminal.master) != 0)
+    if (terminal.master < 0 || ::grantpt(terminal.master) != 0 ||
+        ::unlockpt(terminal.master) != 0) {
         return false;
+    }
     std::array<char, 256> name{};
-    if (::ptsname_r(terminal.master, name.data(), name.size()) != 0)
+    if (::ptsname_r(terminal.master, name.data(), name.size()) != 0) {
         return false;
+    }
     terminal.slave = name.data();
     terminal.held = ::open(name.data(), O_RDWR | O_NOCTTY | O_CLOEXEC);
-    if (terminal.held < 0)
+    if (terminal.held < 0) {
         return false;
+    }
     termios settings{};
-    if (::tcgetattr(terminal.held, &settings) != 0)
+    if (::tcgetattr(terminal.held, &settings) != 0) {
         return false;
+    }
     ::cfmakeraw(&settings);
     ::cfsetspeed(&settings, B9600);
     return ::tcsetattr(terminal.held, TCSANOW, &settings) == 0;
 }
 
-bool makeLink(const Terminal& terminal, std::string& problem) {
+bool MakeLink(const Terminal& terminal, std::string& problem) {
     struct stat status {};
     if (::lstat(terminal.link.c_str(), &status) == 0 && !S_ISLNK(status.st_mode)) {
         problem = terminal.link + ": exists and is no symbolic link";
@@ -50,22 +54,23 @@ bool makeLink(const Terminal& terminal, std::string& problem) {
     ::unlink(fresh.c_str());
     if (::symlink(terminal.slave.c_str(), fresh.c_str()) != 0 ||
         std::rename(fresh.c_str(), terminal.link.c_str()) != 0) {
-        problem = systemProblem(terminal.link + ": the link cannot be made");
+        problem = SystemProblem(terminal.link + ": the link cannot be made");
         ::unlink(fresh.c_str());
         return false;
     }
     return true;
 }
 
-void removeLink(const Terminal& terminal) {
+void RemoveLink(const Terminal& terminal) {
     std::array<char, 256> target{};
     const ssize_t length = ::readlink(terminal.link.c_str(), target.data(), target.size());
     if (length > 0 &&
-        terminal.slave == std::string(target.data(), static_cast<std::size_t>(length)))
+        terminal.slave == std::string(target.data(), static_cast<std::size_t>(length))) {
         ::unlink(terminal.link.c_str());
+    }
 }
 
-void watchOpenings(Terminal& terminal) {
+void WatchOpenings(Terminal& terminal) {
     terminal.openers = -1;
     terminal.watch = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
     if (terminal.watch >= 0 &&
@@ -75,39 +80,41 @@ void watchOpenings(Terminal& terminal) {
     }
 }
 
-void shut(int& file) {
-    if (file >= 0)
+void Shut(int& file) {
+    if (file >= 0) {
         ::close(file);
+    }
     file = -1;
 }
 
 } // namespace
 
-bool plug(Terminal& terminal, std::string& problem) {
-    if (!makeTerminal(terminal)) {
-        problem = systemProblem("no pseudo-terminal");
-        unplug(terminal);
+bool Plug(Terminal& terminal, std::string& problem) {
+    if (!MakeTerminal(terminal)) {
+        problem = SystemProblem("no pseudo-terminal");
+        Unplug(terminal);
         return false;
     }
-    if (!terminal.link.empty() && !makeLink(terminal, problem)) {
-        unplug(terminal);
+    if (!terminal.link.empty() && !MakeLink(terminal, problem)) {
+        Unplug(terminal);
         return false;
     }
-    watchOpenings(terminal);
+    WatchOpenings(terminal);
     return true;
 }
 
-void unplug(Terminal& terminal) {
-    if (!terminal.link.empty() && terminal.master >= 0)
-        removeLink(terminal);
-    shut(terminal.watch);
-    shut(terminal.held);
-    shut(terminal.master);
+void Unplug(Terminal& terminal) {
+    if (!terminal.link.empty() && terminal.master >= 0) {
+        RemoveLink(terminal);
+    }
+    Shut(terminal.watch);
+    Shut(terminal.held);
+    Shut(terminal.master);
     terminal.slave.clear();
     terminal.openers = -1;
 }
 
-void noteOpenings(Terminal& terminal) {
+void NoteOpenings(Terminal& terminal) {
     alignas(inotify_event) std::array<char, 4096> buffer{};
     ssize_t length = 0;
     while ((length = ::read(terminal.watch, buffer.data(), buffer.size())) > 0) {

@@ -19,13 +19,13 @@ struct Terminal {
 /// Makes a pseudo-terminal in raw mode and, with `terminal.link` not empty, a symbolic link of that
 /// name to its slave. A link that stands there is replaced; anything else is left alone and makes
 /// this fail. On failure gives false with one line in `problem`, and nothing is left behind.
-bool plug(Terminal& terminal, std::string& problem);
+bool Plug(Terminal& terminal, std::string& problem);
 
 /// Hangs up: whoever has the slave open sees the end of the line. Takes the link away if it still
 /// leads here. Nothing when unplugged.
-void unplug(Terminal& terminal);
+void Unplug(Terminal& terminal);
 
 /// Takes in what `watch` has to tell.
-void noteOpenings(Terminal& terminal);
+void NoteOpenings(Terminal& terminal);
 
 } // namespace qdk8

@@ -4,46 +4,52 @@
 
 namespace qdk8 {
 
-std::optional<Alarm> parseAlarm(std::string_view text) {
+std::optional<Alarm> ParseAlarm(std::string_view text) {
     if (text.size() == 2) {
         const Alarm alarm{text[0], '0', text[1]};
-        return isHex(text) ? std::optional<Alarm>(alarm) : std::nullopt;
+        return IsHex(text) ? std::optional<Alarm>(alarm) : std::nullopt;
     }
-    if (text.size() != 6 || text.substr(0, 3) != "0%%" || !isHex(text.substr(3)))
+    if (text.size() != 6 || text.substr(0, 3) != "0%%" || !IsHex(text.substr(3))) {
         return std::nullopt;
+    }
     return Alarm{text[3], text[4], text[5]};
 }
 
-bool isHex(std::string_view digits) {
+bool IsHex(std::string_view digits) {
     return std::all_of(digits.begin(), digits.end(),
                        [](char c) { return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F'); });
 }
 
-int fromHex(std::string_view digits) {
+int FromHex(std::string_view digits) {
     int value = 0;
-    for (const char c : digits)
+    for (const char c : digits) {
         value = value * 16 + (c <= '9' ? c - '0' : c - 'A' + 10);
+    }
     return value;
 }
 
-std::string toHex(int value, int width) {
+std::string ToHex(int value, int width) {
     std::string text;
-    for (int rest = value; rest > 0; rest /= 16)
+    for (int rest = value; rest > 0; rest /= 16) {
         text.insert(text.begin(), "0123456789ABCDEF"[rest % 16]);
+    }
     const auto wanted = static_cast<std::size_t>(width);
     return text.size() < wanted ? std::string(wanted - text.size(), '0') + text : text;
 }
 
-std::optional<Millis> fromDecimal(std::string_view digits, Millis limit) {
-    if (digits.empty())
+std::optional<Millis> FromDecimal(std::string_view digits, Millis limit) {
+    if (digits.empty()) {
         return std::nullopt;
+    }
     Millis value = 0;
     for (const char c : digits) {
-        if (c < '0' || c > '9')
+        if (c < '0' || c > '9') {
             return std::nullopt;
+        }
         value = value * 10 + (c - '0');
-        if (value > limit)
+        if (value > limit) {
             return std::nullopt;
+        }
     }
     return value;
 }

@@ -14,7 +14,7 @@ namespace qdk8 {
 /// hands one in, which starts where it likes and never runs backwards.
 using Millis = std::int64_t;
 
-constexpr int AxisCountMax = 4;
+constexpr int kAxisCountMax = 4;
 
 /// Something that leaves the controller at a moment: bytes, or the end of the line itself.
 struct Outgoing {
@@ -34,19 +34,19 @@ struct Alarm {
 };
 
 /// Reads "06" (class and code) or the whole reply "0%%134". No value for anything else.
-std::optional<Alarm> parseAlarm(std::string_view text);
+std::optional<Alarm> ParseAlarm(std::string_view text);
 
 /// True when every character is one of 0-9 A-F. Lower case is not a digit on this line.
-bool isHex(std::string_view digits);
+bool IsHex(std::string_view digits);
 
 /// The value of upper-case hexadecimal digits; the caller has made sure with isHex, and that there
 /// are no more than seven of them.
-int fromHex(std::string_view digits);
+int FromHex(std::string_view digits);
 
 /// `value` (not negative) in upper-case hexadecimal, zeros in front up to `width`.
-std::string toHex(int value, int width);
+std::string ToHex(int value, int width);
 
 /// The value of plain decimal digits, within 0 to `limit`; no value for any other text.
-std::optional<Millis> fromDecimal(std::string_view digits, Millis limit);
+std::optional<Millis> FromDecimal(std::string_view digits, Millis limit);
 
 } // namespace qdk8

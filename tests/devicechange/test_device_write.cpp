@@ -107,7 +107,7 @@ TEST_F(WriteTest, WritesReadsBackAndTakesOver) {
 
     line.controller.powerOff(platform.now);
     line.controller.powerOn(platform.now);
-    EXPECT_EQ(qdk8::axisMask(lasting()), 0b0011U) << "it outlives the power";
+    EXPECT_EQ(qdk8::AxisMask(lasting()), 0b0011U) << "it outlives the power";
     EXPECT_EQ(CompareDeviceSettings(), 0);
     for (std::size_t block : {1U, 2U, 3U, 4U, 9U, 10U, 11U, 12U}) {
         EXPECT_EQ(lasting().blocks[block], before.blocks[block]) << block;
@@ -132,7 +132,7 @@ TEST_F(WriteTest, AllMasks) {
         }
         platform.expectBox(kDone);
         write();
-        EXPECT_EQ(qdk8::axisMask(lasting()), mask);
+        EXPECT_EQ(qdk8::AxisMask(lasting()), mask);
         EXPECT_EQ(ParaSet.AXIS, static_cast<std::int16_t>(mask));
         for (std::size_t axis = 0; axis < kAxes; ++axis) {
             const bool used = (mask >> axis & 1U) != 0;
@@ -140,7 +140,7 @@ TEST_F(WriteTest, AllMasks) {
             if (used) {
                 EXPECT_EQ(DevSetting[axis].DevSize, mask % 2 == 0 ? " 52" : " 44");
                 EXPECT_EQ(DevSetting[axis].DevStroke, 50 * (1 + (mask + axis) % 8));
-                EXPECT_EQ(qdk8::strokeEnd(lasting(), static_cast<int>(axis)),
+                EXPECT_EQ(qdk8::StrokeEnd(lasting(), static_cast<int>(axis)),
                           DevSetting[axis].MaxPulse);
             } else {
                 EXPECT_EQ(lasting().blocks[5 + 2 * axis], before.blocks[5 + 2 * axis]);

@@ -14,12 +14,12 @@ constexpr int kAxisCount = 4;
 
 /// A row as the controller keeps it, cut into its 19 numbers.
 QVector<int> numbersOf(int position) {
-    static const qdk8::Memory memory = qdk8::startMemory();
+    static const qdk8::Memory memory = qdk8::StartMemory();
     const std::string_view row = memory.positions[static_cast<std::size_t>(position - 1)];
     QVector<int> numbers;
     std::size_t at = 0;
     const auto take = [&](std::size_t width) {
-        numbers += qdk8::fromHex(row.substr(at, width));
+        numbers += qdk8::FromHex(row.substr(at, width));
         at += width;
     };
     for (int axis = 0; axis < kAxisCount; ++axis) {

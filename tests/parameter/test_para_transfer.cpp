@@ -401,7 +401,7 @@ TEST_F(Transfer, TheMaskAloneIsChanged) {
         EXPECT_EQ(ParaSet.AXIS, 99);
         ASSERT_EQ(WriteAxisMask(), 0);
         EXPECT_EQ(ParaSet.AXIS, 15 - mask);
-        EXPECT_EQ(qdk8::axisMask(line.controller.machine().working),
+        EXPECT_EQ(qdk8::AxisMask(line.controller.machine().working),
                   15U - static_cast<unsigned>(mask));
     }
     EXPECT_EQ(lasting()[0], before) << "nothing was committed";

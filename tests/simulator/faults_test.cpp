@@ -8,20 +8,21 @@ using namespace qdk8;
 
 namespace {
 
-void addRule(Controller& controller, const std::string& rule) {
+void AddRule(Controller& controller, const std::string& rule) {
     std::string problem;
     ASSERT_TRUE(controller.addFault(rule, problem)) << rule << ": " << problem;
 }
 
 // What goes out for the request "0RH" (good reply "0RH0"), each piece with its moment.
-std::string traffic(const std::string& fault) {
+std::string Traffic(const std::string& fault) {
     Controller controller;
-    addRule(controller, "0RH:1:" + fault);
-    ask(controller, "0RV", 0);
+    AddRule(controller, "0RH:1:" + fault);
+    Ask(controller, "0RV", 0);
     controller.receive("0RH\r\n", 10);
     std::string all;
-    for (const Outgoing& out : controller.takeDue(100000))
+    for (const Outgoing& out : controller.takeDue(100000)) {
         all += std::to_string(out.at) + "[" + (out.hangUp ? "hang-up" : out.bytes) + "]";
+    }
     return all;
 }
 
@@ -48,8 +49,9 @@ TEST(Faults, SpoilTheReplyByteByByte) {
         {"hangup", "10[hang-up]"},
         {"hangup=2", "10[0R]10[hang-up]"},
     };
-    for (const auto& [fault, expected] : all)
-        EXPECT_EQ(traffic(fault), expected) << fault;
+    for (const auto& [fault, expected] : all) {
+        EXPECT_EQ(Traffic(fault), expected) << fault;
+    }
 }
 
 TEST(Faults, StrikeAtTheirOccurrence) {
@@ -57,11 +59,11 @@ TEST(Faults, StrikeAtTheirOccurrence) {
         {"3", "..x..."}, {"*", "xxxxxx"}, {"4+", "...xxx"}, {"2-3", ".xx..."}};
     for (const auto& [occurrence, expected] : all) {
         Controller controller;
-        addRule(controller, "0RA:" + occurrence + ":silence");
+        AddRule(controller, "0RA:" + occurrence + ":silence");
         std::string seen;
         for (int i = 0; i < 6; ++i) {
-            seen += ask(controller, "0RA", i).empty() ? "x" : ".";
-            EXPECT_EQ(ask(controller, "0RH", i), "0RH0\r\n") << "another command";
+            seen += Ask(controller, "0RA", i).empty() ? "x" : ".";
+            EXPECT_EQ(Ask(controller, "0RH", i), "0RH0\r\n") << "another command";
         }
         EXPECT_EQ(seen, expected) << occurrence;
     }
@@ -69,26 +71,26 @@ TEST(Faults, StrikeAtTheirOccurrence) {
 
 TEST(Faults, NoReplyOvertakesTheOneBefore) {
     Controller controller;
-    addRule(controller, "0RH:1:late=1500");
-    addRule(controller, "0RI:1:bytes=7");
-    EXPECT_EQ(ask(controller, "0RH", 10), "");
-    EXPECT_EQ(ask(controller, "0RA", 1000), "");
-    EXPECT_EQ(ask(controller, "0RA", 1510), "0RH0\r\n0RA1\r\n0RA1\r\n");
-    ask(controller, "0RI", 2000);
-    EXPECT_EQ(ask(controller, "0RA", 2001, 2069), "RI000000\r");
-    EXPECT_EQ(ask(controller, "0SP", 2069, 2070), "\n0RA1\r\n0SP\r\n");
+    AddRule(controller, "0RH:1:late=1500");
+    AddRule(controller, "0RI:1:bytes=7");
+    EXPECT_EQ(Ask(controller, "0RH", 10), "");
+    EXPECT_EQ(Ask(controller, "0RA", 1000), "");
+    EXPECT_EQ(Ask(controller, "0RA", 1510), "0RH0\r\n0RA1\r\n0RA1\r\n");
+    Ask(controller, "0RI", 2000);
+    EXPECT_EQ(Ask(controller, "0RA", 2001, 2069), "RI000000\r");
+    EXPECT_EQ(Ask(controller, "0SP", 2069, 2070), "\n0RA1\r\n0SP\r\n");
 }
 
 TEST(Faults, MayMeanOneFrameOrAll) {
     Controller controller;
-    addRule(controller, "0CM1:*:silence");
-    EXPECT_EQ(ask(controller, "0CM0", 0), "0CM0\r\n");
-    EXPECT_EQ(ask(controller, "0CM1", 0), "");
-    addRule(controller, "*:2:long");
-    EXPECT_EQ(ask(controller, "0RH", 0), "0RH0\r\n");
-    EXPECT_EQ(ask(controller, "0RA", 0), "0RA10\r\n");
+    AddRule(controller, "0CM1:*:silence");
+    EXPECT_EQ(Ask(controller, "0CM0", 0), "0CM0\r\n");
+    EXPECT_EQ(Ask(controller, "0CM1", 0), "");
+    AddRule(controller, "*:2:long");
+    EXPECT_EQ(Ask(controller, "0RH", 0), "0RH0\r\n");
+    EXPECT_EQ(Ask(controller, "0RA", 0), "0RA10\r\n");
     controller.clearFaults();
-    EXPECT_EQ(ask(controller, "0CM1", 0), "0CM1\r\n");
+    EXPECT_EQ(Ask(controller, "0CM1", 0), "0CM1\r\n");
 }
 
 TEST(Faults, LoseTheReplyOrTheRequest) {
@@ -96,8 +98,8 @@ TEST(Faults, LoseTheReplyOrTheRequest) {
         {"silence", true}, {"deaf", false}, {"error=02", false}, {"echo", true}};
     for (const auto& [fault, obeyed] : all) {
         Controller controller;
-        addRule(controller, "0CM02:*:" + fault);
-        ask(controller, "0CM02", 0);
+        AddRule(controller, "0CM02:*:" + fault);
+        Ask(controller, "0CM02", 0);
         EXPECT_EQ(controller.machine().mode, obeyed ? 2 : 0) << fault;
         EXPECT_EQ(controller.count("0CM"), 1) << fault;
     }
@@ -105,9 +107,9 @@ TEST(Faults, LoseTheReplyOrTheRequest) {
 
 TEST(Faults, WaitForTheEndOfAGroup) {
     Controller controller;
-    const Millis now = home(controller, 0);
-    addRule(controller, "0MG:1:late=500");
-    EXPECT_EQ(ask(controller, "0MG01", now), "");
+    const Millis now = Home(controller, 0);
+    AddRule(controller, "0MG:1:late=500");
+    EXPECT_EQ(Ask(controller, "0MG01", now), "");
     Millis ended = now;
     while (!controller.machine().plan.empty()) {
         ended = *controller.nextDue();
@@ -124,7 +126,7 @@ TEST(Faults, BadRulesAreRefusedWithAReason) {
           "0RP:1:silence=3", "0RP:1:error=9", "0RP:1:bytes=-1"}) {
         FaultRule parsed;
         std::string problem;
-        EXPECT_FALSE(parseFaultRule(rule, parsed, problem)) << rule;
+        EXPECT_FALSE(ParseFaultRule(rule, parsed, problem)) << rule;
         EXPECT_FALSE(problem.empty()) << rule;
         EXPECT_EQ(problem.find('\n'), std::string::npos) << rule;
     }

@@ -23,61 +23,63 @@ struct Folder {
     std::string file(const char* name) const { return (path / name).string(); }
 };
 
-int field(const std::string& row, int from, int width) {
-    return fromHex(row.substr(static_cast<std::size_t>(from), static_cast<std::size_t>(width)));
+int Field(const std::string& row, int from, int width) {
+    return FromHex(row.substr(static_cast<std::size_t>(from), static_cast<std::size_t>(width)));
 }
 
 TEST(StartMemory, HoldsUsableDataThroughout) {
-    const Memory memory = startMemory();
-    ASSERT_TRUE(memory == startMemory()) << "the same every time";
-    std::array<int, AxisCountMax> highest{};
+    const Memory memory = StartMemory();
+    ASSERT_TRUE(memory == StartMemory()) << "the same every time";
+    std::array<int, kAxisCountMax> highest{};
     for (const std::string& row : memory.positions) {
-        ASSERT_TRUE(rowUsable(row)) << row;
-        for (int axis = 0; axis < AxisCountMax; ++axis) {
-            const int pulses = field(row, 9 * axis + 4, 5);
-            ASSERT_LE(pulses, strokeEnd(memory, axis)) << row;
+        ASSERT_TRUE(RowUsable(row)) << row;
+        for (int axis = 0; axis < kAxisCountMax; ++axis) {
+            const int pulses = Field(row, 9 * axis + 4, 5);
+            ASSERT_LE(pulses, StrokeEnd(memory, axis)) << row;
             highest[static_cast<std::size_t>(axis)] =
                 std::max(highest[static_cast<std::size_t>(axis)], pulses);
         }
-        ASSERT_LE(field(row, 27 + 2, 1), 2) << "a 61F has one acceleration less: " << row;
+        ASSERT_LE(Field(row, 27 + 2, 1), 2) << "a 61F has one acceleration less: " << row;
     }
-    EXPECT_EQ(highest, (std::array<int, AxisCountMax>{15000, 20000, 20000, 4800}));
+    EXPECT_EQ(highest, (std::array<int, kAxisCountMax>{15000, 20000, 20000, 4800}));
     for (const std::string& group : memory.groups) {
-        EXPECT_TRUE(groupUsable(group));
-        EXPECT_LE(field(group, 0, 3), field(group, 3, 3));
+        EXPECT_TRUE(GroupUsable(group));
+        EXPECT_LE(Field(group, 0, 3), Field(group, 3, 3));
     }
-    for (const std::string& macro : memory.macros)
-        EXPECT_TRUE(macroUsable(macro)) << macro;
-    for (int block = 0; block < 13; ++block)
-        EXPECT_TRUE(blockUsable(block, memory.blocks[static_cast<std::size_t>(block)])) << block;
-    EXPECT_EQ(axisMask(memory), 0xFU);
+    for (const std::string& macro : memory.macros) {
+        EXPECT_TRUE(MacroUsable(macro)) << macro;
+    }
+    for (int block = 0; block < 13; ++block) {
+        EXPECT_TRUE(BlockUsable(block, memory.blocks[static_cast<std::size_t>(block)])) << block;
+    }
+    EXPECT_EQ(AxisMask(memory), 0xFU);
 }
 
 TEST(BlankMemory, HoldsTheDefaultsOfARow) {
-    const Memory memory = blankMemory();
+    const Memory memory = BlankMemory();
     EXPECT_EQ(memory.positions[998], "1E3000000"
                                      "1E3000000"
                                      "1E3000000"
                                      "1E2000000"
                                      "0000");
-    EXPECT_EQ(memory.blocks, startMemory().blocks);
+    EXPECT_EQ(memory.blocks, StartMemory().blocks);
 }
 
 TEST(MemoryFile, ComesBackAsItWasSaved) {
     const Folder folder;
-    Memory memory = startMemory();
+    Memory memory = StartMemory();
     memory.positions[41] = std::string(40, '7');
     std::string problem;
-    ASSERT_TRUE(saveMemory(folder.file("memory"), memory, problem)) << problem;
-    Memory back = blankMemory();
-    ASSERT_EQ(loadMemory(folder.file("memory"), back, problem), FileState::read) << problem;
+    ASSERT_TRUE(SaveMemory(folder.file("memory"), memory, problem)) << problem;
+    Memory back = BlankMemory();
+    ASSERT_EQ(LoadMemory(folder.file("memory"), back, problem), FileState::Read) << problem;
     EXPECT_TRUE(back == memory);
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path), {}), 1)
         << "nothing else is left behind";
 }
 
 TEST(MemoryFile, IsTextForAPerson) {
-    const std::string text = memoryText(blankMemory());
+    const std::string text = MemoryText(BlankMemory());
     EXPECT_EQ(text.substr(0, 15), "QD-K8 memory 1\n");
     EXPECT_NE(text.find("\nposition 3E7 1E3000000 1E3000000 1E3000000 1E2000000 0000\n"),
               std::string::npos);
@@ -85,7 +87,7 @@ TEST(MemoryFile, IsTextForAPerson) {
 }
 
 TEST(MemoryFile, IsRefusedWhenItWasCutOrTouched) {
-    const std::string good = memoryText(startMemory());
+    const std::string good = MemoryText(StartMemory());
     std::string touched = good;
     touched[good.find("position 1F4") + 14] ^= 1;
     std::string swapped = good;
@@ -101,34 +103,34 @@ TEST(MemoryFile, IsRefusedWhenItWasCutOrTouched) {
         {"something behind", good + "more\n"},
     };
     for (const auto& [what, text] : all) {
-        Memory memory = blankMemory();
+        Memory memory = BlankMemory();
         std::string problem;
-        EXPECT_FALSE(memoryFromText(text, memory, problem)) << what;
+        EXPECT_FALSE(MemoryFromText(text, memory, problem)) << what;
         EXPECT_FALSE(problem.empty()) << what;
-        EXPECT_TRUE(memory == blankMemory()) << what << ": left as it was";
+        EXPECT_TRUE(memory == BlankMemory()) << what << ": left as it was";
     }
 }
 
 TEST(MemoryFile, TellsMissingFromBroken) {
     const Folder folder;
-    Memory memory = blankMemory();
+    Memory memory = BlankMemory();
     std::string problem;
-    EXPECT_EQ(loadMemory(folder.file("none"), memory, problem), FileState::missing);
-    EXPECT_EQ(loadMemory(folder.path.string(), memory, problem), FileState::broken);
-    EXPECT_FALSE(saveMemory(folder.file("none/memory"), memory, problem));
+    EXPECT_EQ(LoadMemory(folder.file("none"), memory, problem), FileState::Missing);
+    EXPECT_EQ(LoadMemory(folder.path.string(), memory, problem), FileState::Broken);
+    EXPECT_FALSE(SaveMemory(folder.file("none/memory"), memory, problem));
     EXPECT_FALSE(problem.empty());
 }
 
 TEST(MemoryFile, AFailedSaveLeavesTheOldFile) {
     const Folder folder;
     std::string problem;
-    ASSERT_TRUE(saveMemory(folder.file("memory"), startMemory(), problem));
+    ASSERT_TRUE(SaveMemory(folder.file("memory"), StartMemory(), problem));
     // A folder in the way of the neighbour file makes the save fail for every user.
     std::filesystem::create_directory(folder.file("memory.new"));
-    EXPECT_FALSE(saveMemory(folder.file("memory"), blankMemory(), problem));
+    EXPECT_FALSE(SaveMemory(folder.file("memory"), BlankMemory(), problem));
     Memory back;
-    EXPECT_EQ(loadMemory(folder.file("memory"), back, problem), FileState::read);
-    EXPECT_TRUE(back == startMemory());
+    EXPECT_EQ(LoadMemory(folder.file("memory"), back, problem), FileState::Read);
+    EXPECT_TRUE(back == StartMemory());
 }
 
 } // namespace

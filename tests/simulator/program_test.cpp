@@ -23,27 +23,29 @@ namespace {
 namespace fs = std::filesystem;
 
 // Far beyond anything that is waited for; only a hang ever reaches it.
-constexpr int Limit = 60000;
+constexpr int kLimit = 60000;
 
-bool readable(int file) {
+bool Readable(int file) {
     pollfd wanted{file, POLLIN, 0};
-    return ::poll(&wanted, 1, Limit) == 1;
+    return ::poll(&wanted, 1, kLimit) == 1;
 }
 
-std::string readLine(int file) {
+std::string ReadLine(int file) {
     std::string line;
     char c = 0;
-    while (readable(file) && ::read(file, &c, 1) == 1 && c != '\n')
+    while (Readable(file) && ::read(file, &c, 1) == 1 && c != '\n') {
         line += c;
+    }
     return line;
 }
 
-std::string readAll(int file) {
+std::string ReadAll(int file) {
     std::string all;
     std::array<char, 1024> buffer{};
     ssize_t n = 0;
-    while (readable(file) && (n = ::read(file, buffer.data(), buffer.size())) > 0)
+    while (Readable(file) && (n = ::read(file, buffer.data(), buffer.size())) > 0) {
         all.append(buffer.data(), static_cast<std::size_t>(n));
+    }
     return all;
 }
 
@@ -52,16 +54,18 @@ public:
     explicit Simulator(std::vector<std::string> options) {
         std::array<int, 2> in{}, out{}, err{};
         if (::pipe2(in.data(), O_CLOEXEC) != 0 || ::pipe2(out.data(), O_CLOEXEC) != 0 ||
-            ::pipe2(err.data(), O_CLOEXEC) != 0)
+            ::pipe2(err.data(), O_CLOEXEC) != 0) {
             std::abort();
+        }
         options.insert(options.begin(), SIMULATOR_PROGRAM);
         std::vector<char*> texts;
         texts.reserve(options.size() + 1);
-        for (std::string& option : options)
+        for (std::string& option : options) {
             texts.push_back(option.data());
+        }
         texts.push_back(nullptr);
-        process_ = ::fork();
-        if (process_ == 0) {
+        process = ::fork();
+        if (process == 0) {
             ::dup2(in[0], 0);
             ::dup2(out[1], 1);
             ::dup2(err[1], 2);
@@ -71,25 +75,27 @@ public:
         ::close(in[0]);
         ::close(out[1]);
         ::close(err[1]);
-        input_ = in[1];
+        input = in[1];
         output = out[0];
         errors = err[0];
     }
     Simulator(const Simulator&) = delete;
     Simulator& operator=(const Simulator&) = delete;
     ~Simulator() {
-        if (process_ > 0) {
-            ::kill(process_, SIGKILL);
-            ::waitpid(process_, nullptr, 0);
+        if (process > 0) {
+            ::kill(process, SIGKILL);
+            ::waitpid(process, nullptr, 0);
         }
-        for (const int file : {input_, output, errors})
-            if (file >= 0)
+        for (const int file : {input, output, errors}) {
+            if (file >= 0) {
                 ::close(file);
+            }
+        }
     }
 
     // The slave's name from the line "qd-k8-sim <event> on NAME".
     std::string place(const std::string& event) {
-        const std::string line = readLine(output);
+        const std::string line = ReadLine(output);
         const std::string head = "qd-k8-sim " + event + " on ";
         EXPECT_EQ(line.substr(0, head.size()), head) << line;
         return line.size() > head.size() ? line.substr(head.size()) : "";
@@ -98,27 +104,27 @@ public:
     // Sends a control line; gives the answer's lines, the last one "ok" or "error: ...".
     std::vector<std::string> control(const std::string& line) {
         const std::string whole = line + "\n";
-        EXPECT_EQ(::write(input_, whole.data(), whole.size()), static_cast<ssize_t>(whole.size()));
+        EXPECT_EQ(::write(input, whole.data(), whole.size()), static_cast<ssize_t>(whole.size()));
         std::vector<std::string> lines;
-        do
-            lines.push_back(readLine(output));
-        while (!lines.back().empty() && lines.back() != "ok" &&
-               lines.back().substr(0, 7) != "error: ");
+        do {
+            lines.push_back(ReadLine(output));
+        } while (!lines.back().empty() && lines.back() != "ok" &&
+                 lines.back().substr(0, 7) != "error: ");
         return lines;
     }
 
     void closeInput() {
-        ::close(input_);
-        input_ = -1;
+        ::close(input);
+        input = -1;
     }
 
-    void signal(int number) const { ::kill(process_, number); }
+    void signal(int number) const { ::kill(process, number); }
 
     // Waits for the end; gives the exit status.
     int wait() {
         int status = 0;
-        ::waitpid(process_, &status, 0);
-        process_ = -1;
+        ::waitpid(process, &status, 0);
+        process = -1;
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
 
@@ -126,40 +132,41 @@ public:
     int errors = -1;
 
 private:
-    pid_t process_ = -1;
-    int input_ = -1;
+    pid_t process = -1;
+    int input = -1;
 };
 
 // The program's end of the line.
 class Port {
 public:
-    explicit Port(const std::string& name) : file_(::open(name.c_str(), O_RDWR | O_NOCTTY)) {
-        EXPECT_GE(file_, 0) << name;
+    explicit Port(const std::string& name) : handle(::open(name.c_str(), O_RDWR | O_NOCTTY)) {
+        EXPECT_GE(handle, 0) << name;
     }
     Port(const Port&) = delete;
     Port& operator=(const Port&) = delete;
-    ~Port() { ::close(file_); }
+    ~Port() { ::close(handle); }
 
     void write(const std::string& bytes) const {
-        EXPECT_EQ(::write(file_, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+        EXPECT_EQ(::write(handle, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
     }
     // Up to the terminator, or what came before the line ended.
     std::string readReply() const {
         std::string reply;
         char c = 0;
-        while (reply.find("\r\n") == std::string::npos && readable(file_) &&
-               ::read(file_, &c, 1) == 1)
+        while (reply.find("\r\n") == std::string::npos && Readable(handle) &&
+               ::read(handle, &c, 1) == 1) {
             reply += c;
+        }
         return reply;
     }
     std::string ask(const std::string& frame) const {
         write(frame + "\r\n");
         return readReply();
     }
-    int file() const { return file_; }
+    int file() const { return handle; }
 
 private:
-    int file_;
+    int handle;
 };
 
 class SimulatorProgram : public testing::Test {
@@ -191,8 +198,9 @@ TEST_F(SimulatorProgram, KeepsThePaceOfTheLine) {
     const Port port(simulator.place("ready"));
     timespec start{};
     ::clock_gettime(CLOCK_MONOTONIC, &start);
-    for (int i = 0; i < 10; ++i)
+    for (int i = 0; i < 10; ++i) {
         ASSERT_EQ(port.ask("0RP001").size(), 48U);
+    }
     timespec end{};
     ::clock_gettime(CLOCK_MONOTONIC, &end);
     const double took = static_cast<double>(end.tv_sec - start.tv_sec) +
@@ -221,7 +229,7 @@ TEST_F(SimulatorProgram, ReplacesAnOldLinkButNoFile) {
     std::ofstream(file("com2")) << "precious";
     Simulator refused({"--link", file("com2")});
     EXPECT_EQ(refused.wait(), 1);
-    EXPECT_NE(readAll(refused.errors).find("com2"), std::string::npos);
+    EXPECT_NE(ReadAll(refused.errors).find("com2"), std::string::npos);
     EXPECT_EQ(fs::file_size(file("com2")), 8U);
 }
 
@@ -240,7 +248,7 @@ TEST_F(SimulatorProgram, RefusesWrongOptionsInOneLine) {
     for (const auto& options : all) {
         Simulator simulator(options);
         EXPECT_EQ(simulator.wait(), 2) << options[0];
-        const std::string errors = readAll(simulator.errors);
+        const std::string errors = ReadAll(simulator.errors);
         EXPECT_EQ(errors.find('\n'), errors.size() - 1) << errors;
         EXPECT_EQ(errors.find("qd-k8-sim: "), 0U) << errors;
     }
@@ -248,24 +256,26 @@ TEST_F(SimulatorProgram, RefusesWrongOptionsInOneLine) {
 
 TEST_F(SimulatorProgram, ExplainsItself) {
     Simulator simulator({"--help"});
-    const std::string help = readAll(simulator.output);
+    const std::string help = ReadAll(simulator.output);
     for (const char* word :
          {"--link", "--memory", "--unpaced", "--axes", "--mask", "--identity", "--fault", "--alarm",
-          "--control", "--blank", "hangup", "noise-inside", "power off"})
+          "--control", "--blank", "hangup", "noise-inside", "power off"}) {
         EXPECT_NE(help.find(word), std::string::npos) << word;
+    }
     EXPECT_EQ(simulator.wait(), 0);
 }
 
 TEST_F(SimulatorProgram, NamesItsAlarmsAsTheErrorListDoes) {
     std::stringstream list;
     list << std::ifstream(ERROR_LIST).rdbuf();
-    std::istringstream help(readAll(Simulator({"--help"}).output));
+    std::istringstream help(ReadAll(Simulator({"--help"}).output));
     const std::regex alarm(" +([01])([0-9A-F]) ([A-Z].*)");
     std::smatch found;
     int alarms = 0;
     for (std::string line; std::getline(help, line);) {
-        if (!std::regex_match(line, found, alarm))
+        if (!std::regex_match(line, found, alarm)) {
             continue;
+        }
         ++alarms;
         // The list counts the classes from 1.
         const std::string entry = std::string(found[1] == "0" ? "\"1" : "\"2") + found[2].str() +
@@ -287,7 +297,7 @@ TEST_F(SimulatorProgram, RefusesABrokenMemoryFile) {
     std::ofstream(file("memory"), std::ios::trunc) << content.str().substr(0, 5000);
     Simulator simulator({"--memory", file("memory")});
     EXPECT_EQ(simulator.wait(), 1);
-    const std::string errors = readAll(simulator.errors);
+    const std::string errors = ReadAll(simulator.errors);
     EXPECT_EQ(errors.find('\n'), errors.size() - 1) << errors;
     EXPECT_NE(errors.find("cut"), std::string::npos) << errors;
     EXPECT_EQ(fs::file_size(file("memory")), 5000U) << "left for whoever wants to mend it";
@@ -329,7 +339,7 @@ TEST_F(SimulatorProgram, AcknowledgesNoCommitThatItsFileDoesNotHold) {
     fs::create_directory(file("memory.new")); // in the way of the fresh file
     EXPECT_EQ(port.ask("0WG01007008"), "0WG01\r\n");
     EXPECT_EQ(port.ask("0WE3"), "0%%10E\r\n");
-    EXPECT_NE(readLine(simulator.errors).find(file("memory")), std::string::npos);
+    EXPECT_NE(ReadLine(simulator.errors).find(file("memory")), std::string::npos);
     fs::remove(file("memory.new"));
     EXPECT_EQ(port.ask("0WE3"), "0WE3\r\n");
 }
@@ -345,7 +355,7 @@ TEST_F(SimulatorProgram, HangsUpAndComesBack) {
         const std::string last = port.ask("0RP003");
         EXPECT_EQ(last.find("\r\n"), std::string::npos) << "the line ended in the middle";
         pollfd line{port.file(), POLLIN, 0};
-        ASSERT_EQ(::poll(&line, 1, Limit), 1);
+        ASSERT_EQ(::poll(&line, 1, kLimit), 1);
         EXPECT_NE(line.revents & POLLHUP, 0);
     }
     EXPECT_FALSE(fs::is_symlink(file("com1")));
@@ -376,8 +386,9 @@ TEST_F(SimulatorProgram, IsDrivenByItsControlInput) {
               (std::vector<std::string>{"0CM 2", "0RH 1", "0RI 1", "0RV 1", "ok"}));
     EXPECT_EQ(simulator.control("state").at(1), "alarm 0%%134");
     for (const char* wrong : {"explode", "alarm", "alarm 9z", "power", "input 12", "fault x",
-                              "mask 1F", "alarm 11 for 100", "plug"})
+                              "mask 1F", "alarm 11 for 100", "plug"}) {
         EXPECT_EQ(simulator.control(wrong).back().substr(0, 7), "error: ") << wrong;
+    }
 }
 
 TEST_F(SimulatorProgram, TakesItsMachineFromTheOptions) {
@@ -400,7 +411,7 @@ TEST_F(SimulatorProgram, ForgetsWhatArrivedAtAClosedPort) {
         const Port port(name);
         EXPECT_EQ(port.ask("0RA"), "0RA1\r\n");
         port.write("0RH\r\n");
-        EXPECT_TRUE(readable(port.file())); // the reply is there, and nobody takes it
+        EXPECT_TRUE(Readable(port.file())); // the reply is there, and nobody takes it
     }
     simulator.control("state"); // the simulator has seen the port close
     EXPECT_EQ(Port(name).ask("0RA"), "0RA1\r\n");

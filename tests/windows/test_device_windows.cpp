@@ -228,7 +228,7 @@ TEST_F(DeviceWindowTest, OnlineWindowWritesIntoTheController) {
     EXPECT_TRUE(window.isVisible());
     EXPECT_TRUE(Get<QPushButton>(window, "cmdPrmCtWrite").isEnabled());
     EXPECT_EQ(DevSetting[0].DevStroke, 300);
-    EXPECT_EQ(qdk8::strokeEnd(line.controller.machine().lasting, 0), 60000);
+    EXPECT_EQ(qdk8::StrokeEnd(line.controller.machine().lasting, 0), 60000);
     window.close();
     EXPECT_FALSE(window.isVisible());
     EXPECT_EQ(DeviceCancelled, kClear);
