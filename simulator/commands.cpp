@@ -1,6 +1,7 @@
 #include "simulator/commands.h"
 
 #include "simulator/motion.h"
+#include "simulator/usable.h"
 
 #include <algorithm>
 #include <array>

@@ -1,31 +1,23 @@
 #include "simulator/control.h"
 
-#include "simulator/front.h"
 #include "simulator/motion.h"
 
-#include <algorithm>
 #include <array>
-#include <sstream>
-#include <vector>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
 
 namespace qdk8 {
 namespace {
 
-using Words = std::vector<std::string>;
-
-/// What a routine gives: the lines of its answer without "ok", or `problem`.
-struct Answer {
-    std::string lines;
-    std::string problem;
+struct Desk {
+    Controller& controller;
+    Millis now;
 };
 
-Answer Bad(const std::string& problem) {
-    return {"", problem};
-}
-
-Answer OrderAlarm(Front& front, const Words& words) {
+OrderResult OrderAlarm(Desk& desk, const Words& words) {
     if (words.size() == 2 && words[1] == "clear") {
-        front.controller.clearAlarm(Milliseconds());
+        desk.controller.clearAlarm(desk.now);
         return {};
     }
     // Class and code may stand apart.
@@ -36,7 +28,7 @@ Answer OrderAlarm(Front& front, const Words& words) {
     }
     const auto parsed = ParseAlarm(text);
     if (!parsed) {
-        return Bad("\"" + text + "\" is neither class and code nor an error reply");
+        return Refusing("\"" + text + "\" is neither class and code nor an error reply");
     }
     std::optional<Millis> goesOutAfter;
     bool announce = false;
@@ -44,188 +36,209 @@ Answer OrderAlarm(Front& front, const Words& words) {
         if (words[at] == "announce") {
             announce = true;
         } else if (words[at] == "for" && at + 1 < words.size()) {
-            goesOutAfter = FromDecimal(words[++at], 3'600'000);
+            goesOutAfter = FromDecimal(words[++at], kLongestWait);
             if (!goesOutAfter || !parsed->resettable()) {
-                return Bad("\"for\" wants a time in ms and a resettable alarm");
+                return Refusing("\"for\" wants a time in ms and a resettable alarm");
             }
         } else {
-            return Bad("\"" + words[at] + "\" is not understood");
+            return Refusing("\"" + words[at] + "\" is not understood");
         }
     }
-    front.controller.raiseAlarm(*parsed, Milliseconds(), goesOutAfter, announce);
+    desk.controller.raiseAlarm(*parsed, desk.now, goesOutAfter, announce);
     return {};
 }
 
-Answer Power(Front& front, const Words& words) {
+OrderResult Power(Desk& desk, const Words& words) {
     if (words.size() == 2 && words[1] == "off") {
-        front.controller.powerOff(Milliseconds());
-        front.leaving.clear();
+        desk.controller.powerOff(desk.now);
     } else if (words.size() == 2 && words[1] == "on") {
-        front.controller.powerOn(Milliseconds());
+        desk.controller.powerOn(desk.now);
     } else {
-        return Bad("power off or power on");
+        return Refusing("power off or power on");
     }
     return {};
 }
 
-Answer HangUp(Front& front, const Words&) {
-    PullCable(front);
+OrderResult Axes(Desk& desk, const Words& words) {
+    const auto axes = words.size() == 2 ? FromDecimal(words[1], kAxisCountMax) : std::nullopt;
+    if (!axes || *axes < 1) {
+        return Refusing("axes wants a number from 1 to 4");
+    }
+    desk.controller.setAxisCount(static_cast<int>(*axes));
     return {};
 }
 
-Answer PlugIn(Front& front, const Words&) {
-    if (front.terminal.master >= 0) {
-        return Bad("the cable is plugged in");
+OrderResult Identity(Desk& desk, const Words& words) {
+    if (words.size() != 2 || words[1].size() != 6) {
+        return Refusing("identity wants six characters");
     }
-    std::string problem;
-    if (!Plug(front.terminal, problem)) {
-        return Bad(problem);
-    }
-    TellPlace(front, "plugged");
+    desk.controller.setIdentity(words[1]);
     return {};
 }
 
-Answer Input(Front& front, const Words& words) {
+OrderResult Board(Desk& desk, const Words& words) {
+    const auto axis = words.size() == 3 ? FromDecimal(words[1], kAxisCountMax) : std::nullopt;
+    if (!axis || *axis < 1 || words[2].size() != 6) {
+        return Refusing("board wants an axis from 1 to 4 and six characters");
+    }
+    desk.controller.setBoard(static_cast<int>(*axis), words[2]);
+    return {};
+}
+
+OrderResult Row(Desk& desk, const Words& words) {
+    if (words.size() != 3 || words[1].size() != 3 || !IsHex(words[1]) || words[2].size() != 40) {
+        return Refusing("row wants a number of three digits and 40 characters");
+    }
+    const int position = FromHex(words[1]);
+    if (position < 1 || position > kPositionCount) {
+        return Refusing("rows go from 001 to 3E7");
+    }
+    desk.controller.setPositionRow(position, words[2]);
+    return {};
+}
+
+OrderResult Block(Desk& desk, const Words& words) {
+    if (words.size() != 3 || words[1].size() != 1 || !IsHex(words[1]) || words[2].size() != 32) {
+        return Refusing("block wants a number of one digit and 32 characters");
+    }
+    const int block = FromHex(words[1]);
+    if (block >= kBlockCount) {
+        return Refusing("blocks go from 0 to C");
+    }
+    desk.controller.setBlock(block, words[2]);
+    return {};
+}
+
+OrderResult Turnaround(Desk& desk, const Words& words) {
+    const auto time = words.size() == 2 ? FromDecimal(words[1], kLongestWait) : std::nullopt;
+    if (!time) {
+        return Refusing("turnaround wants a time in ms");
+    }
+    desk.controller.setTurnaround(*time);
+    return {};
+}
+
+OrderResult Say(Desk& desk, const Words& words) {
+    const auto text = words.size() == 2 ? Unescaped(words[1]) : std::nullopt;
+    if (!text) {
+        return Refusing("say wants a text; \\r, \\n, \\s and \\\\ are CR, LF, a blank and \\");
+    }
+    desk.controller.say(*text, desk.now);
+    return {};
+}
+
+OrderResult Input(Desk& desk, const Words& words) {
     if (words.size() != 2 || words[1].size() != 6 || !IsHex(words[1])) {
-        return Bad("input wants six hexadecimal digits");
+        return Refusing("input wants six hexadecimal digits");
     }
-    front.controller.setInputs(static_cast<std::uint32_t>(FromHex(words[1])), Milliseconds());
+    desk.controller.setInputs(static_cast<std::uint32_t>(FromHex(words[1])), desk.now);
     return {};
 }
 
-Answer Homing(Front& front, const Words& words) {
+OrderResult Homing(Desk& desk, const Words& words) {
     if (words.size() != 2 || (words[1] != "fails" && words[1] != "works")) {
-        return Bad("homing fails or homing works");
+        return Refusing("homing fails or homing works");
     }
-    front.controller.setHomeSensorFails(words[1] == "fails");
+    desk.controller.setHomeSensorFails(words[1] == "fails");
     return {};
 }
 
-Answer OrderFault(Front& front, const Words& words) {
+OrderResult OrderFault(Desk& desk, const Words& words) {
     if (words.size() == 2 && words[1] == "clear") {
-        front.controller.clearFaults();
+        desk.controller.clearFaults();
         return {};
     }
     std::string problem;
-    if (words.size() != 2 || !front.controller.addFault(words[1], problem)) {
-        return Bad(problem.empty() ? "fault wants a rule or \"clear\"" : problem);
+    if (words.size() != 2 || !desk.controller.addFault(words[1], problem)) {
+        return Refusing(problem.empty() ? "fault wants a rule or \"clear\"" : problem);
     }
     return {};
 }
 
-Answer Mask(Front& front, const Words& words) {
+OrderResult Mask(Desk& desk, const Words& words) {
     const auto axes = words.size() == 2 ? ParseMask(words[1]) : std::nullopt;
     if (!axes) {
-        return Bad("mask wants a hexadecimal number from 0 to F");
+        return Refusing("mask wants a hexadecimal number from 0 to F");
     }
-    front.controller.setAxisMask(*axes);
+    desk.controller.setAxisMask(*axes);
     return {};
 }
 
-Answer Stats(Front& front, const Words& words) {
+OrderResult Stats(Desk& desk, const Words& words) {
     if (words.size() == 2 && words[1] == "clear") {
-        front.controller.clearCounters();
+        desk.controller.clearCounters();
         return {};
     }
-    Answer answer;
-    for (const auto& [word, times] : front.controller.counts()) {
-        answer.lines += word + " " + std::to_string(times) + "\n";
+    OrderResult result;
+    for (const auto& [word, times] : desk.controller.counts()) {
+        result.lines += word + " " + std::to_string(times) + "\n";
     }
-    return answer;
+    return result;
 }
 
-Answer Frames(Front& front, const Words& words) {
+OrderResult Frames(Desk& desk, const Words& words) {
     const auto wanted = words.size() == 2 ? FromDecimal(words[1], 20000) : std::nullopt;
     if (!wanted) {
-        return Bad("frames wants a number");
+        return Refusing("frames wants a number");
     }
-    const auto& all = front.controller.frames();
+    const auto& all = desk.controller.frames();
     const std::size_t count = std::min(static_cast<std::size_t>(*wanted), all.size());
-    Answer answer;
+    OrderResult result;
     for (std::size_t i = all.size() - count; i < all.size(); ++i) {
-        answer.lines += std::to_string(all[i].at) + " " + all[i].frame + "\n";
+        result.lines += std::to_string(all[i].at) + " " + all[i].frame + "\n";
     }
-    return answer;
+    return result;
 }
 
-Answer State(Front& front, const Words&) {
-    const Machine& machine = front.controller.machine();
-    Answer answer;
-    answer.lines += std::string("power ") + (front.controller.powered() ? "on" : "off") + "\n";
-    answer.lines += "alarm " + (machine.alarm ? machine.alarm->text() : "none") + "\n";
-    answer.lines += "mode " + std::to_string(machine.mode) + "\n";
-    answer.lines += std::string("motion ") + (Moving(machine) ? "running" : "at rest") + "\n";
-    answer.lines += "homed " + ToHex(static_cast<int>(machine.homed), 1) + "\n";
-    answer.lines += "positions";
+OrderResult State(Desk& desk, const Words&) {
+    const Machine& machine = desk.controller.machine();
+    OrderResult result;
+    result.lines += std::string("power ") + (desk.controller.powered() ? "on" : "off") + "\n";
+    result.lines += "alarm " + (machine.alarm ? machine.alarm->text() : "none") + "\n";
+    result.lines += "mode " + std::to_string(machine.mode) + "\n";
+    result.lines += std::string("motion ") + (Moving(machine) ? "running" : "at rest") + "\n";
+    result.lines += "homed " + ToHex(static_cast<int>(machine.homed), 1) + "\n";
+    result.lines += "positions";
     for (int axis = 0; axis < kAxisCountMax; ++axis) {
-        answer.lines += ' ';
-        answer.lines += std::to_string(front.controller.position(axis, Milliseconds()));
+        result.lines += ' ';
+        result.lines += std::to_string(desk.controller.position(axis, desk.now));
     }
-    answer.lines += "\noutputs " + ToHex(static_cast<int>(machine.outputs), 6) + "\n";
-    return answer;
+    result.lines += "\noutputs " + ToHex(static_cast<int>(machine.outputs), 6) + "\n";
+    return result;
 }
 
-Answer Save(Front& front, const Words&) {
-    std::string problem;
-    return KeepMemory(front, problem) ? Answer{} : Bad(problem);
-}
-
-Answer Quit(Front& front, const Words&) {
-    front.ended = true;
-    return {};
-}
-
-struct Control {
-    const char* word;
-    Answer (*routine)(Front&, const Words&);
-    const char* help;
-};
-
-constexpr std::array<Control, 13> kControls{{
+constexpr std::array<Order<Desk>, 16> kOrders{{
     {"alarm", OrderAlarm, "alarm 0 6 [for MS] [announce]; alarm clear"},
     {"power", Power, "power off, power on"},
-    {"hangup", HangUp, "hangup: pull the cable"},
-    {"plug", PlugIn, "plug: a fresh terminal, told by \"qd-k8-sim plugged on ...\""},
+    {"axes", Axes, "axes N: the controller has N axes"},
+    {"mask", Mask, "mask HEX: axes in use"},
+    {"identity", Identity, "identity TEXT: the six characters of the reply to 0RV"},
+    {"board", Board, "board N TEXT: the six characters of the board of axis N"},
+    {"row", Row, "row 3E7 TEXT: the 40 characters of a position row, checked by nobody"},
+    {"block", Block, "block C TEXT: the 32 characters of a block, checked by nobody"},
     {"input", Input, "input HHHHHH: the input lines, as 0RI tells them"},
     {"homing", Homing, "homing fails, homing works"},
+    {"turnaround", Turnaround, "turnaround MS: time from a request to its reply"},
+    {"say", Say, "say TEXT: TEXT goes out unasked; \\r\\n is CR LF, \\s a blank, \\\\ is \\"},
     {"fault", OrderFault, "fault RULE, fault clear"},
-    {"mask", Mask, "mask HEX: axes in use"},
     {"stats", Stats, "stats, stats clear: how often each command came"},
     {"frames", Frames, "frames N: the last N frames, with their time in ms"},
     {"state", State, "state: power, alarm, mode, motion, positions, outputs"},
-    {"save", Save, "save: the lasting memory to its file, now"},
-    {"quit", Quit, "quit"},
 }};
 
 } // namespace
 
-std::string ObeyControl(Front& front, const std::string& line) {
-    std::istringstream stream(line);
-    Words words;
-    for (std::string word; stream >> word;) {
-        words.push_back(word);
+OrderResult ObeyControl(Controller& controller, const Words& words, Millis now) {
+    const Order<Desk>* order = words.empty() ? nullptr : FindOrder(kOrders, words[0]);
+    if (order == nullptr) {
+        return Refusing("\"" + (words.empty() ? "" : words[0]) + "\" is not an order; see --help");
     }
-    if (words.empty()) {
-        return "";
-    }
-    const auto* known = std::find_if(kControls.begin(), kControls.end(),
-                                     [&](const Control& c) { return words[0] == c.word; });
-    if (known == kControls.end()) {
-        return "error: \"" + words[0] + "\" is not a command; see --help\n";
-    }
-    const Answer answer = known->routine(front, words);
-    if (!answer.problem.empty()) {
-        return "error: " + answer.problem + "\n";
-    }
-    return answer.lines + "ok\n";
+    Desk desk{controller, now};
+    return order->routine(desk, words);
 }
 
 std::string ControlHelp() {
-    std::string help;
-    for (const Control& control : kControls) {
-        help += std::string("    ") + control.help + "\n";
-    }
-    return help;
+    return HelpOf(kOrders);
 }
 
 } // namespace qdk8

@@ -1,17 +1,19 @@
 #pragma once
 
-// The commands that qd-k8-sim takes on its standard input.
+// The orders that a controller takes from beside the line: what happens to the machine, and what
+// there is to see of it.
+
+#include "simulator/controller.h"
+#include "simulator/orders.h"
 
 #include <string>
 
 namespace qdk8 {
 
-struct Front;
+/// Obeys one order at `now`.
+OrderResult ObeyControl(Controller& controller, const Words& words, Millis now);
 
-/// Obeys one line and gives the lines to answer with; the last is "ok" or "error: ...".
-std::string ObeyControl(Front& front, const std::string& line);
-
-/// The lines of a help text, one for each command.
+/// The lines of a help text, one for each order.
 std::string ControlHelp();
 
 } // namespace qdk8

@@ -112,6 +112,13 @@ std::vector<Outgoing> Controller::takeDue(Millis now) {
     return due;
 }
 
+void Controller::say(const std::string& bytes, Millis now) {
+    settle(now);
+    if (isOn) {
+        post({now, bytes});
+    }
+}
+
 std::optional<Millis> Controller::nextDue() const {
     if (!isOn) {
         return std::nullopt;

@@ -44,6 +44,8 @@ public:
     /// What leaves the controller up to `now`, in order. `hangUp` is for the owner of the line to
     /// carry out; the controller itself goes on.
     std::vector<Outgoing> takeDue(Millis now);
+    /// Sends `bytes` unasked. Nothing without power.
+    void say(const std::string& bytes, Millis now);
     /// The next moment at which takeDue may have something, or the machine does something by
     /// itself; none while it only waits for the line.
     std::optional<Millis> nextDue() const;
@@ -88,8 +90,7 @@ public:
     /// Time that a 0WE takes, 100 at first.
     void setCommitTime(Millis time) { commitTime = time; }
 
-    /// Called within each 0WE; false: what was to be committed is not, and the alarm "0%%10E" is
-    /// up.
+    /// Called within each 0WE; false: what was to be committed is not, and alarm "0%%10E" is up.
     void setKeeper(std::function<bool()> keep) { body.keep = std::move(keep); }
 
     // --- faults ---

@@ -8,7 +8,8 @@
 namespace qdk8 {
 namespace {
 
-constexpr Millis kLongestWait = 3'600'000;
+/// Long enough for the reply to have been taken by itself, short for whoever asks next.
+constexpr Millis kStrayWait = 20;
 
 enum class Value { None, Number, Text, Alarm };
 
@@ -20,7 +21,7 @@ struct FaultName {
     const char* help;
 };
 
-constexpr std::array<FaultName, 15> kNames{{
+constexpr std::array<FaultName, 16> kNames{{
     {"silence", FaultKind::Silence, Value::None, "", "obeyed, but the reply is lost"},
     {"deaf", FaultKind::Deaf, Value::None, "", "the request is lost: not obeyed, no reply"},
     {"late", FaultKind::Late, Value::Number, nullptr,
@@ -32,6 +33,8 @@ constexpr std::array<FaultName, 15> kNames{{
      "noise-before=TEXT: TEXT (\"~#?\") in front of the reply"},
     {"noise-inside", FaultKind::NoiseInside, Value::Text, "~#?",
      "noise-inside=TEXT: TEXT (\"~#?\") in the middle of the reply"},
+    {"stray", FaultKind::Stray, Value::Text, "~#?\\r\\n",
+     "stray=TEXT: the reply, and 20 ms behind it TEXT (\"~#?\\r\\n\"), unasked"},
     {"echo", FaultKind::Echo, Value::Text, "0ZZ",
      "echo=TEXT: TEXT (\"0ZZ\") in place of the echoed word"},
     {"long", FaultKind::TooLong, Value::None, "", "one character too many"},
@@ -98,7 +101,12 @@ bool ParseFault(std::string_view text, Fault& fault, std::string& problem) {
         return false;
     }
     const std::string value(given ? text.substr(equal + 1) : std::string_view(known->standard));
-    Fault fresh{known->kind, 0, value};
+    const auto plain = Unescaped(value);
+    if (!plain) {
+        problem = Quoted(value) + " holds a backslash before something else than r, n, s or \\";
+        return false;
+    }
+    Fault fresh{known->kind, 0, *plain};
     if (known->value == Value::Number) {
         const auto number = FromDecimal(value, kLongestWait);
         if (!number) {
@@ -181,6 +189,10 @@ std::vector<Outgoing> Spoil(const Fault& fault, const std::string& reply,
     case FaultKind::NoiseBefore: out.push_back({at, fault.text + reply}); break;
     case FaultKind::NoiseInside:
         out.push_back({at, std::string(body).insert(body.size() / 2, fault.text) + end});
+        break;
+    case FaultKind::Stray:
+        out.push_back({at, reply});
+        out.push_back({at + kStrayWait, fault.text});
         break;
     case FaultKind::Echo: out.push_back({at, fault.text + reply.substr(3)}); break;
     case FaultKind::TooLong: out.push_back({at, body + "0" + end}); break;

@@ -29,6 +29,7 @@ enum class FaultKind {
     Echo,        ///< `text` in place of the echoed word
     TooLong,     ///< one character too many before the terminator
     TooShort,    ///< one character too few
+    Stray,       ///< the reply, and `text` unasked a little behind it
     Twice,       ///< the reply two times in one burst
     Error,       ///< `text` as an error reply; the command is not obeyed
     Reply,       ///< `text` as the reply; the command is obeyed

@@ -1,6 +1,6 @@
 #pragma once
 
-// qd-k8-sim itself: the controller, the terminal and the pace of the line between them.
+// What qd-k8-sim is made of: the controller, the terminal, and the bytes on their way between them.
 
 #include "simulator/controller.h"
 #include "simulator/options.h"
@@ -47,10 +47,6 @@ Millis Milliseconds();
 /// with one line in `problem`.
 bool SetUp(Front& front, std::string& problem);
 
-/// Serves the line until the end is asked for; takes the link away and saves the memory.
-/// Gives the exit status.
-int Serve(Front& front);
-
 /// The line that tells where the controller can be reached, to standard output.
 void TellPlace(const Front& front, const char* event);
 
@@ -60,5 +56,8 @@ void PullCable(Front& front);
 /// Writes the lasting memory to its file if there is one and it changed. On failure gives false
 /// with one line in `problem`.
 bool KeepMemory(Front& front, std::string& problem);
+
+/// The same; a failure goes to standard error.
+bool KeepMemoryOrTell(Front& front);
 
 } // namespace qdk8

@@ -2,7 +2,7 @@
 
 // The state of the machine behind the line: memory, axes in motion, inputs and outputs, the alarm.
 
-#include "simulator/memory.h"
+#include "simulator/start_memory.h"
 #include "simulator/wire.h"
 
 #include <array>

@@ -1,4 +1,6 @@
 #include "simulator/front.h"
+#include "simulator/help.h"
+#include "simulator/serve.h"
 
 #include <cstdio>
 #include <exception>

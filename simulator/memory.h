@@ -11,12 +11,15 @@
 
 namespace qdk8 {
 
+constexpr int kPositionCount = 999;
+constexpr int kBlockCount = 13;
+
 struct Memory {
     /// 999 rows of 40 digits, index = position number - 1: per axis VEL (2), ACC, WAY, position in
     /// pulses (5); then ITPL, OUT, S/M (2).
-    std::array<std::string, 999> positions;
+    std::array<std::string, kPositionCount> positions;
     /// 13 blocks of 16 bytes in 32 digits; see `item`.
-    std::array<std::string, 13> blocks;
+    std::array<std::string, kBlockCount> blocks;
     /// 99 groups of 6 digits, index = group number - 1: start (3), end (3).
     std::array<std::string, 99> groups;
     /// 20 macros of 32 digits, index = macro number - 1: 16 steps of command and data.
@@ -25,13 +28,8 @@ struct Memory {
     bool operator==(const Memory&) const = default;
 };
 
-/// The machine as it comes out of the crate: four axes in use (a 300 mm 61H, a 100 mm 44L, a 100 mm
-/// J52L, a 200 mm 61F), varied and always the same data in all 999 rows, 99 groups, 20 macros.
-Memory StartMemory();
-
-/// The same machine with rows at 30, 3, 0, 0 (acceleration 2 on a 61F), groups 1 to 1 and macros
-/// that were never written.
-Memory BlankMemory();
+constexpr int kCommonBlock = 0; ///< what holds for all axes
+constexpr int kMaskByte = 6;    ///< of the common block: axes in use
 
 /// A parameter of `width` bytes, most significant first, at `byte` of `block`.
 int Item(const Memory& memory, int block, int byte, int width = 1);
@@ -47,14 +45,5 @@ bool IsSpecialModel(const Memory& memory, int axis); ///< the 61F
 int HomingOrder(const Memory& memory, int axis);     ///< axes of equal order home together
 int AxisBlock(int axis);                             ///< the block of the axis' homing items
 int DeviceBlock(int axis);                           ///< the block of the axis' device items
-
-/// A position row of 40 digits whose values a move can be made with.
-bool RowUsable(std::string_view row);
-/// Six digits, both numbers from 1 to 999.
-bool GroupUsable(std::string_view group);
-/// 32 digits, every step a command the controller knows (or F, never written) with its data.
-bool MacroUsable(std::string_view macro);
-/// 32 digits that block number `block` of a controller with `axes` axes can hold.
-bool BlockUsable(int block, std::string_view digits, int axes = kAxisCountMax);
 
 } // namespace qdk8

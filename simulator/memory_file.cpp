@@ -27,8 +27,7 @@ std::string Crc32(std::string_view text) {
     return ToHex(static_cast<int>(crc >> 16U), 4) + ToHex(static_cast<int>(crc & 0xFFFFU), 4);
 }
 
-/// One kind of line: its word, the width of its number and how its digits are spaced out for the
-/// eye.
+/// One kind of line: its word, the width of its number and how its digits are spaced for the eye.
 struct Kind {
     const char* word;
     int numberWidth;

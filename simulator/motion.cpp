@@ -1,5 +1,7 @@
 #include "simulator/motion.h"
 
+#include "simulator/usable.h"
+
 #include <algorithm>
 #include <cmath>
 #include <set>
@@ -52,8 +54,7 @@ Millis SetOut(Machine& machine, const Step& step, Millis now) {
         const double to = step.targets[Index(axis)];
         Millis takes = 0;
         if (step.kind == Step::Kind::Home) {
-            // An axis that was never homed may stand anywhere: half the way is as good a guess as
-            // any.
+            // An axis that was never homed may stand anywhere: half the way is a fair guess.
             const double way =
                 Involves(machine.homed, axis) ? from : StrokeEnd(machine.working, axis) / 2.0;
             const int block = AxisBlock(axis);

@@ -23,9 +23,8 @@ int PresentPosition(const Machine& machine, int axis, Millis now);
 unsigned AxesThere(const Machine& machine);
 unsigned AxesInUse(const Machine& machine);
 
-// Each of these begins a plan; the machine must stand still. A refusal is the alarm text to answer
-// with; it changes nothing, but for a move past a soft limit a bad row or a bad group, whose alarm
-// stands.
+// Each of these begins a plan; the machine must stand still. A refusal is the alarm to answer with;
+// it changes nothing. Only for a move past a soft limit, a bad row and a bad group the alarm stands.
 using Refusal = std::optional<Alarm>;
 
 Refusal BeginHoming(Machine& machine, unsigned mask, Millis now);
@@ -45,8 +44,8 @@ Millis RampOf(int setting);
 /// All axes stand where they are, the rest of the plan is dropped.
 void StopMotion(Machine& machine, Millis now);
 
-/// Puts an alarm up: motion stops, the outputs show it. It replaces one
-/// that stood, unless that one was not resettable.
+/// Puts an alarm up: motion stops, the outputs show it. It replaces one that stood, unless that one
+/// was not resettable.
 void Raise(Machine& machine, Alarm alarm, Millis now, std::optional<Millis> goesOutAfter = {});
 void ClearAlarm(Machine& machine);
 

@@ -4,8 +4,10 @@
 
 #include "simulator/faults.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace qdk8 {
@@ -30,6 +32,7 @@ struct Options {
     std::string board;
     std::optional<AlarmOrder> alarm;
     std::optional<Millis> turnaround;
+    std::optional<std::size_t> handful;
     std::vector<FaultRule> faults;
 };
 
@@ -37,10 +40,7 @@ struct Options {
 bool ParseOptions(const std::vector<std::string>& arguments, Options& options,
                   std::string& problem);
 
-/// An axis mask of one or two hexadecimal digits; no value for anything else or above F.
-std::optional<unsigned> ParseMask(std::string_view text);
-
-/// The whole text of --help.
-std::string HelpText();
+/// How many characters the driver hands over together, 1 to 4096; no value for anything else.
+std::optional<std::size_t> ParseHandful(std::string_view text);
 
 } // namespace qdk8

@@ -54,4 +54,29 @@ std::optional<Millis> FromDecimal(std::string_view digits, Millis limit) {
     return value;
 }
 
+std::optional<unsigned> ParseMask(std::string_view text) {
+    if (text.empty() || text.size() > 2 || !IsHex(text) || FromHex(text) > 15) {
+        return std::nullopt;
+    }
+    return static_cast<unsigned>(FromHex(text));
+}
+
+std::optional<std::string> Unescaped(std::string_view text) {
+    constexpr std::string_view kNames = "rns\\";
+    constexpr std::string_view kMeant = "\r\n \\";
+    std::string plain;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '\\') {
+            plain += text[i];
+            continue;
+        }
+        const std::size_t at = ++i < text.size() ? kNames.find(text[i]) : std::string_view::npos;
+        if (at == std::string_view::npos) {
+            return std::nullopt;
+        }
+        plain += kMeant[at];
+    }
+    return plain;
+}
+
 } // namespace qdk8

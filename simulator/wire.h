@@ -16,6 +16,9 @@ using Millis = std::int64_t;
 
 constexpr int kAxisCountMax = 4;
 
+/// The longest time that anybody may ask for.
+constexpr Millis kLongestWait = 3'600'000;
+
 /// Something that leaves the controller at a moment: bytes, or the end of the line itself.
 struct Outgoing {
     Millis at = 0;
@@ -48,5 +51,12 @@ std::string ToHex(int value, int width);
 
 /// The value of plain decimal digits, within 0 to `limit`; no value for any other text.
 std::optional<Millis> FromDecimal(std::string_view digits, Millis limit);
+
+/// An axis mask of one or two hexadecimal digits; no value for anything else or above F.
+std::optional<unsigned> ParseMask(std::string_view text);
+
+/// `text` with "\\r", "\\n", "\\s" and "\\\\" turned into CR, LF, a blank and a backslash; no value
+/// when another character follows a backslash.
+std::optional<std::string> Unescaped(std::string_view text);
 
 } // namespace qdk8

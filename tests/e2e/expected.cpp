@@ -1,6 +1,6 @@
 #include "expected.h"
 
-#include "simulator/memory.h"
+#include "simulator/start_memory.h"
 #include "simulator/wire.h"
 
 #include <array>

@@ -1,6 +1,8 @@
 // The machine as it is delivered, and its lasting memory in a file.
 
 #include "simulator/memory_file.h"
+#include "simulator/start_memory.h"
+#include "simulator/usable.h"
 
 #include <cstdlib>
 #include <filesystem>

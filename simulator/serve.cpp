@@ -1,0 +1,103 @@
+#include "simulator/serve.h"
+
+#include "simulator/front_control.h"
+#include "simulator/pace.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <csignal>
+#include <cstdio>
+#include <ctime>
+#include <poll.h>
+#include <string>
+#include <unistd.h>
+
+namespace qdk8 {
+namespace {
+
+volatile std::sig_atomic_t endAsked = 0;
+
+void AskEnd(int) {
+    endAsked = 1;
+}
+
+void ReadControl(Front& front) {
+    std::array<char, 1024> buffer{};
+    const ssize_t length = ::read(STDIN_FILENO, buffer.data(), buffer.size());
+    if (length < 0 && (errno == EINTR || errno == EAGAIN)) {
+        return;
+    }
+    if (length <= 0) {
+        front.ended = true;
+        return;
+    }
+    front.typed.append(buffer.data(), static_cast<std::size_t>(length));
+    for (std::size_t end = front.typed.find('\n'); end != std::string::npos && !front.ended;
+         end = front.typed.find('\n')) {
+        const std::string line = front.typed.substr(0, end);
+        front.typed.erase(0, end + 1);
+        std::fputs(ObeyFront(front, line).c_str(), stdout);
+        std::fflush(stdout);
+    }
+}
+
+void SleepUntilDue(Front& front, const sigset_t& signals) {
+    std::array<pollfd, 3> files{{{front.terminal.master, POLLIN, 0},
+                                 {front.terminal.watch, POLLIN, 0},
+                                 {front.options.control ? STDIN_FILENO : -1, POLLIN, 0}}};
+    timespec wait{};
+    const auto next = NextMoment(front);
+    if (next) {
+        const double left = std::max(*next - Microseconds(), 0.0) * 1000;
+        wait.tv_sec = static_cast<time_t>(left / 1e9);
+        wait.tv_nsec = static_cast<long>(std::fmod(left, 1e9));
+    }
+    if (::ppoll(files.data(), files.size(), next ? &wait : nullptr, &signals) <= 0) {
+        return;
+    }
+    if (files[1].revents != 0) {
+        NoteOpenings(front.terminal);
+    }
+    if ((files[0].revents & POLLIN) != 0) {
+        ReadLine(front);
+    }
+    if (files[2].revents != 0) {
+        ReadControl(front);
+    }
+}
+
+/// The signals come only while the loop sleeps, so none falls between a look at the flag and sleep.
+sigset_t TakeSignals() {
+    struct sigaction action {};
+    action.sa_handler = AskEnd;
+    sigset_t ends{};
+    ::sigemptyset(&ends);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        ::sigaction(signal, &action, nullptr);
+        ::sigaddset(&ends, signal);
+    }
+    sigset_t before{};
+    ::sigprocmask(SIG_BLOCK, &ends, &before);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        ::sigdelset(&before, signal);
+    }
+    action.sa_handler = SIG_IGN;
+    ::sigaction(SIGPIPE, &action, nullptr);
+    return before;
+}
+
+} // namespace
+
+int Serve(Front& front) {
+    const sigset_t signals = TakeSignals();
+    TellPlace(front, "ready");
+    while (!front.ended && endAsked == 0) {
+        ServeDue(front);
+        SleepUntilDue(front, signals);
+    }
+    Unplug(front.terminal);
+    return KeepMemoryOrTell(front) ? 0 : 1;
+}
+
+} // namespace qdk8
