@@ -53,8 +53,7 @@ struct Machine {
     std::function<bool()> keep;
 
     int axes = 4; ///< axes the controller has at all
-    std::string identity =
-        "140A40"; ///< reply to 0RV: version (3), one character, axes, one character
+    std::string identity = "140A40"; ///< version (3), one character, axes, one character
     std::array<std::string, kAxisCountMax> boards{"121K8R", "121K8R", "121K8R", "121K8R"};
 
     int mode = 0; ///< working mode set last, 0 to 2

@@ -23,8 +23,8 @@ int PresentPosition(const Machine& machine, int axis, Millis now);
 unsigned AxesThere(const Machine& machine);
 unsigned AxesInUse(const Machine& machine);
 
-// Each of these begins a plan; the machine must stand still. A refusal is the alarm to answer with;
-// it changes nothing. Only for a move past a soft limit, a bad row and a bad group the alarm stands.
+// Each of these begins a plan; the machine must stand still. A refusal is the alarm to answer with
+// and changes nothing; the alarm stands only for a move past a soft limit, a bad row or a bad group.
 using Refusal = std::optional<Alarm>;
 
 Refusal BeginHoming(Machine& machine, unsigned mask, Millis now);
