@@ -31,8 +31,6 @@ struct ScreenFunctions {
     std::function<void()> flgdData;
     /// Gives the grid the focus.
     std::function<void()> flgdDataFocus;
-    /// Repaint of the axis texts and colours after the axes in use changed.
-    std::function<void()> frmMainAxes;
 
     /// The language of the run is settled: font, and what the toolkit itself says.
     std::function<void()> languageSettled;

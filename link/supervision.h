@@ -1,9 +1,6 @@
 #pragma once
 
-#include <cstdint>
-
-/// What keeps the user informed of the line and the alarm, and the small commands that ask the
-/// controller what it is.
+/// What keeps the user informed of the line and the alarm.
 namespace qdw8 {
 
 /// The half-second tick `Timer1`: the port lamp (the rest of the panel and the status bar are told
@@ -20,15 +17,6 @@ public:
     PollHeld(const PollHeld&) = delete;
     PollHeld& operator=(const PollHeld&) = delete;
 };
-
-/// `cmdReset` and `mnuFuncAlmReset`.
-void cmdReset_Click();
-/// Asks, then goes off line.
-void mnuSettingsOffline_Click();
-/// Shows the versions of the main unit and of each axis in use.
-void mnuFuncCtversion_Click();
-/// Reads the axes in use, takes them over and shows them.
-void mnuFuncGetAxis_Click();
 
 void ResetSupervision();
 

@@ -5,20 +5,10 @@
 #include "app/screens.h"
 #include "device/Module2Calc.h"
 #include "device/axis_device.h"
-#include "device/axis_texts.h"
-#include "device/controller_device.h"
 #include "device/device_list.h"
-#include "device/device_settings.h"
-#include "link/Module3Tusin.h"
-#include "link/supervision.h"
-#include "parameter/device_bytes.h"
 #include "parameter/factory_lists.h"
 #include "parameter/para_set.h"
 #include "platform/fault.h"
-
-#include <array>
-#include <exception>
-#include <string>
 
 namespace qdw8 {
 
@@ -47,47 +37,6 @@ bool HoldsHorizontalType(std::int16_t type) {
     constexpr std::int16_t kPush = 0;
     constexpr std::int16_t kUnlisted = 4; // a good value, though no list offers it
     return type == kPush || type == kUnlisted;
-}
-
-/// The devices as they are now, to go back to.
-struct DevicesBefore {
-    std::array<AxisDevice, kAxes> setting = DevSetting;
-    std::array<AxisDevice, kAxes> settei = DevSettei;
-    std::array<std::string, kAxes> family = FamilyText;
-
-    void putBack() const {
-        DevSetting = setting;
-        DevSettei = settei;
-        FamilyText = family;
-    }
-};
-
-/// The controller's actuators of these axes, which are in use.
-std::int16_t TakeOver(const AxisChoice& axes) {
-    const DevicesBefore before;
-    try {
-        if (ReadDeviceBytes() == 0 && TakeControllerFlags(axes) == 0 &&
-            TakeControllerDevices(axes) == 0) {
-            CalcMaxStrokeMm();
-            ShowTakenDevices();
-            WriteDeviceSettings();
-            return 0;
-        }
-    } catch (const std::exception&) {
-        // as any other failure
-    }
-    // Half a device is none: a lead without its model would convert by a stranger's figures.
-    before.putBack();
-    return 1;
-}
-
-AxisChoice AxesWithoutLead() {
-    AxisChoice axes = AxesInUse();
-    for (std::size_t axis = 0; axis < axes.size(); ++axis) {
-        const AxisDevice& device = DevSetting[axis];
-        axes[axis] = axes[axis] && (device.DevLead <= 0 || device.DevPPR <= 0);
-    }
-    return axes;
 }
 
 void TakeDevice(std::size_t axis) {
@@ -150,50 +99,6 @@ void Culc_MaxPulse2() {
     for (std::size_t axis = 0; axis < kAxes; ++axis) {
         DevSetting[axis].MaxPulse = IsSet(AxisOff[axis]) ? 0 : ToInt32(ParaSet.STROKE[axis]);
     }
-}
-
-std::int16_t TakeOverDevicesOfController() {
-    return TakeOver(AxesInUse());
-}
-
-bool CompleteAxes() {
-    AxisChoice lacking = AxesWithoutLead();
-    for (std::size_t axis = 0; axis < lacking.size(); ++axis) {
-        // A device that only the settings know of has no stroke end, and may not be the one fitted.
-        lacking[axis] = lacking[axis] || (!IsSet(AxisOff[axis]) && DevSetting[axis].MaxPulse <= 0);
-    }
-    if (lacking == AxisChoice{}) {
-        return false;
-    }
-    const PollHeld held;
-    if (!IsSet(OffLineFlag)) {
-        TakeOver(lacking);
-        CloseCtPort();
-    }
-    if (TakeOutAxesWithoutLead()) {
-        ShowTakenDevices();
-        ShowTexts({4, 5});
-    }
-    return true;
-}
-
-bool TakeOutAxesWithoutLead() {
-    const AxisChoice lacking = AxesWithoutLead();
-    for (std::size_t axis = 0; axis < lacking.size(); ++axis) {
-        if (lacking[axis]) {
-            AxisOff[axis] = kSet;
-        }
-    }
-    return lacking != AxisChoice{};
-}
-
-void ShowTakenDevices() {
-    if (Screens().frmMainAxes) {
-        Screens().frmMainAxes(); // shows the two below as well
-        return;
-    }
-    ShowAxisDevices();
-    ShowUnitScale();
 }
 
 std::int16_t SelectDeviceAndLoadFactory() {

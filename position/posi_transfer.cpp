@@ -2,22 +2,13 @@
 
 #include "app/boxes.h"
 #include "app/number_forms.h"
-#include "app/screens.h"
 #include "app/string_table.h"
 #include "app/transfer_dialog.h"
 #include "link/Module3Tusin.h"
 #include "link/ct_commands.h"
-#include "link/supervision.h"
 #include "platform/fault.h"
-#include "platform/platform.h"
-#include "position/controller_settings.h"
-#include "position/flex_grid.h"
-#include "position/grid_display.h"
-#include "position/posi_command.h"
-#include "position/posi_file.h"
 #include "position/posi_table.h"
 
-#include <exception>
 #include <vector>
 
 namespace qdw8 {
@@ -80,83 +71,6 @@ bool ReadRows(std::vector<RowNumbers>& rows) {
     return true;
 }
 
-/// Data in the table can be saved first. False: the command ends here.
-bool OfferToSave() {
-    if (!PosiTableHasData()) {
-        return true;
-    }
-    switch (AskBox(ResText(369), BoxButtons::YesNoCancel)) {
-    case BoxAnswer::Yes:
-        SavePosiFileAs();
-        // What the user wanted to keep is not overwritten because saving it was broken off.
-        return !IsSet(SaveCancelledFlag);
-    case BoxAnswer::No: return true;
-    default: return false;
-    }
-}
-
-/// Range and confirmation. False: the command ends here.
-bool AskRange() {
-    TransferRunFlag = kSet;
-    Screens().frmSelectPosiNo2();
-    if (IsSet(RangeCancelFlag)) {
-        RangeCancelFlag = kClear;
-        return false;
-    }
-    return AskBox(ResText(370), BoxButtons::OkCancel) == BoxAnswer::Ok;
-}
-
-void ShowWhatCame() {
-    PosiStageToTable();
-    ConvertTableToMm();
-    QdDataHyoji_3();
-    ShowPosiFileName(ResText(374));
-    PosiDirtyFlag = kClear;
-}
-
-void ReadChosenRange(const RangesBefore& before) {
-    const PollHeld held;
-    TransferCancelFlag = kClear;
-    SavedGridFirst = GridFirst;
-    SavedGridLast = GridLast;
-    GridFirst = PosiFirst;
-    GridLast = PosiLast;
-    GridRowCount = static_cast<std::int16_t>(GridLast - GridFirst + 1);
-    GoOnLine();
-    const std::int16_t compared = MatchControllerSettings();
-    if (compared != 0) {
-        ShowBox(compared == 1 ? TextLines({108, 425}) : ResText(108));
-        CloseCtPort();
-        return;
-    }
-    const std::int16_t result = ReadPosidataFromCt();
-    if (result == 0) {
-        ShowWhatCame();
-        return;
-    }
-    if (result == 2) {
-        ShowTexts({425});
-    }
-    before.putBack();
-}
-
-void Read() {
-    if (!OfferToSave()) {
-        return;
-    }
-    const RangesBefore before;
-    if (!AskRange()) {
-        before.putBack();
-        return;
-    }
-    try {
-        ReadChosenRange(before);
-    } catch (const std::exception&) {
-        before.putBack();
-        throw;
-    }
-}
-
 } // namespace
 
 std::int16_t ReadPosidataFromCt() {
@@ -183,18 +97,6 @@ std::int16_t ReadPosidataFromCt() {
         ++position;
     }
     return 0;
-}
-
-void ReadFromCt() {
-    const PositionCommand command;
-    try {
-        Read();
-    } catch (const std::exception&) {
-        UnloadTrance();
-        CloseCtPort();
-        ShowTexts({108});
-    }
-    TransferRunFlag = kClear;
 }
 
 } // namespace qdw8

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-/// The way of the position table to the controller.
+/// The rows of the position table, to the controller.
 namespace qdw8 {
 
 /// The 43 characters of a position's row on the line, from `PosiTable`. A value that is negative or
@@ -15,9 +15,5 @@ std::string PosiRowText(std::int16_t position);
 /// told: the rows before the failing one stay written. A row whose text is not whole is not sent.
 /// The dialog is gone then, and the port closed unless it is held.
 std::int16_t WritePosidataToCt();
-
-/// `mnuFileLoadtoCt` and its kin, from the range to the controller being back in its normal mode.
-/// A run that stops before its last row leaves the controller in the writing mode.
-void WriteToCt();
 
 } // namespace qdw8

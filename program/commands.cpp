@@ -2,18 +2,17 @@
 
 #include "app/boxes.h"
 #include "app/screens.h"
-#include "devicechange/change_device.h"
-#include "link/supervision.h"
 #include "platform/platform.h"
 #include "position/grid_clipboard.h"
 #include "position/grid_lines.h"
 #include "position/posi_file.h"
 #include "position/posi_new.h"
-#include "position/posi_open.h"
-#include "position/posi_transfer.h"
 #include "position/posi_verify.h"
-#include "position/posi_write.h"
-#include "program/axes.h"
+#include "setup/change_device.h"
+#include "setup/line_commands.h"
+#include "setup/posi_open.h"
+#include "setup/posi_read.h"
+#include "setup/posi_write.h"
 
 #include <algorithm>
 #include <array>
@@ -84,7 +83,7 @@ constexpr std::array kEntries{
     Entry{cmdReset, cmdReset_Click},
     Entry{mnuFuncAlmReset, cmdReset_Click},
     Entry{mnuFuncCtversion, mnuFuncCtversion_Click},
-    Entry{mnuFuncGetAxis, CheckAxes_Click},
+    Entry{mnuFuncGetAxis, mnuFuncGetAxis_Click},
     Entry{mnuSettingsOffline, mnuSettingsOffline_Click},
     Entry{mnuEdit, NoRoutine},
     Entry{mnuView, NoRoutine},

@@ -14,20 +14,20 @@
 #include "device/controller_device.h"
 #include "device/device_list.h"
 #include "device/device_settings.h"
-#include "devicechange/change_device.h"
-#include "devicechange/detail_edit.h"
-#include "devicechange/file_steps.h"
 #include "link/Module3Tusin.h"
 #include "link/axis_mask.h"
 #include "link/ct_commands.h"
-#include "parameter/device_bytes.h"
 #include "parameter/para_reset.h"
 #include "platform/fault.h"
 #include "platform/platform.h"
 #include "position/grid_display.h"
 #include "position/posi_table.h"
-#include "program/axes.h"
 #include "program/commands.h"
+#include "setup/change_device.h"
+#include "setup/controller_devices.h"
+#include "setup/detail_edit.h"
+#include "setup/device_bytes.h"
+#include "setup/repaint_axes.h"
 
 #include <array>
 #include <exception>
@@ -232,7 +232,6 @@ void InitTables() {
     ResetParameters();
     ResetPositions();
     ResetDetailEdit();
-    InstallDeviceChangeSteps();
 }
 
 void Main() {

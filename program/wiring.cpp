@@ -5,7 +5,6 @@
 #include "app/string_table.h"
 #include "platform/qt/qt_platform.h"
 #include "position/grid_editor.h"
-#include "program/axes.h"
 #include "program/commands.h"
 #include "program/shutdown.h"
 #include "windows/controls/icons.h"
@@ -99,7 +98,6 @@ void WireScreens() {
     screens.flgdDataFocus = Tell(&Windows::main, &frmMain::focusGrid);
     screens.frmTrance = Tell(&Windows::trance, &frmTrance::showState);
     screens.frmProcessing = Tell(&Windows::processing, &frmProcessing::showState);
-    screens.frmMainAxes = RepaintAxes;
     screens.languageSettled = DressForLanguage;
     screens.frmMainShow = ShowMain;
     screens.frmMainClose = [] { TheWindows().main->close(); };

@@ -1,7 +1,7 @@
 #include "parameter/para_device.h"
 
 #include "device/axis_device.h"
-#include "parameter/device_bytes.h"
+#include "setup/device_bytes.h"
 #include "parameter/factory_lists.h"
 #include "parameter_fixture.h"
 

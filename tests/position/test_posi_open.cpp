@@ -1,4 +1,4 @@
-#include "position/posi_open.h"
+#include "setup/posi_open.h"
 
 #include "file_fixture.h"
 #include "position/flex_grid.h"

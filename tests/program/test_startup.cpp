@@ -7,7 +7,7 @@
 #include "link/Module3Tusin.h"
 #include "platform/whole_file.h"
 #include "position/posi_table.h"
-#include "program/axes.h"
+#include "setup/line_commands.h"
 #include "program/commands.h"
 #include "program/shutdown.h"
 #include "support/simulated_line.h"

@@ -2,7 +2,7 @@
 #include "app/string_table.h"
 #include "device/Module2Calc.h"
 #include "device/device_list.h"
-#include "devicechange/detail_edit.h"
+#include "setup/detail_edit.h"
 #include "link/Module3Tusin.h"
 #include "link/supervision.h"
 #include "parameter/factory_lists.h"

@@ -1,6 +1,6 @@
 #include "windows/device/frmDevice2.h"
 
-#include "devicechange/device_set.h"
+#include "setup/device_set.h"
 #include "windows/controls/load_form_resources.h"
 #include "windows/device/device_panels.h"
 

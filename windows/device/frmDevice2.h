@@ -1,6 +1,6 @@
 #pragma once
 
-#include "devicechange/device_form.h"
+#include "setup/device_form.h"
 
 #include <QDialog>
 

@@ -1,8 +1,8 @@
 #include "windows/device/frmDevice3.h"
 
-#include "devicechange/detail_edit.h"
-#include "devicechange/device_set.h"
-#include "devicechange/device_write.h"
+#include "setup/detail_edit.h"
+#include "setup/device_set.h"
+#include "setup/device_write.h"
 #include "windows/controls/load_form_resources.h"
 #include "windows/device/device_panels.h"
 

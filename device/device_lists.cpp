@@ -1,0 +1,44 @@
+#include "device/device_lists.h"
+
+#include "device/device_list.h"
+
+#include <algorithm>
+
+namespace qdw8 {
+namespace {
+
+void AddOnce(std::vector<std::string>& rows, const std::string& text) {
+    if (!Holds(rows, text)) {
+        rows.push_back(text);
+    }
+}
+
+} // namespace
+
+bool Holds(const std::vector<std::string>& rows, const std::string& text) {
+    return std::find(rows.begin(), rows.end(), text) != rows.end();
+}
+
+const std::vector<std::string>& FilterSpeedsForSize(std::size_t axis, const std::string& size) {
+    DeviceListTable& table = DeviceListTables[axis];
+    table.speeds.clear();
+    for (const DeviceListRow& row : table.rows) {
+        if (row.size == size) {
+            AddOnce(table.speeds, row.speed);
+        }
+    }
+    return table.speeds;
+}
+
+std::vector<std::string> FilterStrokes(std::size_t axis, const std::string& size,
+                                       const std::string& speed) {
+    std::vector<std::string> strokes;
+    for (const DeviceListRow& row : DeviceListTables[axis].rows) {
+        if (row.size == size && row.speed == speed) {
+            AddOnce(strokes, std::to_string(row.stroke));
+        }
+    }
+    return strokes;
+}
+
+} // namespace qdw8

@@ -1,0 +1,99 @@
+#include "setup/controller_devices.h"
+
+#include "app/Module1.h"
+#include "app/boxes.h"
+#include "device/Module2Calc.h"
+#include "device/axis_device.h"
+#include "device/controller_device.h"
+#include "device/device_settings.h"
+#include "link/Module3Tusin.h"
+#include "link/supervision.h"
+#include "setup/device_bytes.h"
+#include "setup/repaint_axes.h"
+
+#include <array>
+#include <exception>
+#include <string>
+
+namespace qdw8 {
+namespace {
+
+/// The devices as they are now, to go back to.
+struct DevicesBefore {
+    std::array<AxisDevice, kAxes> setting = DevSetting;
+    std::array<AxisDevice, kAxes> settei = DevSettei;
+    std::array<std::string, kAxes> family = FamilyText;
+
+    void putBack() const {
+        DevSetting = setting;
+        DevSettei = settei;
+        FamilyText = family;
+    }
+};
+
+/// The controller's actuators of these axes, which are in use.
+std::int16_t TakeOver(const AxisChoice& axes) {
+    const DevicesBefore before;
+    try {
+        if (ReadDeviceBytes() == 0 && TakeControllerFlags(axes) == 0 &&
+            TakeControllerDevices(axes) == 0) {
+            CalcMaxStrokeMm();
+            RepaintAxes();
+            WriteDeviceSettings();
+            return 0;
+        }
+    } catch (const std::exception&) {
+        // as any other failure
+    }
+    // Half a device is none: a lead without its model would convert by a stranger's figures.
+    before.putBack();
+    return 1;
+}
+
+AxisChoice AxesWithoutLead() {
+    AxisChoice axes = AxesInUse();
+    for (std::size_t axis = 0; axis < axes.size(); ++axis) {
+        const AxisDevice& device = DevSetting[axis];
+        axes[axis] = axes[axis] && (device.DevLead <= 0 || device.DevPPR <= 0);
+    }
+    return axes;
+}
+
+} // namespace
+
+std::int16_t TakeOverDevicesOfController() {
+    return TakeOver(AxesInUse());
+}
+
+bool CompleteAxes() {
+    AxisChoice lacking = AxesWithoutLead();
+    for (std::size_t axis = 0; axis < lacking.size(); ++axis) {
+        // A device that only the settings know of has no stroke end, and may not be the one fitted.
+        lacking[axis] = lacking[axis] || (!IsSet(AxisOff[axis]) && DevSetting[axis].MaxPulse <= 0);
+    }
+    if (lacking == AxisChoice{}) {
+        return false;
+    }
+    const PollHeld held;
+    if (!IsSet(OffLineFlag)) {
+        TakeOver(lacking);
+        CloseCtPort();
+    }
+    if (TakeOutAxesWithoutLead()) {
+        RepaintAxes();
+        ShowTexts({4, 5});
+    }
+    return true;
+}
+
+bool TakeOutAxesWithoutLead() {
+    const AxisChoice lacking = AxesWithoutLead();
+    for (std::size_t axis = 0; axis < lacking.size(); ++axis) {
+        if (lacking[axis]) {
+            AxisOff[axis] = kSet;
+        }
+    }
+    return lacking != AxisChoice{};
+}
+
+} // namespace qdw8

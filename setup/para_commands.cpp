@@ -1,0 +1,274 @@
+#include "setup/para_commands.h"
+
+#include "app/boxes.h"
+#include "app/screens.h"
+#include "app/string_table.h"
+#include "app/transfer_dialog.h"
+#include "device/Module2Calc.h"
+#include "device/device_settings.h"
+#include "link/Module3Tusin.h"
+#include "link/axis_mask.h"
+#include "link/ct_commands.h"
+#include "link/supervision.h"
+#include "parameter/para_check.h"
+#include "parameter/para_device.h"
+#include "parameter/para_fields.h"
+#include "parameter/para_file.h"
+#include "parameter/para_rows.h"
+#include "parameter/para_set.h"
+#include "parameter/para_transfer.h"
+#include "position/grid_display.h"
+#include "setup/change_device.h"
+#include "setup/controller_devices.h"
+#include "setup/device_bytes.h"
+#include "setup/repaint_axes.h"
+
+#include <exception>
+#include <string>
+
+namespace qdw8 {
+namespace {
+
+/// The poll is held and the port closed on every way out of a batch.
+class Batch {
+public:
+    Batch() { GoOnLine(); }
+    ~Batch() {
+        UnloadTrance();
+        CloseCtPort();
+    }
+    Batch(const Batch&) = delete;
+    Batch& operator=(const Batch&) = delete;
+
+private:
+    PollHeld held;
+};
+
+void Tell(std::int16_t id) {
+    ShowTexts({id});
+}
+
+/// Edited data can be saved first. False: the command ends here.
+bool OfferToSave() {
+    if (!ParaFieldsFilled()) {
+        return true;
+    }
+    switch (AskBox(ResText(355), BoxButtons::YesNoCancel)) {
+    case BoxAnswer::Yes:
+        // What the user wanted to keep is not overwritten because saving it was broken off.
+        return SaveParameters() == 0;
+    case BoxAnswer::No: return true;
+    default: return false;
+    }
+}
+
+/// The actuators of both sides must agree. False: the command ends here.
+bool MatchDevices() {
+    switch (CompareDeviceSettings()) {
+    case 0: return true;
+    case 1: break;
+    default: Tell(356); return false;
+    }
+    if (AskBox(TextLines({357, 358}), BoxButtons::YesNo) != BoxAnswer::Yes) {
+        return false;
+    }
+    if (TakeOverDevicesOfController() != 0) {
+        Tell(359);
+        return false;
+    }
+    return true;
+}
+
+/// All blocks into `ParaSet`.
+bool ReadParaSet() {
+    if (ReadAllBlocks() != 0 || ApplyRowTable(RowSource::Controller) != 0) {
+        Tell(359);
+        return false;
+    }
+    return true;
+}
+
+/// The axes in use; the main window follows at once.
+bool ReadAxes() {
+    const auto axesBefore = AxisOff;
+    if (ReadAxisMask() != 0) {
+        Tell(359);
+        return false;
+    }
+    if (AxisOff != axesBefore) {
+        RepaintAxes();
+    }
+    return true;
+}
+
+bool Get() {
+    if (!OfferToSave()) {
+        return false;
+    }
+    const Batch batch;
+    if (!ReadAxes()) {
+        return false;
+    }
+    YukoJikuHyojiSettei();
+    if (!MatchDevices() || !ReadParaSet()) {
+        return false;
+    }
+    ParametaHyoji();
+    return true;
+}
+
+bool Get2() {
+    const Batch batch;
+    return ReadAxes() && ReadParaSet();
+}
+
+void ShowMask() {
+    ParaFields.txtOneAxis = std::to_string(AxisMaskOf(AxisOff));
+    YukoJikuHyojiSettei();
+    RepaintAxes();
+}
+
+/// Both sides must use the same axes. False: the command ends here.
+bool MatchAxes() {
+    if (ReadAxisMaskQuiet() != 0) {
+        Tell(377);
+        return false;
+    }
+    if (CtAxisOff == AxisOff) {
+        return true;
+    }
+    const std::int16_t choice =
+        Screens().frmSelection({ResText(471), ResText(472), {ResText(473), ResText(474)}, false});
+    if (choice == kSelectionCancelled) {
+        return false;
+    }
+    const std::int16_t result = choice == 0 ? WriteAxisMask() : ReadAxisMask();
+    if (result != 0) {
+        return false;
+    }
+    ShowMask();
+    return true;
+}
+
+/// The fields into `ParaSet`, if all of them hold good values.
+bool TakeFields() {
+    if (!ParaFieldsFilled()) {
+        ShowTexts({7, 8});
+        return false;
+    }
+    if (TorikomiParametaValue() != 0 || ParametaValueCheck() != 0) {
+        ShowTexts({1524, 1525});
+        return false;
+    }
+    return true;
+}
+
+bool StandsStill() {
+    switch (ReadArrivalStatus()) {
+    case 1: return true;
+    case 0: Tell(424); return false;
+    default: Tell(377); return false;
+    }
+}
+
+bool WriteInMode() {
+    if (SetCtMode(1) != 0) {
+        Tell(377);
+        return false;
+    }
+    ParaWriteFailedFlag = kClear;
+    const bool written = WriteAllBlocks() == 0;
+    // A controller that was left in the writing mode would refuse to move.
+    if (SetCtMode(0) != 0) {
+        Tell(377);
+    }
+    CloseCtPort();
+    if (!written) {
+        Tell(1528);
+    }
+    return written;
+}
+
+bool Send() {
+    const Batch batch;
+    return MatchAxes() && TakeFields() && StandsStill() && WriteInMode();
+}
+
+/// What the controller now holds becomes what the program works with. False: it couldn't be read.
+bool Reflect() {
+    if (GetParametaValue2() != 0) {
+        return false;
+    }
+    YukoJikuHyojiSettei();
+    ParametaHyoji();
+    if (TakeParameterDevices() != 0) {
+        // The parameters are written, and the axes follow them; devices that can't be taken were
+        // told and stay as they were. An axis that has none is seen to at the end.
+        RepaintAxes();
+        return true;
+    }
+    Culc_MaxPulse2();
+    CalcMaxStrokeMm();
+    RepaintAxes();
+    WriteDeviceSettings();
+    if (GridShowsItsRange() && RecheckPositions() == 1) {
+        Tell(1526);
+    }
+    return true;
+}
+
+void Write() {
+    if (AskBox(ResText(470), BoxButtons::YesNo) != BoxAnswer::Yes) {
+        return;
+    }
+    const PollHeld held;
+    if (!Send()) {
+        return;
+    }
+    if (AskBox(ResText(685), BoxButtons::YesNo) == BoxAnswer::Yes && !Reflect()) {
+        return;
+    }
+    Tell(1527);
+}
+
+/// The axes that the command brought into use; the fields of one that had to go again are emptied.
+void FinishAxes() {
+    const auto axesBefore = AxisOff;
+    CompleteAxes();
+    if (AxisOff != axesBefore) {
+        YukoJikuHyojiSettei();
+    }
+}
+
+} // namespace
+
+std::int16_t GetParametaValue() {
+    bool done = false;
+    try {
+        done = Get();
+    } catch (const std::exception&) {
+        Tell(359);
+    }
+    FinishAxes();
+    return done ? 0 : 1;
+}
+
+std::int16_t GetParametaValue2() {
+    try {
+        return Get2() ? 0 : 1;
+    } catch (const std::exception&) {
+        Tell(359);
+        return 1;
+    }
+}
+
+void cmdParaWrite_Click() {
+    try {
+        Write();
+    } catch (const std::exception&) {
+        Tell(1528);
+    }
+    FinishAxes();
+}
+
+} // namespace qdw8

@@ -1,0 +1,179 @@
+#include "setup/posi_open.h"
+
+#include "app/boxes.h"
+#include "app/screens.h"
+#include "app/string_table.h"
+#include "device/Module2Calc.h"
+#include "device/axis_device.h"
+#include "device/axis_texts.h"
+#include "device/device_name.h"
+#include "device/device_settings.h"
+#include "link/Module3Tusin.h"
+#include "parameter/factory_lists.h"
+#include "parameter/para_file.h"
+#include "platform/fault.h"
+#include "platform/platform.h"
+#include "position/grid_display.h"
+#include "position/posi_command.h"
+#include "position/posi_file.h"
+#include "position/posi_reader.h"
+#include "position/posi_table.h"
+#include "setup/device_copies.h"
+
+#include <exception>
+#include <filesystem>
+#include <optional>
+
+namespace qdw8 {
+
+namespace {
+
+/// The devices of before, to be put back where a change of them comes to no end: half a device
+/// would convert positions by a stranger's figures.
+struct DevicesBefore {
+    std::array<AxisDevice, kAxes> setting = DevSetting;
+    std::array<AxisDevice, kAxes> settei = DevSettei;
+    std::array<std::string, kAxes> family = FamilyText;
+    std::array<Flag, kAxes> off = AxisOff;
+    std::array<Flag, kAxes> fileOff = FileAxisOff;
+
+    void putBack() const {
+        DevSetting = setting;
+        DevSettei = settei;
+        FamilyText = family;
+        AxisOff = off;
+        FileAxisOff = fileOff;
+    }
+};
+
+std::optional<FileAnswer> AskFile() {
+    FileQuestion question;
+    question.kind = FileQuestion::Kind::Open;
+    question.title = ResText(364);
+    question.filter = ResText(351);
+    question.defaultExt = "qdd";
+    question.flags = kFileMustExist;
+    return ThePlatform().CommonDialog1.ShowFile(question);
+}
+
+void TakeFileRange() {
+    const bool noData = FileFirst == 0 && FileLast == 0;
+    if (noData || FileLast < FileFirst) {
+        throw Fault("the file's rows can't be shown");
+    }
+    GridFirst = PosiFirst = FileFirst;
+    GridLast = PosiLast = FileLast;
+    GridRowCount = static_cast<std::int16_t>(FileLast - FileFirst + 1);
+}
+
+/// True if the file uses other axes or other actuators than the program.
+bool FileDiffers() {
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
+        FileAxisOff[axis] = FlagOf(FileDevText[axis].empty());
+    }
+    if (ParseFileDevices() != 0) {
+        throw Fault("the file names a device that doesn't exist");
+    }
+    return CompareActuatorSettingOfPosifile2PC() == 1 || FileAxisOff != AxisOff;
+}
+
+std::int16_t TakeAndStoreDevices() {
+    if (TakeDevicesOfParaSet() != 0) {
+        return 1;
+    }
+    WriteDeviceSettings();
+    return 0;
+}
+
+/// The actuators of the file with their factory parameters; if they can't be had, the positions
+/// are opened with the actuators of before.
+void TakeFileDevices(const DevicesBefore& before) {
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
+        const bool newlyUsed = IsSet(AxisOff[axis]) && !IsSet(FileAxisOff[axis]);
+        if (newlyUsed && ParseFileDevice(axis) != 0) {
+            throw Fault("the file names a device that doesn't exist");
+        }
+    }
+    ReflectFileDevice2PcDevice();
+    if (LoadFactoryParameters() != 0 || TakeAndStoreDevices() != 0) {
+        before.putBack();
+    }
+}
+
+/// The actuators of a parameter file. False: the command ends, and a box has told why.
+bool TakeParameterFile() {
+    const std::int16_t result = OpenParaFile();
+    if (result == -1) {
+        ShowTexts({367});
+    }
+    return result == 0 && TakeAndStoreDevices() == 0;
+}
+
+/// Puts other axes or actuators to the user. False: the command ends here.
+bool SettleDevices(const DevicesBefore& before) {
+    if (!FileDiffers()) {
+        return true;
+    }
+    switch (Screens().frmSelection(
+        {ResText(471), ResText(44), {ResText(45), ResText(46), ResText(47)}, false})) {
+    case 0: LetDevSettingToDevSettei(); return true;
+    case 1: TakeFileDevices(before); return true;
+    case 2: return TakeParameterFile();
+    default: return true; // cancelled: opened all the same, with nothing copied
+    }
+}
+
+void ShowAxes() {
+    ShowAxisDevices();
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
+        if (IsSet(DevSetting[axis].Device)) {
+            FamilyText[axis] = "QD";
+        }
+    }
+}
+
+/// From the dialog to the filled grid. False: the document is the one of before.
+bool Open(const DevicesBefore& before) {
+    const auto answer = AskFile();
+    if (!answer) {
+        ShowTexts({367});
+        return false;
+    }
+    if (answer->path.empty() || !ReadPosiFileWithTries(answer->path)) {
+        return false;
+    }
+    TakeFileRange();
+    if (!SettleDevices(before)) {
+        return false;
+    }
+    ShowAxes();
+    PosiStageToTable();
+    ConvertTableToMm();
+    QdDataHyoji_3();
+    CalcMaxStrokeMm();
+    ShowUnitScale();
+    PosiFolder = std::filesystem::path(answer->path).parent_path().string();
+    ShowPosiFileName(FileNameOnly(answer->title));
+    PosiDirtyFlag = kClear;
+    return true;
+}
+
+} // namespace
+
+void OpenPosiFile() {
+    const PositionCommand command;
+    const RangesBefore ranges;
+    const DevicesBefore devices;
+    bool opened = false;
+    try {
+        opened = Open(devices);
+    } catch (const std::exception&) {
+        ShowTexts({484});
+    }
+    if (!opened) {
+        ranges.putBack();
+        devices.putBack();
+    }
+}
+
+} // namespace qdw8

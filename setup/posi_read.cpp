@@ -1,0 +1,114 @@
+#include "setup/posi_read.h"
+
+#include "app/boxes.h"
+#include "app/screens.h"
+#include "app/string_table.h"
+#include "app/transfer_dialog.h"
+#include "link/Module3Tusin.h"
+#include "link/supervision.h"
+#include "platform/platform.h"
+#include "position/flex_grid.h"
+#include "position/grid_display.h"
+#include "position/posi_command.h"
+#include "position/posi_file.h"
+#include "position/posi_table.h"
+#include "position/posi_transfer.h"
+#include "setup/controller_settings.h"
+
+#include <exception>
+
+namespace qdw8 {
+namespace {
+
+/// Data in the table can be saved first. False: the command ends here.
+bool OfferToSave() {
+    if (!PosiTableHasData()) {
+        return true;
+    }
+    switch (AskBox(ResText(369), BoxButtons::YesNoCancel)) {
+    case BoxAnswer::Yes:
+        SavePosiFileAs();
+        // What the user wanted to keep is not overwritten because saving it was broken off.
+        return !IsSet(SaveCancelledFlag);
+    case BoxAnswer::No: return true;
+    default: return false;
+    }
+}
+
+/// Range and confirmation. False: the command ends here.
+bool AskRange() {
+    TransferRunFlag = kSet;
+    Screens().frmSelectPosiNo2();
+    if (IsSet(RangeCancelFlag)) {
+        RangeCancelFlag = kClear;
+        return false;
+    }
+    return AskBox(ResText(370), BoxButtons::OkCancel) == BoxAnswer::Ok;
+}
+
+void ShowWhatCame() {
+    PosiStageToTable();
+    ConvertTableToMm();
+    QdDataHyoji_3();
+    ShowPosiFileName(ResText(374));
+    PosiDirtyFlag = kClear;
+}
+
+void ReadChosenRange(const RangesBefore& before) {
+    const PollHeld held;
+    TransferCancelFlag = kClear;
+    SavedGridFirst = GridFirst;
+    SavedGridLast = GridLast;
+    GridFirst = PosiFirst;
+    GridLast = PosiLast;
+    GridRowCount = static_cast<std::int16_t>(GridLast - GridFirst + 1);
+    GoOnLine();
+    const std::int16_t compared = MatchControllerSettings();
+    if (compared != 0) {
+        ShowBox(compared == 1 ? TextLines({108, 425}) : ResText(108));
+        CloseCtPort();
+        return;
+    }
+    const std::int16_t result = ReadPosidataFromCt();
+    if (result == 0) {
+        ShowWhatCame();
+        return;
+    }
+    if (result == 2) {
+        ShowTexts({425});
+    }
+    before.putBack();
+}
+
+void Read() {
+    if (!OfferToSave()) {
+        return;
+    }
+    const RangesBefore before;
+    if (!AskRange()) {
+        before.putBack();
+        return;
+    }
+    try {
+        ReadChosenRange(before);
+    } catch (const std::exception&) {
+        before.putBack();
+        throw;
+    }
+}
+
+} // namespace
+
+void ReadFromCt() {
+    const PositionCommand command;
+    try {
+        Read();
+    } catch (const std::exception&) {
+        UnloadTrance();
+        CloseCtPort();
+        ShowTexts({108});
+    }
+    TransferRunFlag = kClear;
+}
+
+} // namespace qdw8
