@@ -4,6 +4,7 @@
 #include "app/main_panel.h"
 #include "link/Module3Tusin.h"
 #include "link/ct_commands.h"
+#include "platform/platform.h"
 
 #include <exception>
 

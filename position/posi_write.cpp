@@ -2,10 +2,11 @@
 
 #include "app/boxes.h"
 #include "app/number_forms.h"
+#include "app/string_table.h"
 #include "app/transfer_dialog.h"
 #include "link/Module3Tusin.h"
 #include "link/ct_commands.h"
-#include "position/posi_check.h"
+#include "position/check_result.h"
 #include "position/posi_table.h"
 
 #include <algorithm>

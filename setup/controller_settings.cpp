@@ -4,8 +4,8 @@
 #include "app/screens.h"
 #include "app/string_table.h"
 #include "link/axis_mask.h"
-#include "setup/device_bytes.h"
 #include "setup/controller_devices.h"
+#include "setup/device_bytes.h"
 
 namespace qdw8 {
 namespace {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/Module1.h"
-#include "setup/device_form.h"
 #include "platform/timer.h"
+#include "setup/device_form.h"
 
 /// The way from `frmDevice3` on to the parameter window. Two modal windows must not stand on each
 /// other here: the second one is opened by a timer of the main window once the first is gone.

@@ -4,9 +4,9 @@
 #include "device/axis_device.h"
 #include "device/device_list.h"
 #include "device/device_lists.h"
-#include "setup/device_set.h"
 #include "parameter/factory_lists.h"
 #include "parameter/para_device.h"
+#include "setup/device_set.h"
 
 #include <cctype>
 #include <utility>

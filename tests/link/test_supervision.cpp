@@ -3,11 +3,14 @@
 
 #include "app/command_states.h"
 #include "app/transfer_dialog.h"
+#include "device/axis_device.h"
+#include "device/axis_texts.h"
 #include "link/Module3Tusin.h"
 #include "link/axis_mask.h"
 #include "link/ct_commands.h"
 #include "link/link_fixture.h"
 #include "link/supervision.h"
+#include "setup/line_commands.h"
 
 #include <functional>
 #include <map>
@@ -49,6 +52,14 @@ protected:
                 platform.arrive(10, found->second + "\r\n");
             }
         };
+    }
+
+    /// No axis that comes into use lacks a device.
+    static void knowDevices() {
+        ResetDevices();
+        for (AxisDevice& device : DevSetting) {
+            device = {" 44", "L", 100, kSet, kClear, kSet, kSet, 2, 400, 0.005, 20000, 100};
+        }
     }
 
     std::function<void(const std::string&)> onSend;
@@ -423,8 +434,7 @@ TEST_F(SupervisionTest, FailedVersionReadShowsItsOwnBoxOnly) {
 
 TEST_F(SupervisionTest, AxesInUseAreTakenOverShownAndPainted) {
     SetOfflineState();
-    int painted = 0;
-    Screens().frmMainAxes = [&painted] { ++painted; };
+    knowDevices();
     std::vector<std::string> dialog;
     Screens().frmTrance = [&dialog] {
         const TransferDialog& now = TheTransferDialog();
@@ -437,7 +447,7 @@ TEST_F(SupervisionTest, AxesInUseAreTakenOverShownAndPainted) {
     platform.expectBox("Axis setting is 1,2,4.");
     mnuFuncGetAxis_Click();
     EXPECT_EQ(AxisOff, (std::array<Flag, kAxes>{kClear, kClear, kSet, kClear}));
-    EXPECT_EQ(painted, 1);
+    EXPECT_EQ(ThePanel().axisHeader[2], "AXIS 3:************");
     const std::string text = "Reading data from controller...";
     EXPECT_EQ(dialog,
               (std::vector<std::string>{text + " 0/2", text + " 1/2", text + " 2/2", "gone"}));
@@ -447,7 +457,7 @@ TEST_F(SupervisionTest, AxesInUseAreTakenOverShownAndPainted) {
 
 TEST_F(SupervisionTest, FailedAxisReadChangesNothing) {
     AxisOff[3] = kSet;
-    Screens().frmMainAxes = [] { ADD_FAILURE() << "nothing to paint"; };
+    knowDevices();
     answerWith({{"0RD0", "0%%013"}});
     platform.expectBox(kHomingBox);
     mnuFuncGetAxis_Click();
@@ -462,6 +472,7 @@ TEST_F(SupervisionTest, BatchesHoldThePoll) {
     using Row = std::pair<void (*)(), std::string>;
     for (const auto& [click, first] :
          {Row{mnuFuncGetAxis_Click, "0RD0"}, Row{mnuFuncCtversion_Click, "0CM1"}}) {
+        knowDevices();
         GoOnLine();
         EnableTimer(Timer1);
         platform.run(250);

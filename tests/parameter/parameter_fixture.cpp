@@ -1,4 +1,4 @@
-#include "parameter_fixture.h"
+#include "parameter/parameter_fixture.h"
 
 #include "app/main_panel.h"
 #include "app/transfer_dialog.h"

@@ -1,7 +1,7 @@
 #include "parameter/factory_lists.h"
 
 #include "device/axis_device.h"
-#include "parameter_fixture.h"
+#include "parameter/parameter_fixture.h"
 
 #include <filesystem>
 #include <map>

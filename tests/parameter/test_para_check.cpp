@@ -1,6 +1,6 @@
 #include "parameter/para_check.h"
 
-#include "parameter_fixture.h"
+#include "parameter/parameter_fixture.h"
 
 namespace qdw8::test {
 namespace {

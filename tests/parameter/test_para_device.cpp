@@ -1,9 +1,10 @@
 #include "parameter/para_device.h"
 
 #include "device/axis_device.h"
-#include "setup/device_bytes.h"
 #include "parameter/factory_lists.h"
-#include "parameter_fixture.h"
+#include "parameter/parameter_fixture.h"
+#include "setup/controller_devices.h"
+#include "setup/device_bytes.h"
 
 namespace qdw8::test {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "app/string_table.h"
 #include "device/axis_device.h"
-#include "parameter_fixture.h"
+#include "parameter/parameter_fixture.h"
 
 #include <utility>
 

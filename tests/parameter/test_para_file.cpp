@@ -3,7 +3,7 @@
 #include "app/string_table.h"
 #include "parameter/para_fields.h"
 #include "parameter/para_rows.h"
-#include "parameter_fixture.h"
+#include "parameter/parameter_fixture.h"
 #include "platform/whole_file.h"
 
 #include <filesystem>

@@ -6,7 +6,7 @@
 #include "parameter/para_blocks.h"
 #include "parameter/para_file.h"
 #include "parameter/para_rows.h"
-#include "parameter_fixture.h"
+#include "parameter/parameter_fixture.h"
 
 #include <utility>
 

@@ -11,46 +11,10 @@ PosiFilesTest::PosiFilesTest()
     SetPanelText(&MainPanel::lblDeviceType, 0, "QD- 44L-100_ ");
     SetPanelText(&MainPanel::lblDeviceType, 3, "QD- 61F-200  ");
     DevSettei = DevSetting;
-    DeviceChangeSteps& steps = DeviceChange();
-    steps.CompareActuatorSettingOfPosifile2PC = [] {
-        for (std::size_t axis = 0; axis < kAxes; ++axis) {
-            const AxisDevice& pc = DevSetting[axis];
-            const AxisDevice& file = DevSettei[axis];
-            if (!IsSet(FileAxisOff[axis]) &&
-                (pc.NewType != file.NewType || pc.DevSize != file.DevSize ||
-                 pc.DevSpeed != file.DevSpeed || pc.DevStroke != file.DevStroke)) {
-                return std::int16_t{1};
-            }
-        }
-        return std::int16_t{0};
-    };
-    steps.LetDevSettingToDevSettei = [this] { asked.emplace_back("let"); };
-    steps.ReflectFileDevice2PcDevice = [this] {
-        asked.emplace_back("reflect");
-        AxisOff = FileAxisOff;
-        for (std::size_t axis = 0; axis < kAxes; ++axis) {
-            DevSetting[axis].DevSize = DevSettei[axis].DevSize;
-            DevSetting[axis].DevSpeed = DevSettei[axis].DevSpeed;
-            DevSetting[axis].DevStroke = DevSettei[axis].DevStroke;
-        }
-    };
-    steps.LoadFactoryParameters = [this] {
-        asked.emplace_back("factory");
-        return factoryResult;
-    };
-    steps.OpenParameterFile = [this] {
-        asked.emplace_back("open parameters");
-        return parameterFileResult;
-    };
-    steps.TakeParameterDevices = [this] {
-        asked.emplace_back("take");
-        return takeResult;
-    };
 }
 
 PosiFilesTest::~PosiFilesTest() {
     std::filesystem::remove_all(folder);
-    DeviceChange() = {};
 }
 
 FileQuestion PosiFilesTest::question(const std::string& title) const {

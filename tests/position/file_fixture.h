@@ -2,7 +2,6 @@
 
 #include "device/device_name.h"
 #include "platform/whole_file.h"
-#include "position/device_change.h"
 #include "position/posi_file.h"
 #include "position_fixture.h"
 
@@ -10,8 +9,7 @@
 
 namespace qdw8::test {
 
-/// A folder for position files, the device names of the fixture's axes on the panel, and the rooms
-/// above that opening a file may ask, played by the test.
+/// A folder for position files, and the device names of the fixture's axes on the panel.
 class PosiFilesTest : public PositionTest {
 protected:
     PosiFilesTest();
@@ -32,10 +30,6 @@ protected:
     static std::string head();
 
     std::string folder;
-    std::vector<std::string> asked; ///< what was asked of the rooms above, in order
-    std::int16_t factoryResult = 0;
-    std::int16_t parameterFileResult = 0;
-    std::int16_t takeResult = 0;
 };
 
 } // namespace qdw8::test

@@ -68,11 +68,10 @@ TEST_F(OpenTest, AFileIsShownWithItsRowsAndItsName) {
     EXPECT_EQ(PosiDirtyFlag, kClear);
     EXPECT_EQ(PosiFolder, folder);
     EXPECT_EQ(ThePanel().scale[0], "<1>1mm = 200Pulse");
-    EXPECT_TRUE(asked.empty());
 }
 
 TEST_F(OpenTest, AnOldFileHasNoLineOfTypes) {
-    DevSetting[0].NewType = kClear;
+    DevSetting[0].NewType = DevSetting[0].Vertical = kClear;
     write("old.qdd", "\"QD-K8\"\n\"QD-44L-100\",\"\",\"\",\"QD-61F-200\"\n" + row(3, "NEW"));
     expectOpen("old.qdd");
     OpenPosiFile();
@@ -240,6 +239,7 @@ TEST_F(OpenTest, ABadDeviceNameGivesTheRangesBack) {
 class OtherDevices : public OpenTest {
 protected:
     OtherDevices() {
+        ThePlatform().programFolder = QDW8_DATA_DIR;
         write("other.qdd", "\"QD-K8\"\r\n\"QD-44L-050\",\"\",\"\",\"QD-61F-200\"\r\n"
                            "\"NEW\",\"NEW\",\"NEW\",\"NEW\"\r\n" +
                                row(5));
@@ -254,64 +254,69 @@ protected:
 
 TEST_F(OtherDevices, CanBeOpenedWithThePresentOnes) {
     open(0);
-    EXPECT_EQ(asked, std::vector<std::string>{"let"});
     EXPECT_EQ(PosiFileName, "other");
+    EXPECT_EQ(DevSettei[0].DevStroke, 100) << "the program's own counts";
     open(kSelectionCancelled);
-    EXPECT_EQ(asked.size(), 1U) << "nothing is copied";
+    EXPECT_EQ(DevSettei[0].DevStroke, 50) << "nothing is copied";
+    EXPECT_EQ(DevSetting[0].DevStroke, 100);
     EXPECT_EQ(GridFirst, 5);
 }
 
 TEST_F(OtherDevices, OrWithTheFilesOwnAndTheirFactoryParameters) {
     open(1);
-    EXPECT_EQ(asked, (std::vector<std::string>{"reflect", "factory", "take"}));
     EXPECT_EQ(DevSetting[0].DevStroke, 50);
+    EXPECT_EQ(DevSetting[0].MaxPulse, 10000);
+    EXPECT_EQ(platform.settings["DevStroke1"], "50");
     EXPECT_EQ(PosiFileName, "other");
 }
 
 TEST_F(OtherDevices, WithoutFactoryParametersTheDevicesStayTheOnesOfBefore) {
-    factoryResult = 1;
-    open(1);
-    EXPECT_EQ(asked, (std::vector<std::string>{"reflect", "factory"}));
-    EXPECT_EQ(DevSetting[0].DevStroke, 100);
+    std::filesystem::copy_file(QDW8_DATA_DIR "/nqddevice.lst", path("nqddevice.lst"));
+    ThePlatform().programFolder = folder;
+    const auto before = DevSetting;
+    expectOpen("other.qdd");
+    expectDeviceChoice(1);
+    platform.expectBox(
+        "No standard parameter list file.\r\nPut standart parameter list file in the "
+        "folder in which the program saved in order to indicate standard "
+        "parameters correctly.");
+    platform.expectBox("Fail to open standard parameter file.");
+    OpenPosiFile();
+    EXPECT_EQ(DevSetting, before);
     EXPECT_EQ(PosiFileName, "other") << "the positions come all the same";
-}
-
-TEST_F(OtherDevices, OrWithAParameterFile) {
-    open(2);
-    EXPECT_EQ(asked, (std::vector<std::string>{"open parameters", "take"}));
-    EXPECT_EQ(PosiFileName, "other");
 }
 
 TEST_F(OtherDevices, AParameterFileThatDoesntComeEndsTheOpening) {
     const auto setteiBefore = DevSettei;
-    for (const std::int16_t result : {std::int16_t{1}, std::int16_t{-1}}) {
-        parameterFileResult = result;
+    write("none.pmt", "\"QD-K8\",\"POS\"\r\n");
+    const FileQuestion parameters{FileQuestion::Kind::Open,
+                                  "Open Parameter file",
+                                  "Parameter(*.pmt)|*.pmt|All files(*.*)|*.*",
+                                  "pmt",
+                                  "",
+                                  "",
+                                  kFileMustExist};
+    for (const bool cancelled : {true, false}) {
         expectOpen("other.qdd");
         expectDeviceChoice(2);
-        if (result == -1) {
-            platform.expectBox(kStopped); // the step itself tells what can't be read
+        if (cancelled) {
+            platform.expectFile(parameters, std::nullopt);
+        } else {
+            platform.expectFile(parameters, FileAnswer{path("none.pmt"), "none.pmt"});
+            platform.expectBox("Not parameter file for QD-W8.\r\nOpening file is canceled.");
         }
+        platform.expectBox(kStopped);
         OpenPosiFile();
+        platform.checkAllAsked();
         expectAsBefore();
         EXPECT_EQ(DevSettei, setteiBefore);
     }
-}
-
-TEST_F(OtherDevices, ParametersThatGiveNoDeviceLeaveTheDevicesOfBefore) {
-    const auto before = DevSetting;
-    takeResult = 1;
-    open(1);
-    EXPECT_EQ(asked, (std::vector<std::string>{"reflect", "factory", "take"}));
-    EXPECT_EQ(DevSetting, before);
-    EXPECT_EQ(PosiFileName, "other") << "opened with the actuators of before";
 }
 
 TEST_F(OtherDevices, OtherAxesInUseAreADifferenceToo) {
     write("axes.qdd", "\"QD-K8\"\r\n\"QD-44L-100\",\"QD-44L-100\",\"\",\"QD-61F-200\"\r\n"
                       "\"NEW\",\"NEW\",\"NEW\",\"NEW\"\r\n" +
                           row(5));
-    DevSetting[1].DevLead = 2;
-    DevSetting[1].DevPPR = 400;
     expectOpen("axes.qdd");
     expectDeviceChoice(1);
     OpenPosiFile();

@@ -3,6 +3,7 @@
 #include "device/Module2Calc.h"
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
+#include "setup/posi_read.h"
 #include "transfer_fixture.h"
 
 #include <array>
@@ -233,7 +234,6 @@ TEST_F(Mismatch, ACancelledReadLeavesWhatTheUserTyped) {
     showRows(5, 8);
     type(6, kPosi, "1234");
     line.controller.setTurnaround(10);
-    Screens().frmMainAxes = [] {};
     platform.expectBox(kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::No);
     expectReadOf(1, 20);
     expectChoice(0);

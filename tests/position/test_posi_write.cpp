@@ -5,6 +5,7 @@
 #include "position/grid_editor.h"
 #include "position/posi_check.h"
 #include "position/stroke_check.h"
+#include "setup/posi_write.h"
 #include "transfer_fixture.h"
 
 #include <algorithm>

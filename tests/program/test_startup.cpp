@@ -7,7 +7,6 @@
 #include "link/Module3Tusin.h"
 #include "platform/whole_file.h"
 #include "position/posi_table.h"
-#include "setup/line_commands.h"
 #include "program/commands.h"
 #include "program/shutdown.h"
 #include "support/simulated_line.h"
@@ -44,7 +43,6 @@ const std::string kReselect = "Device type is not selected.\r\nPlease select dev
 class StartUp : public testing::Test {
 protected:
     StartUp() : line(platform) {
-        Screens().frmMainAxes = RepaintAxes;
         Screens().frmSplashShow = [this] { note("splash"); };
         Screens().frmSplashUnload = [this] { note("splash gone"); };
         Screens().frmMainShow = [this](bool small) {

@@ -3,7 +3,6 @@
 #include "app/command_states.h"
 #include "device/Module2Calc.h"
 #include "device/device_list.h"
-#include "setup/detail_edit.h"
 #include "link/Module3Tusin.h"
 #include "link/supervision.h"
 #include "parameter/para_reset.h"
@@ -11,6 +10,7 @@
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
 #include "position/posi_table.h"
+#include "setup/detail_edit.h"
 
 #include <cstdlib>
 #include <filesystem>

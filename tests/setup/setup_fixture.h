@@ -3,8 +3,8 @@
 #include "app/main_panel.h"
 #include "app/transfer_dialog.h"
 #include "device/axis_device.h"
-#include "setup/device_form.h"
 #include "parameter/para_set.h"
+#include "setup/device_form.h"
 #include "support/scripted_platform.h"
 #include "support/simulated_line.h"
 

@@ -4,20 +4,18 @@
 #include "app/screens.h"
 #include "device/Module2Calc.h"
 #include "device/axis_texts.h"
-#include "setup_fixture.h"
-#include "setup/detail_edit.h"
-#include "setup/device_copies.h"
-#include "setup/device_set.h"
-#include "setup/file_steps.h"
 #include "link/Module3Tusin.h"
 #include "parameter/factory_lists.h"
 #include "parameter/para_device.h"
 #include "parameter/para_file.h"
-#include "position/device_change.h"
 #include "position/flex_grid.h"
 #include "position/posi_file.h"
-#include "setup/posi_open.h"
 #include "position/posi_table.h"
+#include "setup/detail_edit.h"
+#include "setup/device_copies.h"
+#include "setup/device_set.h"
+#include "setup/posi_open.h"
+#include "setup_fixture.h"
 
 #include <filesystem>
 #include <functional>
@@ -385,7 +383,6 @@ TEST_F(ChangeTest, DetailEditOpensTheParameterWindowOnceTheOtherHasGone) {
 class FileStepsTest : public ChangeTest {
 protected:
     FileStepsTest() {
-        InstallDeviceChangeSteps();
         ShowAxisDevices();
         PosiFolder = folder;
         showRows(1, 2);
@@ -396,7 +393,6 @@ protected:
         CalcMaxStrokeMm();
         ShowAxisDevices();
     }
-    ~FileStepsTest() override { DeviceChange() = {}; }
 
     void open(std::int16_t choice) {
         FileQuestion question;

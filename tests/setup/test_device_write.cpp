@@ -1,11 +1,11 @@
 #include "setup/device_write.h"
 
-#include "setup_fixture.h"
-#include "setup/device_set.h"
 #include "link/Module3Tusin.h"
-#include "setup/device_bytes.h"
 #include "parameter/factory_lists.h"
 #include "position/posi_table.h"
+#include "setup/device_bytes.h"
+#include "setup/device_set.h"
+#include "setup_fixture.h"
 
 #include <filesystem>
 
