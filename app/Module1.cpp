@@ -2,22 +2,51 @@
 
 namespace qdw8 {
 
-Flag DispMmFlag = kClear;
-Flag MmRoundUpFlag = kClear;
-Flag AccWideFlag = kClear;
-Flag LanguageChangedFlag = kClear;
-std::int16_t LanguageNo = 2;
-std::int16_t LanguageBase = 10000;
-Flag FirstDeviceSetFlag = kClear;
-Flag StartDeviceSelectFlag = kClear;
-Flag TransferRunFlag = kClear;
-Flag TransferCancelFlag = kClear;
-Flag ProcessingShownFlag = kClear;
-Flag SplashDoneFlag = kClear;
-Flag RangeCancelFlag = kClear;
-std::array<Flag, kAxes> AxisOff{};
-std::array<Flag, kAxes> CtAxisOff{};
-std::int16_t RetryCount = 0;
+namespace {
+
+/// The state of a fresh start.
+struct RunState {
+    Flag DispMmFlag = kClear;
+    Flag MmRoundUpFlag = kClear;
+    Flag AccWideFlag = kClear;
+    Flag LanguageChangedFlag = kClear;
+    std::int16_t LanguageNo = 2;
+    std::int16_t LanguageBase = 10000;
+    Flag FirstDeviceSetFlag = kClear;
+    Flag StartDeviceSelectFlag = kClear;
+    Flag TransferRunFlag = kClear;
+    Flag TransferCancelFlag = kClear;
+    Flag ProcessingShownFlag = kClear;
+    Flag SplashDoneFlag = kClear;
+    Flag RangeCancelFlag = kClear;
+    Flag GrpMoveStopFlag = kClear;
+    Flag ProgramEndFlag = kClear;
+    std::int16_t RetryCount = 0;
+    std::array<Flag, kAxes> AxisOff{};
+    std::array<Flag, kAxes> CtAxisOff{};
+};
+RunState state;
+
+} // namespace
+
+Flag& DispMmFlag = state.DispMmFlag;
+Flag& MmRoundUpFlag = state.MmRoundUpFlag;
+Flag& AccWideFlag = state.AccWideFlag;
+Flag& LanguageChangedFlag = state.LanguageChangedFlag;
+std::int16_t& LanguageNo = state.LanguageNo;
+std::int16_t& LanguageBase = state.LanguageBase;
+Flag& FirstDeviceSetFlag = state.FirstDeviceSetFlag;
+Flag& StartDeviceSelectFlag = state.StartDeviceSelectFlag;
+Flag& TransferRunFlag = state.TransferRunFlag;
+Flag& TransferCancelFlag = state.TransferCancelFlag;
+Flag& ProcessingShownFlag = state.ProcessingShownFlag;
+Flag& SplashDoneFlag = state.SplashDoneFlag;
+Flag& RangeCancelFlag = state.RangeCancelFlag;
+Flag& GrpMoveStopFlag = state.GrpMoveStopFlag;
+Flag& ProgramEndFlag = state.ProgramEndFlag;
+std::int16_t& RetryCount = state.RetryCount;
+std::array<Flag, kAxes>& AxisOff = state.AxisOff;
+std::array<Flag, kAxes>& CtAxisOff = state.CtAxisOff;
 
 int AxisMaskOf(const std::array<Flag, kAxes>& off) {
     int mask = 0;
@@ -36,22 +65,7 @@ void SetAxisOffByMask(std::array<Flag, kAxes>& off, int mask) {
 }
 
 void ResetModule1() {
-    DispMmFlag = kClear;
-    MmRoundUpFlag = kClear;
-    AccWideFlag = kClear;
-    LanguageChangedFlag = kClear;
-    LanguageNo = 2;
-    LanguageBase = 10000;
-    FirstDeviceSetFlag = kClear;
-    StartDeviceSelectFlag = kClear;
-    TransferRunFlag = kClear;
-    TransferCancelFlag = kClear;
-    ProcessingShownFlag = kClear;
-    SplashDoneFlag = kClear;
-    RangeCancelFlag = kClear;
-    AxisOff.fill(kClear);
-    CtAxisOff.fill(kClear);
-    RetryCount = 0;
+    state = {};
 }
 
 } // namespace qdw8

@@ -23,27 +23,33 @@ constexpr Flag FlagOf(bool set) {
 
 inline constexpr int kAxes = 4; ///< axes 0 to 3 in data, AXIS 1 to AXIS 4 on the screen
 
-extern Flag DispMmFlag;            ///< the table shows millimetres rather than pulses
-extern Flag MmRoundUpFlag;         ///< half a pulse goes up when a mm figure is entered
-extern Flag AccWideFlag;           ///< nothing sets it; the limits for it are kept
-extern Flag LanguageChangedFlag;   ///< the language option was changed, for the next start
-extern std::int16_t LanguageNo;    ///< 1 Japanese, anything else English
-extern std::int16_t LanguageBase;  ///< 0 Japanese, 10000 English; fixed at start-up
-extern Flag FirstDeviceSetFlag;    ///< the option boxes of the device window are offered
-extern Flag StartDeviceSelectFlag; ///< start-up opened the device choice: no way out of it
-extern Flag TransferRunFlag;       ///< `frmTrance` shows its cancel button when it opens
-extern Flag TransferCancelFlag;    ///< the user pressed cancel in `frmTrance`
-extern Flag ProcessingShownFlag;   ///< the wait dialog `frmProcessing` is on the screen
-extern Flag SplashDoneFlag;        ///< the splash time is over
-extern Flag RangeCancelFlag;       ///< a range dialog was left by Cancel or by closing it
+extern Flag& DispMmFlag;            ///< the table shows millimetres rather than pulses
+extern Flag& MmRoundUpFlag;         ///< half a pulse goes up when a mm figure is entered
+extern Flag& AccWideFlag;           ///< nothing sets it; the limits for it are kept
+extern Flag& LanguageChangedFlag;   ///< the language option was changed, for the next start
+extern std::int16_t& LanguageNo;    ///< 1 Japanese, anything else English
+extern std::int16_t& LanguageBase;  ///< 0 Japanese, 10000 English; fixed at start-up
+extern Flag& FirstDeviceSetFlag;    ///< the option boxes of the device window are offered
+extern Flag& StartDeviceSelectFlag; ///< start-up opened the device choice: no way out of it
+extern Flag& TransferRunFlag;       ///< `frmTrance` shows its cancel button when it opens
+extern Flag& TransferCancelFlag;    ///< the user pressed cancel in `frmTrance`
+extern Flag& ProcessingShownFlag;   ///< the wait dialog `frmProcessing` is on the screen
+extern Flag& SplashDoneFlag;        ///< the splash time is over
+extern Flag& RangeCancelFlag;       ///< a range dialog was left by Cancel or by closing it
+/// The user gave up a wait, by the group stop button or by the offer to give up: the one way out of
+/// a wait for an answer that may never come.
+extern Flag& GrpMoveStopFlag;
+/// The user has confirmed the end of the program while a command runs: its loops over rows stop at
+/// the next row, and the outermost command then ends the program.
+extern Flag& ProgramEndFlag;
 
 /// Per axis: -1 no actuator on this axis, 0 in use. `CtAxisOff` is what the controller says, read
 /// silently for a comparison; `AxisOff` is what the program works with.
-extern std::array<Flag, kAxes> AxisOff;
-extern std::array<Flag, kAxes> CtAxisOff;
+extern std::array<Flag, kAxes>& AxisOff;
+extern std::array<Flag, kAxes>& CtAxisOff;
 
 /// Counts failed tries of a file or port operation, then resends, within one call.
-extern std::int16_t RetryCount;
+extern std::int16_t& RetryCount;
 /// A file or port operation is tried once and then up to this many times again.
 inline constexpr std::int16_t kRetries = 5;
 /// Milliseconds between two tries.

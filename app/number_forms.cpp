@@ -180,6 +180,21 @@ double WholeNumberField(std::string_view field) {
     return NumberFromText(text);
 }
 
+std::optional<double> NumberOfCell(std::string_view text) {
+    const std::string cell = Trim(text);
+    if (cell.find_first_of("0123456789") == cell.npos ||
+        cell.find_first_not_of("0123456789.", cell.starts_with('-') ? 1 : 0) != cell.npos) {
+        return std::nullopt;
+    }
+    double value = 0;
+    const char* end = cell.data() + cell.size();
+    const auto result = std::from_chars(cell.data(), end, value, std::chars_format::fixed);
+    if (result.ec != std::errc{} || result.ptr != end) {
+        return std::nullopt;
+    }
+    return value;
+}
+
 double RoundHalfEven(double value) {
     const double down = std::floor(value);
     const double rest = value - down;

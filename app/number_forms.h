@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,12 @@ double NumberFromText(std::string_view text);
 double WholeNumberField(std::string_view field);
 /// True for a text that `WholeNumberField` takes, but for blanks at its ends.
 bool IsPlainNumber(std::string_view text);
+
+/// The number that the text of a cell or a field is as a whole, blanks at its ends left out: digits
+/// with at most one point among, before or behind them, and at most one "-" in front. Nothing for
+/// anything else: an empty text, a lone point, a comma, "+", an exponent, letters, full-width
+/// digits, a figure beyond every double. What a negative figure means is the caller's business.
+std::optional<double> NumberOfCell(std::string_view text);
 
 /// To the nearest whole number; exactly half goes to the even neighbour.
 double RoundHalfEven(double value);

@@ -22,11 +22,13 @@ struct SelectionQuestion {
 inline constexpr std::int16_t kSelectionCancelled = -1;
 
 struct ScreenFunctions {
-    /// The panel, the command states, the transfer dialog, the wait dialog have changed.
+    /// The panel, the command states, the transfer dialog, the wait dialog, the offer to give up a
+    /// wait have changed.
     std::function<void()> frmMainPanel;
     std::function<void()> frmMainCommands;
     std::function<void()> frmTrance;
     std::function<void()> frmProcessing;
+    std::function<void()> frmGiveUp;
     /// The grid's cells, colours, heads or size have changed.
     std::function<void()> flgdData;
     /// Gives the grid the focus.

@@ -1,17 +1,28 @@
 #include "app/transfer_dialog.h"
 
 #include "app/screens.h"
+#include "app/string_table.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace qdw8 {
 namespace {
 
 TransferDialog dialog;
+GiveUpOffer offer;
+/// What the transfer dialog was before it made the offer.
+std::optional<TransferDialog> beforeOffer;
 
 void Tell() {
     if (Screens().frmTrance) {
         Screens().frmTrance();
+    }
+}
+
+void TellOffer() {
+    if (Screens().frmGiveUp) {
+        Screens().frmGiveUp();
     }
 }
 
@@ -49,6 +60,63 @@ void UnloadTrance() {
 
 void cmdTranceCancel_Click() {
     TransferCancelFlag = kSet;
+    if (beforeOffer) {
+        GrpMoveStopFlag = kSet;
+    }
+}
+
+TransferShown::TransferShown(int maximum, std::int16_t textId, Cancel cancel) {
+    if (cancel == Cancel::Yes) {
+        TransferCancelFlag = kClear;
+    }
+    TransferRunFlag = FlagOf(cancel == Cancel::Yes);
+    ShowTrance(maximum, ResText(textId));
+}
+
+TransferShown::~TransferShown() {
+    UnloadTrance();
+    TransferRunFlag = kClear;
+}
+
+void TransferShown::moveTo(int value) const {
+    SetTranceValue(value);
+}
+
+const GiveUpOffer& TheGiveUpOffer() {
+    return offer;
+}
+
+void OfferGiveUp() {
+    if (offer.shown || beforeOffer) {
+        return;
+    }
+    const std::string text = ResText(3000);
+    if (dialog.shown) {
+        beforeOffer = dialog;
+        dialog.cancelShown = true;
+        dialog.lblSetumei = text;
+        Tell();
+    } else {
+        offer = {true, text};
+        TellOffer();
+    }
+}
+
+void WithdrawGiveUp() {
+    if (beforeOffer) {
+        dialog.cancelShown = beforeOffer->cancelShown;
+        dialog.lblSetumei = beforeOffer->lblSetumei;
+        beforeOffer.reset();
+        Tell();
+    }
+    if (offer.shown) {
+        offer = {};
+        TellOffer();
+    }
+}
+
+void cmdGiveUp_Click() {
+    GrpMoveStopFlag = kSet;
 }
 
 void ShowProcessing() {
@@ -59,7 +127,9 @@ void UnloadProcessing() {
 }
 
 void ResetTransferDialog() {
-    dialog = TransferDialog{};
+    dialog = {};
+    offer = {};
+    beforeOffer.reset();
 }
 
 } // namespace qdw8

@@ -26,8 +26,39 @@ void ShowTrance(int maximum, const std::string& text);
 void SetTranceValue(int value);
 /// Takes `frmTrance` away; nothing happens if it isn't up.
 void UnloadTrance();
-/// The cancel button: sets `TransferCancelFlag`.
+/// The cancel button, or Escape where there is one: sets `TransferCancelFlag`, and ends a wait that
+/// is offered to be given up.
 void cmdTranceCancel_Click();
+
+/// The transfer dialog for the life of the object; it goes on every way out.
+class TransferShown {
+public:
+    enum class Cancel { No, Yes };
+    /// `maximum` is at least 0. With `Cancel::Yes` the dialog has its button, and an earlier press
+    /// is forgotten.
+    TransferShown(int maximum, std::int16_t textId, Cancel cancel = Cancel::No);
+    ~TransferShown();
+    TransferShown(const TransferShown&) = delete;
+    TransferShown& operator=(const TransferShown&) = delete;
+
+    /// Moves the bar; a value beyond the maximum stays at the maximum.
+    void moveTo(int value) const;
+};
+
+/// The offer to give up a wait that has no end of its own. Where the transfer dialog is up, the
+/// dialog makes the offer: its text is the offer's and it has its cancel button meanwhile. Where
+/// there is none, a small window stands on the screen without blocking: `shown` is set, and
+/// `Screens().frmGiveUp` is told.
+struct GiveUpOffer {
+    bool shown = false;
+    std::string text;
+};
+const GiveUpOffer& TheGiveUpOffer();
+/// Makes the offer until `WithdrawGiveUp`; a second call changes nothing.
+void OfferGiveUp();
+void WithdrawGiveUp();
+/// The button of the small window, Escape included: sets `GrpMoveStopFlag`.
+void cmdGiveUp_Click();
 
 /// Shows or takes away the wait dialog and keeps `ProcessingShownFlag`.
 void ShowProcessing();

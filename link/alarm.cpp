@@ -1,9 +1,10 @@
+#include "link/alarm.h"
+
 #include "app/boxes.h"
 #include "app/field_reader.h"
 #include "app/main_panel.h"
 #include "app/number_forms.h"
 #include "app/string_table.h"
-#include "link/Module3Tusin.h"
 #include "platform/cp932_text.h"
 #include "platform/fault.h"
 #include "platform/platform.h"
@@ -14,6 +15,31 @@
 #include <exception>
 
 namespace qdw8 {
+namespace {
+
+/// The state of a fresh start.
+struct AlarmState {
+    Flag AlarmNotResettableFlag = kClear;
+    Flag ErrorFoundFlag = kClear;
+    std::string ErrorNo;
+    std::string ErrorText;
+    std::string ErrorReplyText;
+    Flag ErrorListMissingFlag = kClear;
+    std::array<ErrorListRow, kErrorListRows + 1> ErrorList;
+    bool listBoxShown = false;
+};
+AlarmState state;
+
+} // namespace
+
+Flag& AlarmNotResettableFlag = state.AlarmNotResettableFlag;
+Flag& ErrorFoundFlag = state.ErrorFoundFlag;
+std::string& ErrorNo = state.ErrorNo;
+std::string& ErrorText = state.ErrorText;
+std::string& ErrorReplyText = state.ErrorReplyText;
+Flag& ErrorListMissingFlag = state.ErrorListMissingFlag;
+std::array<ErrorListRow, kErrorListRows + 1>& ErrorList = state.ErrorList;
+
 namespace {
 
 std::string FirstCharacter(const std::string& text) {
@@ -62,11 +88,13 @@ void LoadErrorList() {
 }
 
 void DecodeCtError() {
-    if (IsSet(ErrorListMissingFlag)) {
+    if (!IsSet(ErrorListMissingFlag)) {
+        DecodeCtErrorSilently();
+    } else if (!state.listBoxShown) {
+        state.listBoxShown = true;
         ShowTexts({30, 31});
-        return;
+        state.listBoxShown = false;
     }
-    DecodeCtErrorSilently();
 }
 
 void DecodeCtErrorSilently() {
@@ -100,6 +128,10 @@ void ClearAlarmDisplay() {
     SetPanel(&MainPanel::imgAlarmLed, false);
     SetPanel(&MainPanel::lblErrorComment, "No Error");
     SetPanel(&MainPanel::lblAlarmNo, "");
+}
+
+void ResetAlarmState() {
+    state = {};
 }
 
 } // namespace qdw8

@@ -2,8 +2,10 @@
 
 #include "app/number_forms.h"
 #include "app/transfer_dialog.h"
-#include "link/Module3Tusin.h"
+#include "app/waits.h"
 #include "link/ct_commands.h"
+#include "link/port.h"
+#include "link/receiver.h"
 #include "platform/fault.h"
 
 namespace qdw8 {
@@ -40,17 +42,12 @@ std::int16_t ReadAxisMaskShown() {
 }
 
 std::int16_t ReadAxisMaskQuiet() {
-    for (int tries = 0; tries <= kRetries; ++tries) {
-        if (tries > 0) {
-            MsecTimer(kRetryPauseMs);
-            // The failed try went off line, where the receiver is deaf.
-            GoOnLine();
-        }
-        if (ReadParaBlock0Quiet() == 0 && TakeMask(CtAxisOff)) {
-            return 0;
-        }
-    }
-    return 1;
+    const bool read = SixTries([] {
+        // A failed try went off line, where the receiver is deaf.
+        GoOnLine();
+        return ReadParaBlock0Quiet() == 0 && TakeMask(CtAxisOff);
+    });
+    return read ? 0 : 1;
 }
 
 } // namespace qdw8

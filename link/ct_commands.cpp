@@ -3,7 +3,10 @@
 #include "app/boxes.h"
 #include "app/main_panel.h"
 #include "app/number_forms.h"
-#include "link/Module3Tusin.h"
+#include "link/exchange.h"
+#include "link/line_state.h"
+#include "link/port.h"
+#include "link/receiver.h"
 #include "platform/platform.h"
 
 #include <optional>
@@ -17,13 +20,9 @@ constexpr std::int16_t kNoLimit = 0;
 
 using Transaction = std::int16_t (*)(const std::string&, std::int16_t, const std::string&);
 
-/// Waits until the line is free, or held only by background traffic that has had its answer.
-/// False: a dead line keeps it taken.
+/// Waits until the line is free. False: a dead line keeps it taken.
 bool WaitForLine() {
     while (IsSet(CtBusyFlag) && !IsSet(CommErrorFlag)) {
-        if (LineCanBeTakenOver()) {
-            return true;
-        }
         PumpEvents();
     }
     return !IsSet(CtBusyFlag);

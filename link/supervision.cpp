@@ -2,22 +2,25 @@
 
 #include "app/command_states.h"
 #include "app/main_panel.h"
-#include "link/Module3Tusin.h"
+#include "link/alarm.h"
+#include "link/background.h"
 #include "link/ct_commands.h"
+#include "link/line_state.h"
+#include "link/port.h"
 #include "platform/platform.h"
 
 #include <exception>
 
 namespace qdw8 {
-namespace {
 
-int pollHolders = 0;
+Timer Timer1{"Timer1", 500, false, {}};
+
+namespace {
 
 bool PollIsDue() {
     // While a command has the commands, the poll would run on top of its dialogs, and a wait of the
     // poll would keep the command from ending.
-    return pollHolders == 0 && !CommandsTaken() && !IsSet(OffLineFlag) &&
-           !IsSet(AlarmNotResettableFlag) && IsSet(AlarmFlag) && !IsSet(CtBusyFlag);
+    return !CommandsTaken() && !IsSet(AlarmNotResettableFlag) && IsSet(AlarmFlag);
 }
 
 /// A poll that fails leaves the line as the exchange left it: on line with the alarm still
@@ -35,7 +38,7 @@ void SupervisionTick() {
     try {
         SetPanel(&MainPanel::imgPortGreen, MSComm1().PortOpen());
         if (PollIsDue()) {
-            Poll();
+            RunInBackground(Poll);
         }
     } catch (const std::exception&) {
         // The tick comes again in half a second; there is nothing to tell the user meanwhile.
@@ -43,15 +46,9 @@ void SupervisionTick() {
     }
 }
 
-PollHeld::PollHeld() {
-    ++pollHolders;
-}
-PollHeld::~PollHeld() {
-    --pollHolders;
-}
-
 void ResetSupervision() {
-    pollHolders = 0;
+    DisableTimer(Timer1);
+    Timer1 = {"Timer1", 500, false, SupervisionTick};
 }
 
 } // namespace qdw8

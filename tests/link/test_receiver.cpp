@@ -33,17 +33,32 @@ TEST_F(ReceiverTest, LineIsWholeWhenTheBufferEndsInTheLineEnd) {
     }
 }
 
-TEST_F(ReceiverTest, CharactersOfTheTimeOffLineAreTakenUpOnGoingOnLine) {
+// What came while the program was deaf belongs to an exchange that is over, and so does the
+// beginning of a line; a whole error line that came on line is the controller's own word.
+TEST_F(ReceiverTest, GoingOnLineLeavesNothingOfAnOlderExchange) {
     SetOfflineState();
-    platform.arrive(10, "0RH");
-    platform.arrive(20, "1\r\n");
+    platform.arrive(10, "0RH1\r\n0R");
     platform.run(100);
-    EXPECT_EQ(ReplyText + ReplyBuffer, "") << "deaf while off line";
     GoOnLine();
-    platform.run(1);
-    EXPECT_EQ(ReplyText, "0RH1\r\n");
-    platform.run(10);
-    EXPECT_FALSE(TimerJusin.enabled) << "nothing is left to look for";
+    platform.arrive(10, "0RA");
+    platform.run(100);
+    EXPECT_EQ(ReplyText, "");
+    EXPECT_EQ(ReplyBuffer, "0RA");
+    GoOnLine();
+    EXPECT_EQ(ReplyBuffer, "");
+
+    // But nothing is taken away from an exchange that waits.
+    platform.after(15, GoOnLine);
+    platform.answerBytes({{10, "0RH"}, {20, "1\r\n"}});
+    ReplyTimeoutMs = 1000;
+    EXPECT_EQ(SendCtCommandOnce("0RH", 6), 0);
+}
+
+TEST_F(ReceiverTest, FlowWithoutALineEndIsBounded) {
+    platform.arrive(1, std::string(5000, 'x'));
+    platform.arrive(2, "0RH1");
+    platform.run(5);
+    EXPECT_EQ(ReplyBuffer, std::string(4092, 'x') + "0RH1");
 }
 
 TEST_F(ReceiverTest, ErrorLineThatComesByItselfLightsTheAlarmAtOnce) {
@@ -66,26 +81,10 @@ TEST_F(ReceiverTest, FaultWhileReceivingGivesTheLineUp) {
     EXPECT_EQ(newEvents(), (std::vector<std::string>{"receive 0RH1", "close"}));
 }
 
-TEST_F(ReceiverTest, FaultOfTheTickAfterGoingOnLineGivesTheLineUpToo) {
-    SetOfflineState();
-    platform.arrive(10, "0RH1\r\n");
-    platform.run(20);
-    platform.inputFaults = true;
-    GoOnLine();
-    platform.run(10);
-    EXPECT_EQ(state(), "OffLine OnLine");
-    EXPECT_FALSE(TimerJusin.enabled);
-}
-
-TEST_F(ReceiverTest, PortThatClosesItselfGivesTheLineUp) {
+TEST_F(ReceiverTest, IdlePortThatReportsAnErrorPutsTheProgramOffLineInSight) {
     platform.breakLine();
-    EXPECT_EQ(state(), "OffLine OnLine");
-
-    SetOfflineState();
-    OnLineFlag = kClear;
-    OpenCtPort();
-    platform.breakLine();
-    EXPECT_EQ(state(), "OffLine") << "off line already";
+    EXPECT_EQ(state(), "OffLine");
+    EXPECT_EQ(newEvents(), (std::vector<std::string>{"line breaks", "online lamp off"}));
 }
 
 TEST_F(ReceiverTest, LimitFiresOnce) {

@@ -169,79 +169,69 @@ TEST_F(TickTest, SilentControllerEndsThePollOffLine) {
     EXPECT_EQ(state(), "OffLine CommError Alarm");
 }
 
-// A user may press a button while the poll waits. The poll goes on only when that command has
-// returned, so the command must not wait for it; and what the poll would say is out of date then.
-TEST_F(TickTest, CommandTakesTheLineOverFromThePoll) {
+// A user may press a button while the poll waits: the command runs when the poll has ended, however
+// it ends, and a second one meanwhile is dropped.
+TEST_F(TickTest, CommandOutOfTheWaitOfThePollRunsBehindIt) {
     struct Row {
         const char* what;
         std::vector<std::string> replies; ///< to the poll; "" is silence
-        std::int64_t replyAfter;
         int failingOpens;
         std::vector<std::string> sent;
         std::vector<std::int64_t> sentAt; ///< from the tick on
-        std::string state;
     };
+    const std::vector<std::string> poll{"0CM1", "0AR", "0CM1"};
     for (const Row& row :
-         {Row{"reply to come",
-              {"0%%013"},
-              300,
-              0,
-              {"0CM1", "0AR", "0CM1"},
-              {0, 300, 310},
-              "OnLine ErrorFound"},
-          Row{"no reply to come", {""}, 0, 0, {"0CM1", "0AR", "0CM1"}, {0, 1000, 1010}, "OnLine"},
-          Row{"port does not open", {}, 0, 2, {"0AR", "0CM1"}, {150, 160}, "OnLine"},
-          Row{"recovery",
+         {Row{"reply to come", {"0%%013"}, 0, poll, {0, 300, 310}},
+          Row{"good reply to come", {"0CM1"}, 0, poll, {0, 300, 310}},
+          Row{"no reply to come", {""}, 0, poll, {0, 1000, 1010}},
+          Row{"port does not open", {"0%%013"}, 2, {"0CM1", "0AR", "0CM1"}, {200, 500, 510}},
+          Row{"recovery that is given up",
               {"0ZZ1", ""},
-              10,
               0,
               {"0CM1", "0CM0", "0AR", "0CM1"},
-              {0, 10, 1010, 1020},
-              "OnLine"}}) {
+              {0, 300, 1300, 1310}}}) {
         SCOPED_TRACE(row.what);
-        ErrorFoundFlag = kClear;
         letAlarmStand();
         platform.sent.clear();
         platform.sentAt.clear();
         platform.failingOpens = row.failingOpens;
         for (const std::string& reply : row.replies) {
-            reply.empty() ? platform.silence() : platform.answer(reply, row.replyAfter);
+            reply.empty() ? platform.silence() : platform.answer(reply, 300);
         }
         platform.answer("0AR");
         platform.answer("0CM1");
+        Screens().frmGiveUp = [] {
+            if (TheGiveUpOffer().shown) {
+                cmdGiveUp_Click();
+            }
+        };
         const std::int64_t tick = platform.now + 500;
-        platform.after(550, cmdReset_Click);
+        platform.after(550, [] { WhenLineIsFree(cmdReset_Click); });
+        platform.after(560, [] { WhenLineIsFree([] { ADD_FAILURE() << "a second command"; }); });
         platform.run(5000);
         EXPECT_EQ(platform.sent, row.sent);
         for (std::int64_t& at : platform.sentAt) {
             at -= tick;
         }
         EXPECT_EQ(platform.sentAt, row.sentAt);
-        EXPECT_EQ(state(), row.state);
         EXPECT_TRUE(ThePanel().imgGreenLedOnline);
         EXPECT_EQ(ThePanel().lblErrorComment, "No Error");
+        EXPECT_EQ(GrpMoveStopFlag, kClear);
         expectCommandsBack();
     }
 }
 
-// The user goes off line while the poll waits; its good answer comes while the question is up.
-TEST_F(TickTest, GoingOffLineEndsAPollThatWaits) {
-    letAlarmStand();
-    platform.answer("0CM1", 100);
-    bool asked = false;
-    ThePlatform().ShowMessageBox = [&](const BoxQuestion&) {
-        asked = true;
-        platform.run(200);
-        return BoxAnswer::Ok;
-    };
-    platform.after(550, mnuSettingsOffline_Click);
+// A tick that talks in full, as the windows for motion have them, keeps a command waiting too.
+TEST_F(TickTest, CommandOutOfTheWaitOfATalkingTickRunsBehindIt) {
+    platform.answer("0RI123456", 300);
+    platform.answer("0AR");
+    platform.answer("0CM1");
+    platform.after(550, [] { WhenLineIsFree(cmdReset_Click); });
+    platform.after(500, [] { EXPECT_TRUE(RunInBackground([] { EXPECT_EQ(ReadInputs(), 0); })); });
+    platform.after(600, [] { EXPECT_FALSE(RunInBackground([] { ADD_FAILURE(); })); });
     platform.run(5000);
-    EXPECT_TRUE(asked);
-    EXPECT_EQ(OffLineFlag, kSet);
-    EXPECT_FALSE(ThePanel().imgGreenLedOnline);
-    EXPECT_FALSE(platform.portOpen);
-    EXPECT_EQ(platform.sent, std::vector<std::string>{"0CM1"});
-    EXPECT_EQ(CtBusyFlag, kClear);
+    EXPECT_EQ(platform.sent, (std::vector<std::string>{"0RI", "0AR", "0CM1"}));
+    EXPECT_EQ(platform.sentAt[1] - platform.sentAt[0], 300);
 }
 
 // Whatever goes off line while the poll waits, a late answer doesn't bring the program back.

@@ -1,6 +1,7 @@
 // The exchange itself: what the table of commands and faults doesn't reach.
 
 #include "app/Module1.h"
+#include "app/transfer_dialog.h"
 #include "link/Module3Tusin.h"
 #include "link/link_fixture.h"
 
@@ -139,15 +140,26 @@ TEST_F(TransactionTest, OffLineInTheMiddleEndsByTheLimit) {
     EXPECT_EQ(ReplyBuffer, "") << "the characters went with the port";
 }
 
-TEST_F(TransactionTest, CableThatLeavesInTheMiddleEndsTheExchange) {
-    ReplyTimeoutMs = 1000;
-    platform.after(300, [this] { platform.breakLine(); });
-    platform.expectBox(kErrorBox);
-    EXPECT_EQ(SendCtCommand("0RP", 48, "001"), 1) << "the second send finds no port";
-    EXPECT_EQ(newEvents(),
-              (std::vector<std::string>{"open 1", "settings 9600,N,8,1", "send 0RP001",
-                                        "line breaks", "box Ok: " + kErrorBox, "online lamp off"}));
-    EXPECT_TRUE(IsSet(OffLineFlag));
+// A wait with a limit, one without and the recovery end at once when the port is gone.
+TEST_F(TransactionTest, PortThatIsGoneEndsEveryWaitAtOnce) {
+    struct Row {
+        std::int16_t limit;
+        const char* reply;
+    };
+    for (const Row& row : {Row{1000, ""}, Row{0, ""}, Row{0, "0ZZ1"}}) {
+        GoOnLine();
+        SetOnlineState();
+        ReplyTimeoutMs = row.limit;
+        *row.reply == 0 ? platform.silence() : platform.answer(row.reply);
+        platform.after(300, [this] { platform.breakLine(); });
+        platform.expectBox(kPortBox);
+        const std::int64_t begin = platform.now;
+        EXPECT_EQ(SendCtCommand("0MG", 7, "01"), 1);
+        platform.checkAllAsked();
+        EXPECT_EQ(platform.now - begin, 300);
+        EXPECT_EQ(state(), "OffLine CommError");
+        EXPECT_FALSE(ThePanel().imgGreenLedOnline);
+    }
 }
 
 TEST_F(TransactionTest, RecoveryOutlivesItsLimit) {
@@ -158,6 +170,45 @@ TEST_F(TransactionTest, RecoveryOutlivesItsLimit) {
     EXPECT_EQ(SendCtCommandOnce("0RH", 6), 1);
     EXPECT_EQ(platform.now, 600'010);
     EXPECT_EQ(platform.sent.size(), 2U) << "the recovery frame goes out once";
+}
+
+// The way out of it is offered from one time limit on, by the transfer dialog where it is up.
+TEST_F(TransactionTest, RecoveryIsGivenUpFromOneLimitOn) {
+    struct Row {
+        std::int16_t limit;
+        bool dialog;
+        std::int64_t offeredAfter;
+    };
+    for (const Row& row : {Row{500, true, 510}, Row{500, false, 510}, Row{0, false, 1010}}) {
+        GoOnLine();
+        ReplyTimeoutMs = row.limit;
+        platform.answer("0ZZ1");
+        std::int64_t offeredAt = 0;
+        const std::int64_t begin = platform.now;
+        const auto look = [&] {
+            const bool inDialog = TheTransferDialog().shown && TheTransferDialog().cancelShown;
+            if (!inDialog && !TheGiveUpOffer().shown) {
+                return;
+            }
+            offeredAt = platform.now - begin;
+            const std::string text = "The controller does not answer. Do you stop waiting?";
+            EXPECT_EQ(inDialog ? TheTransferDialog().lblSetumei : TheGiveUpOffer().text, text);
+            platform.after(5000, inDialog ? cmdTranceCancel_Click : cmdGiveUp_Click);
+        };
+        Screens().frmTrance = Screens().frmGiveUp = look;
+        if (row.dialog) {
+            ShowTrance(1, "a");
+        }
+        EXPECT_EQ(SendCtCommandOnce("0RH", 6), 1);
+        EXPECT_EQ(offeredAt, row.offeredAfter);
+        EXPECT_EQ(platform.now - begin, row.offeredAfter + 5000);
+        EXPECT_EQ(GrpMoveStopFlag, kClear);
+        EXPECT_TRUE(IsSet(OffLineFlag));
+        EXPECT_FALSE(TheGiveUpOffer().shown);
+        EXPECT_EQ(TheTransferDialog().lblSetumei, "a");
+        EXPECT_FALSE(TheTransferDialog().cancelShown);
+        UnloadTrance();
+    }
 }
 
 } // namespace

@@ -1,6 +1,14 @@
+#include "link/exchange.h"
+
+#include "app/Module1.h"
 #include "app/boxes.h"
 #include "app/string_table.h"
-#include "link/Module3Tusin.h"
+#include "app/transfer_dialog.h"
+#include "link/alarm.h"
+#include "link/background.h"
+#include "link/line_state.h"
+#include "link/port.h"
+#include "link/receiver.h"
 #include "platform/platform.h"
 
 #include <exception>
@@ -19,65 +27,39 @@ bool IsTalking(Manner manner) {
     return manner != Manner::Quiet;
 }
 
-/// Where the exchange stands that began last.
-struct Progress {
-    int number = 0; ///< counts exchanges
-    bool quiet = false;
-    bool waitsForPort = false;
-    bool waitsForReply = false;
-};
-Progress progress;
+/// A wait for the answer to the plain question has the limit of the command before it; where that
+/// had none, the user is offered a way out after this time.
+constexpr std::int16_t kRecoveryMs = 1000;
 
-/// Thrown out of a wait of a quiet exchange that no longer counts.
-struct Overtaken {};
+/// Thrown out of a wait when the port has closed itself.
+struct PortGone {};
 
-/// A command of the user runs inside the waits of background traffic. When it has sent something,
-/// what stands in the reply variables is no answer to this exchange; when it went off line, a late
-/// answer must not bring the program back.
-void CheckStillCounts(int number) {
-    if (progress.number != number || (progress.quiet && IsSet(OffLineFlag))) {
-        throw Overtaken{};
+/// An exchange waits for its reply for the life of the object.
+class Awaiting {
+public:
+    Awaiting() { ReplyAwaitedFlag = kSet; }
+    ~Awaiting() {
+        ReplyAwaitedFlag = kClear;
+        DisableTimer(timerTimeout);
     }
-}
-
-bool OpenPort() {
-    const int number = progress.number;
-    progress.waitsForPort = true;
-    const bool open = OpenCtPortWithTries() == 0;
-    CheckStillCounts(number);
-    progress.waitsForPort = false;
-    return open;
-}
+    Awaiting(const Awaiting&) = delete;
+    Awaiting& operator=(const Awaiting&) = delete;
+};
 
 template<typename Condition> void PumpUntil(Condition condition) {
-    const int number = progress.number;
-    progress.waitsForReply = true;
+    const Awaiting awaiting;
     while (!condition()) {
+        if (!MSComm1().PortOpen()) {
+            throw PortGone{};
+        }
         PumpEvents();
-        CheckStillCounts(number);
-    }
-    progress.waitsForReply = false;
-    DisableTimer(timerTimeout);
-}
-
-/// The end of a quiet exchange that no longer counts. Its port stays open only if it may.
-void EndOvertaken(int number) {
-    if (progress.number == number) {
-        DisableTimer(timerTimeout);
-        progress.waitsForPort = progress.waitsForReply = false;
-    }
-    if (IsSet(OffLineFlag)) {
-        CloseCtPortForce();
-        SetOfflineState();
-    } else {
-        CloseCtPort();
     }
 }
 
 /// Arms the time limit and sends a frame; the wait is the caller's.
-void Send(const std::string& frame) {
+void Send(const std::string& frame, std::int16_t limit) {
     TimeoutFlag = kClear;
-    SetInterval(timerTimeout, ReplyTimeoutMs);
+    SetInterval(timerTimeout, limit);
     EnableTimer(timerTimeout);
     ReplyDoneFlag = kClear;
     MSComm1().Output(frame + "\r\n");
@@ -123,6 +105,17 @@ void FailPort(Manner manner) {
     SetOfflineState();
 }
 
+/// The port closed itself under the exchange. A port that was closed for the end of the program is
+/// no news.
+void FailPortGone(Manner manner) {
+    CommErrorFlag = kSet;
+    CloseCtPortForce();
+    SetOfflineState();
+    if (IsTalking(manner) && !IsSet(ProgramEndFlag)) {
+        ShowPortBox();
+    }
+}
+
 void FailTimeout(Manner manner) {
     CommErrorFlag = kSet;
     CloseCtPortForce();
@@ -142,14 +135,30 @@ void FailErrorReply(Manner manner) {
     }
 }
 
+/// Waits for the reply or for the user who gives the wait up; the time limit only brings the offer
+/// to do so, where somebody waits. A controller that runs a group answers when the group is done.
+/// False: given up.
+bool WaitForAnswerOrUser() {
+    struct Offer {
+        ~Offer() { WithdrawGiveUp(); }
+    };
+    const Offer offer;
+    PumpUntil([] {
+        if (IsSet(TimeoutFlag) && UserWaitsForLine()) {
+            OfferGiveUp();
+        }
+        return IsSet(ReplyDoneFlag) || IsSet(GrpMoveStopFlag);
+    });
+    const bool givenUp = IsSet(GrpMoveStopFlag);
+    GrpMoveStopFlag = kClear;
+    return !givenUp;
+}
+
 /// A reply that can't be believed: asks the controller for a plain answer, to find out whether it
-/// is in alarm or the line is disturbed. The wait looks for the reply and for the group stop
-/// button only; the time limit is armed and deliberately doesn't end it, since a controller that
-/// runs a group answers when the group is done.
+/// is in alarm or the line is disturbed.
 void Recover(Manner manner, bool wrongLength) {
-    Send("0CM0");
-    PumpUntil([] { return IsSet(ReplyDoneFlag) || IsSet(GrpMoveStopFlag); });
-    if (IsSet(GrpMoveStopFlag)) {
+    Send("0CM0", ReplyTimeoutMs > 0 ? ReplyTimeoutMs : kRecoveryMs);
+    if (!WaitForAnswerOrUser()) {
         SetOfflineState();
         return;
     }
@@ -174,7 +183,7 @@ void Recover(Manner manner, bool wrongLength) {
 
 std::int16_t Exchange(const std::string& word, std::int16_t length, const std::string& data,
                       Manner manner) {
-    if (!OpenPort()) {
+    if (OpenCtPortWithTries() != 0) {
         FailPort(manner);
         return 1;
     }
@@ -183,7 +192,7 @@ std::int16_t Exchange(const std::string& word, std::int16_t length, const std::s
     for (std::int16_t resends = 0;; ++resends) {
         RetryCount = resends;
         CommErrorFlag = kClear;
-        Send(frame);
+        Send(frame, ReplyTimeoutMs);
         WaitForReply();
         if (!IsSet(TimeoutFlag)) {
             break;
@@ -213,15 +222,17 @@ std::int16_t Exchange(const std::string& word, std::int16_t length, const std::s
 
 std::int16_t ExchangeGuarded(const std::string& word, std::int16_t length, const std::string& data,
                              Manner manner) {
-    progress = {progress.number + 1, manner == Manner::Quiet, false, false};
-    const int number = progress.number;
     try {
         return Exchange(word, length, data, manner);
-    } catch (const Overtaken&) {
-        EndOvertaken(number);
+    } catch (const PortGone&) {
+        FailPortGone(manner);
         return 1;
     } catch (const std::exception&) {
         DisableTimer(timerTimeout);
+        if (!MSComm1().PortOpen()) {
+            FailPortGone(manner);
+            return 1;
+        }
         if (IsTalking(manner)) {
             ShowTexts({108});
         }
@@ -232,16 +243,6 @@ std::int16_t ExchangeGuarded(const std::string& word, std::int16_t length, const
 }
 
 } // namespace
-
-bool ExchangeWaitsForReply() {
-    return progress.waitsForReply;
-}
-
-bool LineCanBeTakenOver() {
-    return progress.quiet &&
-           (progress.waitsForPort ||
-            (progress.waitsForReply && (IsSet(ReplyDoneFlag) || IsSet(TimeoutFlag))));
-}
 
 std::int16_t SendCtCommand(const std::string& word, std::int16_t length, const std::string& data) {
     return ExchangeGuarded(word, length, data, Manner::Resend);

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/common_dialog.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+/// Asking the user for a file.
+namespace qdw8 {
+
+/// A kind of file: what the dialog lists and what a new name ends in.
+struct FileKind {
+    std::int16_t filterId;  ///< text of the filter, "Position Data(*.qdd)|*.qdd|..."
+    const char* defaultExt; ///< without the point
+};
+
+/// The file that the user chose; nothing when the dialog was cancelled or gave no path. `folder` is
+/// where it starts, empty for the platform's choice. What the dialog throws goes on to the caller.
+std::optional<FileAnswer> AskFileToOpen(const FileKind& kind, std::int16_t titleId,
+                                        const std::string& folder = {});
+/// The same for a file to be written; a file that is there already is asked about by the dialog.
+std::optional<FileAnswer> AskFileToSave(const FileKind& kind, std::int16_t titleId,
+                                        const std::string& proposedName,
+                                        const std::string& folder = {});
+
+} // namespace qdw8

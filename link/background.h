@@ -1,0 +1,37 @@
+#pragma once
+
+#include <functional>
+
+/// One sender at a time. Ticks of timers talk to the controller too, and while such an exchange
+/// waits the events go on: a command that the user starts out of that wait could not send before
+/// the exchange has ended, and the exchange can't end before the command has returned. So the
+/// command is kept until then.
+namespace qdw8 {
+
+/// The exchanges of a tick: runs `talk` now, and then the command that was kept meanwhile, if any.
+/// False, and nothing happened: the line is busy, off line, held, or another tick talks; the tick
+/// comes again. What `talk` throws goes on to the caller after the kept command.
+bool RunInBackground(const std::function<void()>& talk);
+
+/// Runs a command of the user: at once, or when the background exchange out of whose wait it was
+/// started has ended. One command is kept; a second one meanwhile is dropped, as one that is
+/// chosen while another command runs.
+void WhenLineIsFree(const std::function<void()>& command);
+
+/// Somebody waits for the exchange that runs now: it is no background exchange, or a command is
+/// kept for its end.
+bool UserWaitsForLine();
+
+/// Keeps ticks from sending for the life of the object: batches hold one, so that nothing starts
+/// between their exchanges. The ticks themselves go on.
+class PollHeld {
+public:
+    PollHeld();
+    ~PollHeld();
+    PollHeld(const PollHeld&) = delete;
+    PollHeld& operator=(const PollHeld&) = delete;
+};
+
+void ResetBackground();
+
+} // namespace qdw8

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "app/Module1.h"
+
+#include <cstdint>
+#include <string>
+
+/// The state of the one serial line to the `QD-K8`: what every room that talks to the controller
+/// looks at. One thread uses it; flags keep order, not locks.
+namespace qdw8 {
+
+extern Flag& OffLineFlag;   ///< off line: no traffic, the receiver is idle
+extern Flag& OnLineFlag;    ///< kept up to date; no decision reads it
+extern Flag& CtBusyFlag;    ///< a caller is inside a `CtCommand`: the gate of every sender
+extern Flag& CommErrorFlag; ///< an exchange failed for good; cleared at the start of every try
+extern Flag& AlarmFlag;     ///< set by an error reply until a good reply or a reset
+extern Flag& HomedFlag;     ///< the controller has been homed in this run
+/// Milliseconds allowed for the next reply; every caller sets it before. 0 is no limit.
+extern std::int16_t& ReplyTimeoutMs;
+
+extern std::string& CtVersion;    ///< version text from `0RV`
+extern std::int16_t& CtAxisCount; ///< axis count from `0RV`
+extern std::array<std::string, kAxes>& CtAxisVersion;
+
+/// The outcome of the line: state and lamp.
+void SetOnlineState();
+void SetOfflineState();
+
+/// The line still answers: nothing failed for good since the last try, and the program is on line.
+bool LineAnswers();
+
+void ResetLineState();
+
+} // namespace qdw8

@@ -1,0 +1,21 @@
+#include "link/link_reset.h"
+
+#include "link/alarm.h"
+#include "link/background.h"
+#include "link/line_state.h"
+#include "link/port.h"
+#include "link/receiver.h"
+#include "link/supervision.h"
+
+namespace qdw8 {
+
+void ResetModule3Tusin() {
+    ResetLineState();
+    ResetPort();
+    ResetAlarmState();
+    ResetReceiver();
+    ResetBackground();
+    ResetSupervision();
+}
+
+} // namespace qdw8
