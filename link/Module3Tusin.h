@@ -8,3 +8,4 @@
 #include "link/link_reset.h"
 #include "link/port.h"
 #include "link/receiver.h"
+#include "link/supervision.h"

@@ -2,6 +2,7 @@
 
 #include "app/boxes.h"
 #include "app/screens.h"
+#include "link/background.h"
 #include "platform/platform.h"
 #include "position/grid_clipboard.h"
 #include "position/grid_lines.h"
@@ -91,15 +92,9 @@ constexpr std::array kEntries{
     Entry{mnuFunctionCt, NoRoutine},
 };
 
-} // namespace
-
-void RegisterCommands() {
-    for (const Entry& entry : kEntries) {
-        SetBuilt(entry.command);
-    }
-}
-
-void RunCommand(Command command) {
+/// Out of the wait of a background exchange a command runs when that has ended, if it may be used
+/// then.
+void RunNow(Command command) {
     if (!IsEnabled(command)) {
         return;
     }
@@ -113,6 +108,20 @@ void RunCommand(Command command) {
     } catch (const std::exception&) {
         ShowTexts(
             {397}); // each routine has a handler of its own; this keeps the rest from the toolkit
+    }
+}
+
+} // namespace
+
+void RegisterCommands() {
+    for (const Entry& entry : kEntries) {
+        SetBuilt(entry.command);
+    }
+}
+
+void RunCommand(Command command) {
+    if (IsEnabled(command)) {
+        WhenLineIsFree([command] { RunNow(command); });
     }
 }
 

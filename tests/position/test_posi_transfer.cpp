@@ -13,6 +13,8 @@ namespace {
 
 const std::string kStopped = "Reading of data was stopped.";
 const std::string kFailed = "Communication error occurs!";
+const std::string kPort = "Failed Communication port open.\r\n\r\n"
+                          "Please check a setting of a communication port.";
 const std::string kWrongData = "Communication error occurs!\r\ntransmit data is wrong";
 const std::string kConfirm = "Read the data from controller, OK?";
 const std::string kSaveFirst = "Save the editing data before reading data?";
@@ -130,7 +132,7 @@ TEST_P(ReadFaults, EndTheReadWithoutAWrongDatum) {
 INSTANTIATE_TEST_SUITE_P(
     Table, ReadFaults,
     testing::Values(
-        FaultCase{"silence", {}}, FaultCase{"deaf", {}}, FaultCase{"hangup=4", {kFailed}},
+        FaultCase{"silence", {}}, FaultCase{"deaf", {}}, FaultCase{"hangup=4", {kPort}},
         FaultCase{"late=400", {}}, FaultCase{"bytes=2", {}},
         // what came of the first reply stands in front of the next one
         FaultCase{"part=20",

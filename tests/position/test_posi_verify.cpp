@@ -353,6 +353,8 @@ TEST_P(VerifyFaults, EndTheVerifyAndCompareNothingWrong) {
 }
 
 const std::string kFailed = "Communication error occurs!";
+const std::string kPort = "Failed Communication port open.\r\n\r\n"
+                          "Please check a setting of a communication port.";
 const std::string kWrongData = "Communication error occurs!\r\ntransmit data is wrong";
 const std::string kLength = "Communication data length error occurs!\r\nLength of data is wrong.";
 const std::string kTimeout =
@@ -368,7 +370,7 @@ INSTANTIATE_TEST_SUITE_P(
                     FaultCase{"long", {kLength}}, FaultCase{"short", {kLength}},
                     FaultCase{"twice", {kLength}},
                     FaultCase{"reply=0RP3E71E30000641E30000001E30000001E20000000000", {kWrongData}},
-                    FaultCase{"hangup", {kFailed}}, FaultCase{"hangup=30", {kFailed}},
+                    FaultCase{"hangup", {kPort}}, FaultCase{"hangup=30", {kPort}},
                     FaultCase{"error=03", {kFailed + "\r\nError No.3\r\n[Homing not completed]"}}));
 
 } // namespace

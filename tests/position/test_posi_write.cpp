@@ -14,6 +14,8 @@ namespace qdw8::test {
 namespace {
 
 const std::string kFailed = "Communication error occurs!";
+const std::string kPort = "Failed Communication port open.\r\n\r\n"
+                          "Please check a setting of a communication port.";
 const std::string kWrongData = "Communication error occurs!\r\ntransmit data is wrong";
 const std::string kLength = "Communication data length error occurs!\r\nLength of data is wrong.";
 const std::string kTimeout =
@@ -362,8 +364,8 @@ INSTANTIATE_TEST_SUITE_P(
                     FaultCase{"noise-before=zz", {kFailed}}, FaultCase{"noise-inside=7", {kLength}},
                     FaultCase{"echo=0WQ", {kFailed}}, FaultCase{"long", {kLength}},
                     FaultCase{"short", {kLength}}, FaultCase{"twice", {kLength}},
-                    FaultCase{"reply=0WP3E7", {kWrongData}}, FaultCase{"hangup", {kFailed}},
-                    FaultCase{"hangup=4", {kFailed}},
+                    FaultCase{"reply=0WP3E7", {kWrongData}}, FaultCase{"hangup", {kPort}},
+                    FaultCase{"hangup=4", {kPort}},
                     FaultCase{"error=03", {kFailed + "\r\nError No.3\r\n[Homing not completed]"}}));
 
 TEST_F(WriteTest, TheReplyOfTheRowBeforeStopsTheRun) {
