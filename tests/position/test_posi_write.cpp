@@ -14,8 +14,6 @@ namespace qdw8::test {
 namespace {
 
 const std::string kFailed = "Communication error occurs!";
-const std::string kPort = "Failed Communication port open.\r\n\r\n"
-                          "Please check a setting of a communication port.";
 const std::string kWrongData = "Communication error occurs!\r\ntransmit data is wrong";
 const std::string kLength = "Communication data length error occurs!\r\nLength of data is wrong.";
 const std::string kTimeout =
