@@ -2,6 +2,7 @@
 
 #include "app/Module1.h"
 #include "platform/platform.h"
+#include "platform/timer.h"
 
 namespace qdw8 {
 

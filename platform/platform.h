@@ -4,12 +4,13 @@
 #include "platform/message_box.h"
 #include "platform/printer.h"
 #include "platform/serial_control.h"
-#include "platform/timer.h"
 
 #include <functional>
 #include <string>
 
 namespace qdw8 {
+
+struct Timer;
 
 /// The per-user store of text values by section and key.
 struct SettingsStore {

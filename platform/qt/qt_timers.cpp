@@ -1,6 +1,7 @@
 #include "platform/platform.h"
 #include "platform/qt/guarded_call.h"
 #include "platform/qt/qt_platform.h"
+#include "platform/timer.h"
 
 #include <QCoreApplication>
 #include <QTimer>

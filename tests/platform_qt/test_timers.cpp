@@ -1,6 +1,7 @@
 #include "platform/fault.h"
 #include "platform/platform.h"
 #include "platform/qt/qt_platform.h"
+#include "platform/timer.h"
 #include "pump_until.h"
 
 #include <QAbstractEventDispatcher>

@@ -2,6 +2,7 @@
 
 #include "app/screens.h"
 #include "platform/platform.h"
+#include "platform/timer.h"
 
 #include <cstdint>
 #include <deque>
