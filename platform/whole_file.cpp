@@ -1,13 +1,21 @@
 #include "platform/whole_file.h"
 
 #include "platform/fault.h"
+#include "platform/file_attributes.h"
+#include "platform/open_file.h"
+#include "platform/platform.h"
+#include "platform/side_file.h"
 
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <memory>
+#include <optional>
+#include <string>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace qdw8 {
@@ -15,110 +23,127 @@ namespace {
 
 namespace fs = std::filesystem;
 
-[[noreturn]] void FailWith(const std::string& path) {
-    throw Fault(path + ": " + std::strerror(errno));
-}
+constexpr int kMostLinks = 40;
+constexpr const char* kNewEnding = ".new";
+constexpr const char* kOldEnding = ".old";
 
-/// The file that a chain of links ends in; the name itself if it is no link.
-std::string ResolveLinks(const std::string& path) {
+/// The name that a chain of links ends in, whether something stands there or not; the name itself
+/// if it is no link.
+std::string EndOfLinks(const std::string& path) {
+    fs::path end = path;
     std::error_code error;
-    if (!fs::is_symlink(path, error)) {
-        return path;
+    for (int links = 0; links < kMostLinks; ++links) {
+        if (!fs::is_symlink(fs::symlink_status(end, error))) {
+            return end.string();
+        }
+        // A target with a whole path takes the place of the folder, too.
+        end = end.parent_path() / fs::read_symlink(end, error);
     }
-    const fs::path target = fs::weakly_canonical(path, error);
-    return error ? path : target.string();
+    throw Fault(path + ": too many links");
 }
 
-/// A file being written in the folder of its destination. It has no name until it is whole, so that
-/// not even a process that is killed leaves half of it behind; on a file system that knows no files
-/// without a name it has one from the start, and is removed unless it was moved into place.
-class NewFile {
-public:
-    explicit NewFile(const std::string& destination)
-        : name(destination + ".new" + std::to_string(::getpid())) {
-        const fs::path parent = fs::path(destination).parent_path();
-        const std::string folder = parent.empty() ? "." : parent.string();
-        handle = ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
-        if (handle < 0) {
-            handle = ::open(name.c_str(), O_CREAT | O_TRUNC | O_WRONLY | O_CLOEXEC, 0666);
-            named = handle >= 0;
-        }
-        if (handle < 0) {
-            FailWith(destination);
-        }
-        // A data file keeps the rights of the one it replaces.
-        struct stat old {};
-        if (::stat(destination.c_str(), &old) == 0) {
-            ::fchmod(handle, old.st_mode & 0777U);
-        }
-    }
-    NewFile(const NewFile&) = delete;
-    NewFile& operator=(const NewFile&) = delete;
-    ~NewFile() {
-        if (handle >= 0) {
-            ::close(handle);
-        }
-        if (named) {
-            ::unlink(name.c_str());
-        }
-    }
-
-    void write(std::string_view bytes) {
-        while (!bytes.empty()) {
-            const ssize_t done = ::write(handle, bytes.data(), bytes.size());
-            if (done < 0 && errno == EINTR) {
-                continue;
-            }
-            if (done < 0) {
-                FailWith(name);
-            }
-            bytes.remove_prefix(static_cast<std::size_t>(done));
-        }
-        if (::fsync(handle) != 0) {
-            FailWith(name);
-        }
-        giveName();
-        const int closed = ::close(handle);
-        handle = -1;
-        if (closed != 0) {
-            FailWith(name);
-        }
-    }
-
-    void moveTo(const std::string& destination) {
-        if (::rename(name.c_str(), destination.c_str()) != 0) {
-            FailWith(destination);
-        }
-        named = false;
-    }
-
-private:
-    void giveName() {
-        if (named) {
-            return;
-        }
-        const std::string self = "/proc/self/fd/" + std::to_string(handle);
-        ::unlink(name.c_str()); // what a process of the same number left behind
-        if (::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) != 0) {
-            FailWith(name);
-        }
-        named = true;
-    }
-
-    std::string name;
-    int handle = -1;
-    bool named = false;
+/// The file that stands under a name.
+struct OldFile {
+    explicit OldFile(const std::string& path) : content(path, O_WRONLY | O_NOFOLLOW | O_NONBLOCK) {}
+    OpenFile content;
+    struct stat status {};
 };
 
-/// Makes the new name itself reach the disk. A folder that can't be synchronised (some network
-/// shares) is no reason to call a good save failed.
-void SyncFolder(const std::string& path) {
-    const fs::path folder = fs::path(path).parent_path();
-    const int handle =
-        ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle >= 0) {
-        ::fsync(handle);
-        ::close(handle);
+/// Opens the file as an ordinary save would: moving a new one over it would get around its
+/// protection. Nothing if there is none. Throws `Fault` for what is no file, or may not be written.
+std::unique_ptr<OldFile> OpenOld(const std::string& path) {
+    struct stat status {};
+    // Asked before: to open a pipe or a device can have effects of its own.
+    const bool exists = ::lstat(path.c_str(), &status) == 0;
+    if (!exists && errno != ENOENT) {
+        throw Fault(path + ": " + std::strerror(errno));
+    }
+    if (exists && !S_ISREG(status.st_mode)) {
+        throw Fault(path + ": is no file");
+    }
+    if (!exists) {
+        return nullptr;
+    }
+    auto old = std::make_unique<OldFile>(path);
+    if (!old->content.isOpen() || ::fstat(old->content.handle(), &old->status) != 0) {
+        old->content.fail();
+    }
+    return old;
+}
+
+/// Puts a new file in the place of the old one, or of nothing. False if the folder takes no new
+/// file, or it can't have what belongs to the old one, or can't take its place; nothing has changed
+/// then. Throws `Fault` if it can't be written.
+bool Replace(const std::string& destination, const OldFile* old, std::string_view bytes) {
+    if (old != nullptr && old->status.st_nlink > 1) {
+        return false;
+    }
+    std::optional<SideFile> file;
+    try {
+        // Nobody else is to read what the old file may keep from him.
+        file.emplace(Beside(destination), kNewEnding, old == nullptr ? 0666 : 0600);
+    } catch (const Fault&) {
+        if (old == nullptr) {
+            throw;
+        }
+        return false;
+    }
+    if (old != nullptr && !TakeAttributes(old->content.handle(), file->content().handle())) {
+        return false;
+    }
+    file->content().write(bytes);
+    file->finish();
+    return file->moveTo(destination);
+}
+
+/// A copy of a file's content, on the disk.
+std::unique_ptr<SideFile> CopyOf(const std::string& path, const SidePlace& place) {
+    OpenFile source(path, O_RDONLY | O_NOFOLLOW);
+    if (!source.isOpen()) {
+        source.fail();
+    }
+    auto copy = std::make_unique<SideFile>(place, kOldEnding, 0600);
+    copy->content().writeRestOf(source);
+    copy->finish();
+    return copy;
+}
+
+std::unique_ptr<SideFile> SafeCopy(const std::string& path) {
+    try {
+        return CopyOf(path, Beside(path));
+    } catch (const Fault&) {
+        return CopyOf(path, Elsewhere(ThePlatform().settingsFolder, path));
+    }
+}
+
+/// Sees to it that the disk has room for the new content before a byte of the old one is lost.
+void ReserveRoom(OpenFile& file, std::size_t size) {
+    if (size > 0 &&
+        ::fallocate(file.handle(), FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(size)) != 0 &&
+        errno != EOPNOTSUPP && errno != ENOSYS) {
+        file.fail();
+    }
+}
+
+void WriteInPlace(const std::string& path, OpenFile& file, std::string_view bytes) {
+    const std::unique_ptr<SideFile> copy = SafeCopy(path);
+    ReserveRoom(file, bytes.size());
+    try {
+        file.write(bytes);
+        file.cut();
+        file.toDisk();
+    } catch (const Fault&) {
+        try {
+            copy->content().rewind();
+            file.rewind();
+            file.writeRestOf(copy->content());
+            file.cut();
+            file.toDisk();
+        } catch (const Fault& second) {
+            copy->keep();
+            throw Fault(std::string(second.what()) + "; what it held is in " + copy->name());
+        }
+        throw;
     }
 }
 
@@ -148,16 +173,21 @@ std::string ReadWholeFile(const std::string& path, std::size_t limit) {
 }
 
 void WriteWholeFile(const std::string& path, std::string_view bytes) {
-    const std::string destination = ResolveLinks(path);
-    // An existing file that the user may not write is refused, as an ordinary save would be;
-    // moving a new file over it would get around the protection.
-    if (::access(destination.c_str(), F_OK) == 0 && ::access(destination.c_str(), W_OK) != 0) {
-        FailWith(destination);
+    const std::string destination = EndOfLinks(path);
+    const SidePlace beside = Beside(destination);
+    const std::unique_ptr<OldFile> old = OpenOld(destination);
+    // First, so that a full disk has their room.
+    RemoveLeftovers(beside, kNewEnding);
+    if (!Replace(destination, old.get(), bytes)) {
+        if (old == nullptr) {
+            throw Fault(destination + ": the new file can't be moved there");
+        }
+        WriteInPlace(destination, old->content, bytes);
     }
-    NewFile file(destination);
-    file.write(bytes);
-    file.moveTo(destination);
-    SyncFolder(destination);
+    SyncFolder(beside.folder);
+    // Until now they may have held the one good copy.
+    RemoveLeftovers(beside, kOldEnding);
+    RemoveLeftovers(Elsewhere(ThePlatform().settingsFolder, destination), kOldEnding);
 }
 
 } // namespace qdw8
