@@ -4,17 +4,18 @@ namespace qdk8 {
 namespace {
 
 struct StartAxis {
-    int order, offset, type, lead, pulses, stroke, size;
+    int order, offset, type, lead, pulses, function, stroke, size;
     char letter;
     int strokeMm;
 };
 
-/// A J52 is held as 52 and the letter E, whatever its speed.
+/// A J52 is held as 52 and the letter E, whatever its speed. A QD-61F has its pulse generator
+/// always.
 constexpr std::array<StartAxis, kAxisCountMax> kStartAxes{{
-    {1, 400, 1, 8, 400, 15000, 61, 'H', 300},
-    {2, 200, 1, 2, 400, 20000, 44, 'L', 100},
-    {2, 200, 1, 2, 400, 20000, 52, 'E', 100},
-    {3, 192, 1, 8, 192, 4800, 61, 'F', 200},
+    {1, 400, 1, 8, 400, 0, 15000, 61, 'H', 300},
+    {2, 200, 1, 2, 400, 0, 20000, 44, 'L', 100},
+    {2, 200, 1, 2, 400, 0, 20000, 52, 'E', 100},
+    {3, 192, 1, 8, 192, 2, 4800, 61, 'F', 200},
 }};
 
 /// Bytes that no item uses hold something else than 0: a writer that loses or moves them shows.
@@ -56,6 +57,7 @@ void FillBlocks(Memory& memory) {
         SetItem(memory, device, 0, 1, start.type);
         SetItem(memory, device, 1, 1, start.lead);
         SetItem(memory, device, 2, 2, start.pulses);
+        SetItem(memory, device, 4, 1, start.function);
         SetItem(memory, device, 5, 3, start.stroke);
         SetItem(memory, device, 8, 1, start.size);
         SetItem(memory, device, 9, 1, start.letter);

@@ -5,16 +5,20 @@
 #include "device/Module2Calc.h"
 #include "device/axis_texts.h"
 #include "link/Module3Tusin.h"
+#include "link/axis_mask.h"
 #include "parameter/factory_lists.h"
 #include "parameter/para_device.h"
 #include "parameter/para_file.h"
 #include "position/flex_grid.h"
 #include "position/posi_file.h"
 #include "position/posi_table.h"
+#include "position/posi_transfer.h"
+#include "setup/controller_devices.h"
 #include "setup/detail_edit.h"
 #include "setup/device_copies.h"
 #include "setup/device_set.h"
 #include "setup/posi_open.h"
+#include "setup/repaint_axes.h"
 #include "setup_fixture.h"
 
 #include <filesystem>
@@ -438,6 +442,24 @@ TEST_F(FileStepsTest, TheThreeWays) {
     OpenPosiFile();
     EXPECT_EQ(AxisOff, (std::array<Flag, kAxes>{kSet, kClear, kSet, kSet}));
     EXPECT_EQ(DevSetting[1].DevStroke, 450);
+}
+
+// What the list says of a model, what the controller holds and what a file's name tells agree.
+TEST_F(ChangeTest, AFileSavedAfterAReadOpensAgainWithoutAQuestion) {
+    SimulatedLine line(platform);
+    ASSERT_EQ(ReadAxisMask(), 0);
+    ASSERT_EQ(TakeOverDevicesOfController(), 0);
+    RepaintAxes();
+    showRows(1, 3);
+    ASSERT_EQ(ReadPosidataFromCt(), 0);
+    PosiFolder = folder;
+    ASSERT_EQ(SaveFileAs2("read.qdd"), 0);
+    platform.expectFile({FileQuestion::Kind::Open, "Open Position Data file",
+                         "Position Data(*.qdd)|*.qdd|All Files(*.*)|*.*", "qdd", "", "",
+                         kFileMustExist},
+                        FileAnswer{pathOf("read.qdd"), "read.qdd"});
+    OpenPosiFile();
+    EXPECT_EQ(PosiFileName, "read");
 }
 
 TEST(DeviceCopies, OnlyTheSharedFieldsOfAxesInUse) {

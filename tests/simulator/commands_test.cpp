@@ -63,7 +63,7 @@ TEST(Commands, AreAnsweredWithTheirFrames) {
         {"61F", "0RDC",
          "0RDC"
          "010800C0"
-         "000012C0"
+         "020012C0"
          "3D4600C8"
          "5B5C5D5E"},
         {"write block", "0WD0" + block0, "0WD0"},
