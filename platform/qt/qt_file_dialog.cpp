@@ -7,8 +7,11 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontMetrics>
+#include <QLineEdit>
 #include <QPointer>
 #include <QScreen>
+
+#include <algorithm>
 
 namespace qdw8 {
 namespace {
@@ -46,6 +49,44 @@ void SetLabels(QFileDialog& dialog, bool saving) {
     dialog.setLabelText(QFileDialog::Reject, QtText(texts.cancel));
 }
 
+/// A name without a name: nothing, or nothing in front of the extension.
+bool IsNoName(const QString& name, const QString& extension) {
+    const bool ends = name.endsWith(extension, Qt::CaseInsensitive);
+    const QString stem = ends ? name.chopped(extension.size()) : name;
+    return std::all_of(stem.begin(), stem.end(), [](QChar c) { return c.isSpace() || c == u'.'; });
+}
+
+/// Qt's dialog with the rule of the default extension, which Qt adds only to a name without any
+/// point, and only after it has asked about another one.
+class FileDialog : public QFileDialog {
+public:
+    FileDialog(QWidget* parent, const std::string& defaultExt)
+        : QFileDialog(parent), extension(QtText(defaultExt.empty() ? "" : "." + defaultExt)) {}
+
+protected:
+    void accept() override {
+        auto* edit = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        if (edit == nullptr || edit->text().trimmed().isEmpty()) {
+            return;
+        }
+        const QFileInfo typed(selectedFiles().constFirst());
+        if (!typed.isDir() && !extension.isEmpty()) {
+            const bool saving = acceptMode() == AcceptSave;
+            if (saving && IsNoName(typed.fileName(), extension)) {
+                return;
+            }
+            if (!typed.fileName().endsWith(extension, Qt::CaseInsensitive) &&
+                (saving || !typed.exists())) {
+                edit->setText(directory().relativeFilePath(typed.filePath()) + extension);
+            }
+        }
+        QFileDialog::accept();
+    }
+
+private:
+    QString extension;
+};
+
 void SetUp(QFileDialog& dialog, const FileQuestion& question) {
     const bool saving = question.kind == FileQuestion::Kind::Save;
     const bool mustExist = !saving && (question.flags & kFileMustExist) != 0;
@@ -60,7 +101,6 @@ void SetUp(QFileDialog& dialog, const FileQuestion& question) {
     if (!filters.isEmpty()) {
         dialog.setNameFilters(filters);
     }
-    dialog.setDefaultSuffix(QtText(question.defaultExt));
     dialog.setDirectory(question.folder.empty() ? QDir::currentPath() : QtText(question.folder));
     if (!question.fileName.empty()) {
         dialog.selectFile(QtText(question.fileName));
@@ -85,7 +125,7 @@ QStringList NameFilters(const std::string& filter) {
 }
 
 std::optional<FileAnswer> ShowFileDialog(const FileQuestion& question) {
-    const QPointer<QFileDialog> dialog = new QFileDialog(DialogParent());
+    const QPointer<QFileDialog> dialog = new FileDialog(DialogParent(), question.defaultExt);
     SetUp(*dialog, question);
     const bool accepted = dialog->exec() == QDialog::Accepted;
     const QStringList files = dialog ? dialog->selectedFiles() : QStringList();

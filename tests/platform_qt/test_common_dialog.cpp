@@ -3,6 +3,7 @@
 #include "platform/qt/qt_platform.h"
 #include "pump_until.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -10,148 +11,111 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
 namespace qdw8 {
 namespace {
 
+/// In a folder with the files "there.qdd" and "UP.QDD" and the folder "sub".
 class QtCommonDialog : public ::testing::Test {
 protected:
     QtCommonDialog() {
         InstallQtCommonDialog();
         QDir::setCurrent(folder.path());
+        QDir(folder.path()).mkdir("sub");
+        for (const char* name : {"there.qdd", "UP.QDD"}) {
+            QFile(folder.filePath(name)).open(QIODevice::WriteOnly);
+        }
     }
     ~QtCommonDialog() override { QDir::setCurrent(before); }
 
-    std::string path(const char* name) const { return folder.filePath(name).toStdString(); }
-
-    static void makeFile(const std::string& name) {
-        QFile file(QString::fromStdString(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    /// What the dialog answers when the name is typed: the path below the folder, or "" if it
+    /// stayed. What Qt asks on the way is answered with No or Ok, and its text kept in `asked`.
+    std::string type(const QString& name) {
+        asked.clear();
+        WhenShown("CommonDialog1", [&](QWidget& dialog) {
+            dialog.findChild<QLineEdit*>("fileNameEdit")->setText(name);
+            QTimer look;
+            QObject::connect(&look, &QTimer::timeout, &look, [this] {
+                if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                    asked = box->text();
+                    box->buttons().constLast()->click();
+                }
+            });
+            look.start(1);
+            dynamic_cast<QDialog&>(dialog).accept();
+            if (dialog.isVisible()) {
+                dialog.close();
+            }
+        });
+        const auto answer = ThePlatform().CommonDialog1.ShowFile(question);
+        const QString path = QString::fromStdString(answer ? answer->path : "");
+        EXPECT_EQ(QFileInfo(path).fileName().toStdString(), answer ? answer->title : "");
+        QDir::setCurrent(folder.path());
+        return path.isEmpty() ? "" : QDir(folder.path()).relativeFilePath(path).toStdString();
     }
 
     QTemporaryDir folder;
     QString before = QDir::currentPath();
+    QString asked;
+    FileQuestion question{
+        FileQuestion::Kind::Save, "Save As...", "Data(*.qdd)|*.qdd", "qdd", "", "",
+        kOverwritePrompt};
 };
 
-void Type(QWidget& dialog, const char* name) {
-    auto* edit = dialog.findChild<QLineEdit*>("fileNameEdit");
-    ASSERT_NE(edit, nullptr);
-    edit->setText(QString::fromUtf8(name));
-}
-
-void Accept(QWidget& dialog) {
-    dynamic_cast<QDialog&>(dialog).accept();
-}
-
-/// Types a name and presses the accept button; Qt's own box that this must raise is answered with
-/// `button`, and the dialog, which has to be up still, is cancelled.
-void TypeAndMeetBox(const char* name, QMessageBox::StandardButton button, bool& met) {
-    WhenShown("CommonDialog1", [=, &met](QWidget& dialog) {
-        Type(dialog, name);
-        WhenShown(QString(), [&met, button](QWidget& widget) {
-            auto* box = qobject_cast<QMessageBox*>(&widget);
-            met = box != nullptr;
-            if (box != nullptr) {
-                box->button(button)->click();
-            }
-        });
-        // The box runs inside this call.
-        QMetaObject::invokeMethod(&dialog, "accept");
-        EXPECT_TRUE(dialog.isVisible());
-        dynamic_cast<QDialog&>(dialog).reject();
-    });
-}
-
 TEST(QtFileDialogFilter, Entries) {
-    const struct {
-        const char* filter;
-        QStringList entries;
-    } rows[] = {
-        {"Position Data(*.qdd)|*.qdd|All Files(*.*)|*.*", {"Position Data(*.qdd)", "All Files(*)"}},
-        {"位置データ(*.qdd)|*.qdd", {"位置データ(*.qdd)"}},
-        {"Lists|*.lst;*.txt", {"Lists (*.lst *.txt)"}},
-        {"No pattern", {}},
-        {"", {}},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(NameFilters(row.filter), row.entries) << row.filter;
+    EXPECT_EQ(NameFilters("位置(*.qdd)|*.qdd|All Files(*.*)|*.*"),
+              (QStringList{"位置(*.qdd)", "All Files(*)"}));
+    EXPECT_EQ(NameFilters("Lists|*.lst;*.txt"), QStringList("Lists (*.lst *.txt)"));
+    EXPECT_EQ(NameFilters("No pattern"), QStringList());
+}
+
+TEST_F(QtCommonDialog, ANameToSaveUnderGetsTheExtensionAndTheQuestionIsAboutThatName) {
+    const char* const rows[][3] = {{"表 1", "表 1.qdd", ""},
+                                   {"2024.11.21", "2024.11.21.qdd", ""},
+                                   {"sub/a.QDD", "sub/a.QDD", ""},
+                                   {"there", "", "there.qdd"},
+                                   {"UP.QDD", "", "UP.QDD"},
+                                   {"", "", ""},
+                                   {" ", "", ""},
+                                   {".qdd", "", ""},
+                                   {"sub/.QDD", "", ""},
+                                   {"sub", "", ""}};
+    for (const auto& [typed, answer, box] : rows) {
+        EXPECT_EQ(type(typed), answer) << typed;
+        EXPECT_EQ(asked.section('\n', 0, 0).section(' ', 0, 0).toStdString(), box) << typed;
     }
-}
-
-TEST_F(QtCommonDialog, SavingAddsTheExtensionAndMovesToTheFolder) {
-    FileQuestion question;
-    question.kind = FileQuestion::Kind::Save;
-    question.title = "Save Position data As...";
-    question.filter = "Position Data(*.qdd)|*.qdd|All Files(*.*)|*.*";
-    question.defaultExt = "qdd";
-    question.fileName = "Posi.qdd";
-    question.flags = kOverwritePrompt;
-    QDir(folder.path()).mkdir("sub");
-
-    WhenShown("CommonDialog1", [&](QWidget& widget) {
-        auto& dialog = dynamic_cast<QFileDialog&>(widget);
-        EXPECT_EQ(dialog.windowTitle().toStdString(), question.title);
-        EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text().toStdString(), "Posi.qdd");
-        EXPECT_EQ(dialog.directory(), QDir(folder.path()));
-        Type(dialog, "sub/表 1");
-        Accept(dialog);
-    });
-    const auto answer = ThePlatform().CommonDialog1.ShowFile(question);
-    ASSERT_TRUE(answer.has_value());
-    EXPECT_EQ(answer->path, path("sub/表 1.qdd"));
-    EXPECT_EQ(answer->title, "表 1.qdd");
-    EXPECT_EQ(QDir::currentPath(), folder.filePath("sub"));
-
-    WhenShown("CommonDialog1", [&](QWidget& widget) {
-        EXPECT_EQ(dynamic_cast<QFileDialog&>(widget).directory(), QDir(folder.filePath("sub")));
-        widget.close();
-    });
-    EXPECT_FALSE(ThePlatform().CommonDialog1.ShowFile(question).has_value());
-}
-
-TEST_F(QtCommonDialog, OverwritingAsksOnlyWhenToldTo) {
-    makeFile(path("old.qdd"));
-    FileQuestion question;
-    question.kind = FileQuestion::Kind::Save;
-    question.defaultExt = "qdd";
-    question.flags = kOverwritePrompt;
-    bool asked = false;
-    TypeAndMeetBox("old", QMessageBox::No, asked);
-    EXPECT_FALSE(ThePlatform().CommonDialog1.ShowFile(question).has_value());
-    EXPECT_TRUE(asked);
-
     question.flags = 0;
-    WhenShown("CommonDialog1", [](QWidget& dialog) {
-        Type(dialog, "old");
-        Accept(dialog);
-    });
-    const auto answer = ThePlatform().CommonDialog1.ShowFile(question);
-    ASSERT_TRUE(answer.has_value());
-    EXPECT_EQ(answer->path, path("old.qdd"));
+    EXPECT_EQ(type("there"), "there.qdd");
+    question.defaultExt.clear();
+    EXPECT_EQ(type("plain"), "plain");
 }
 
-TEST_F(QtCommonDialog, OpeningAMissingFileIsRefusedOnlyWhenToldTo) {
-    FileQuestion question;
-    question.defaultExt = "qdd";
+TEST_F(QtCommonDialog, AMissingFileToOpenIsRefusedOnlyWhenToldTo) {
+    question.kind = FileQuestion::Kind::Open;
+    question.flags = 0;
+    EXPECT_EQ(type("missing"), "missing.qdd");
     question.flags = kFileMustExist;
-    bool told = false;
-    TypeAndMeetBox("missing", QMessageBox::Ok, told);
-    EXPECT_FALSE(ThePlatform().CommonDialog1.ShowFile(question).has_value());
-    EXPECT_TRUE(told);
+    EXPECT_EQ(type("missing"), "");
+    EXPECT_NE(asked, "");
+    EXPECT_EQ(type("there"), "there.qdd");
+    EXPECT_EQ(type("UP.QDD"), "UP.QDD");
+}
 
-    for (const int flags : {kFileMustExist, 0}) {
-        const char* name = flags == 0 ? "missing" : "there";
-        makeFile(path("there.qdd"));
-        question.flags = flags;
-        WhenShown("CommonDialog1", [&](QWidget& dialog) {
-            Type(dialog, name);
-            Accept(dialog);
+TEST_F(QtCommonDialog, ShowsTheProposalAndStartsWhereTheLastOneEnded) {
+    question.fileName = "Posi.qdd";
+    for (const char* start : {"", "sub"}) {
+        WhenShown("CommonDialog1", [&](QWidget& widget) {
+            auto& dialog = dynamic_cast<QFileDialog&>(widget);
+            EXPECT_EQ(dialog.windowTitle(), "Save As...");
+            EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "Posi.qdd");
+            EXPECT_EQ(dialog.directory(), QDir(folder.filePath(start)));
+            dialog.setDirectory(folder.filePath("sub"));
+            dynamic_cast<QDialog&>(dialog).accept();
         });
-        const auto answer = ThePlatform().CommonDialog1.ShowFile(question);
-        ASSERT_TRUE(answer.has_value());
-        EXPECT_EQ(answer->title, std::string(name) + ".qdd");
+        EXPECT_TRUE(ThePlatform().CommonDialog1.ShowFile(question).has_value());
     }
 }
 
@@ -161,12 +125,9 @@ TEST_F(QtCommonDialog, ThePrinterDialogsComeUpWithOrWithoutAPrinter) {
         EXPECT_FALSE(ThePlatform().CommonDialog1.ShowPrinter({flags, 1}).has_value());
     }
     InstallQtPrinter();
-    SetPrinterOutputFile(path("paper.pdf"));
-    WhenShown("CommonDialog1", [](QWidget& dialog) { Accept(dialog); });
+    SetPrinterOutputFile(folder.filePath("paper.pdf").toStdString());
+    WhenShown("CommonDialog1", [](QWidget& dialog) { dynamic_cast<QDialog&>(dialog).accept(); });
     EXPECT_EQ(ThePlatform().CommonDialog1.ShowPrinter({0, 1}), 1);
-    ThePlatform().ThePrinter.Print(20, 20, "text");
-    ThePlatform().ThePrinter.EndDoc();
-    EXPECT_TRUE(QFile::exists(folder.filePath("paper.pdf")));
     SetPrinterOutputFile("");
 }
 
