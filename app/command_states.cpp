@@ -14,97 +14,29 @@ Flag CellCopiedFlag = kClear;
 
 namespace {
 
-using enum Command;
-
-constexpr std::array<std::string_view, kCommands> kNames{
-    "cmdPosiFileOpen",
-    "cmdPosiSaveFile",
-    "cmdPosiVerify",
-    "cmdPosiRead",
-    "cmdPosiLoad",
-    "cmdInsertLine",
-    "cmdDeleteLine",
-    "cmdJogTeach",
-    "cmdOpenIoWin",
-    "cmdOpenMoveWin",
-    "cmdOpenGrpWindow",
-    "cmdSqMcrWinOpen",
-    "cmdParaHyoji",
-    "cmdChangeDev",
-    "cmdReset",
-    "mnuFileNew",
-    "mnuFileOpen",
-    "mnuFileGetfromCt",
-    "mnuFileSave",
-    "mnuFileSaveAs",
-    "mnuFileLoadtoCt",
-    "mnuFileShogo",
-    "mnuFileShogoFile",
-    "mnuFileShogoCt",
-    "mnuFilePageSetup",
-    "mnuFilePrint",
-    "mnuFileClose",
-    "mnuFileExit",
-    "mnuEdit",
-    "mnuEditGyoInsert",
-    "mnuEditGyoDelete",
-    "mnuEditLineCopy",
-    "mnuEditLinePaste",
-    "mnuEditCellCopy",
-    "mnuEditCellPaste",
-    "mnuView",
-    "mnuViewToolBar",
-    "mnuViewStatusBar",
-    "mnuViewInputOutput",
-    "mnuViewMoveTest",
-    "mnuViewGroup",
-    "mnuViewSqMacro",
-    "mnuViewTeaching",
-    "mnuViewOption",
-    "mnuSettings",
-    "mnuSettingsDeviceOnline",
-    "mnuSettingsDeviceOffline",
-    "mnuSettingsDetail",
-    "mnuSettingsOffline",
-    "mnuFunctionCt",
-    "mnuFuncAlmReset",
-    "mnuFuncCtversion",
-    "mnuFuncGetAxis",
-    "mnuFuncExternal",
-    "mnuHelpContents",
-    "mnuHelpVersion",
-    "New",
-    "Open",
-    "Save",
-    "Print",
-    "Read",
-    "Load",
-    "Shogo",
-    "LineCopy",
-    "LinePaste",
-    "CellCopy",
-    "CellPaste",
-    "InputOutput",
-    "MoveTest",
-    "Group",
-    "SqMacro",
+/// Who takes a command away. The lists of lines and cells come back with a selection in the grid.
+enum class List : std::uint8_t {
+    LeftOut, ///< nobody; while a batch runs the command does nothing
+    Button,
+    Menu,
+    ToolBar,
+    LineButton,
+    LineMenu,
+    LineCopy,
+    LinePaste,
+    CellCopy,
+    CellPaste
 };
 
-// What each routine takes away. What it gives back is the list less the commands that depend on
-// the grid.
-constexpr std::array kButtons{cmdPosiSaveFile, cmdPosiLoad,    cmdPosiRead,      cmdPosiVerify,
-                              cmdOpenIoWin,    cmdOpenMoveWin, cmdOpenGrpWindow, cmdSqMcrWinOpen,
-                              cmdParaHyoji,    cmdJogTeach,    cmdReset};
-constexpr std::array kToolBar{tbNew,   tbOpen,        tbSave,     tbPrint, tbRead,   tbLoad,
-                              tbShogo, tbInputOutput, tbMoveTest, tbGroup, tbSqMacro};
-constexpr std::array kMenus{mnuFileOpen,  mnuFileGetfromCt, mnuFileSave,      mnuFileSaveAs,
-                            mnuFileShogo, mnuFileLoadtoCt,  mnuFilePageSetup, mnuFilePrint,
-                            mnuEdit,      mnuFuncCtversion, mnuFunctionCt,    mnuView,
-                            mnuSettings};
-constexpr std::array kLineButtons{cmdInsertLine, cmdDeleteLine};
-constexpr std::array kLineMenus{mnuEditGyoInsert, mnuEditGyoDelete};
-constexpr std::array kLineClip{mnuEditLineCopy, mnuEditLinePaste, tbLineCopy, tbLinePaste};
-constexpr std::array kCellClip{mnuEditCellCopy, mnuEditCellPaste, tbCellCopy, tbCellPaste};
+struct Entry {
+    std::string_view name;
+    List list;
+};
+#define QDW8_COMMAND_ENTRY(name, list) Entry{#name, List::list},
+constexpr std::array<Entry, kCommands> kEntries{{QDW8_COMMANDS(QDW8_COMMAND_ENTRY)}};
+#undef QDW8_COMMAND_ENTRY
+
+constexpr std::string_view kToolBarMark = "tb";
 
 std::bitset<kCommands> enabledStates;
 std::bitset<kCommands> builtCommands;
@@ -116,36 +48,43 @@ std::size_t IndexOf(Command command) {
     return static_cast<std::size_t>(command);
 }
 
-/// The commands that no routine of this unit takes away. While a batch runs they do nothing.
-bool IsLeftOut(Command command) {
-    const auto in = [command](const auto& list) {
-        return std::find(list.begin(), list.end(), command) != list.end();
-    };
-    return !(in(kButtons) || in(kToolBar) || in(kMenus) || in(kLineButtons) || in(kLineMenus) ||
-             in(kLineClip) || in(kCellClip));
-}
-
 void Tell() {
     if (Screens().frmMainCommands) {
         Screens().frmMainCommands();
     }
 }
 
-template<typename List> void Put(const List& list, bool enabled) {
-    for (const Command command : list) {
-        enabledStates.set(IndexOf(command), enabled);
+void Put(std::initializer_list<List> lists, bool enabled) {
+    for (std::size_t index = 0; index < kCommands; ++index) {
+        if (std::find(lists.begin(), lists.end(), kEntries[index].list) != lists.end()) {
+            enabledStates.set(index, enabled);
+        }
     }
+}
+
+void PutEditCommands(bool enabled) {
+    Put({List::LineButton, List::LineMenu, List::LineCopy, List::LinePaste, List::CellCopy,
+         List::CellPaste},
+        enabled);
+}
+
+bool IsOnToolBar(std::size_t index) {
+    return kEntries[index].name.starts_with(kToolBarMark);
 }
 
 } // namespace
 
 std::string_view NameOf(Command command) {
-    return kNames[IndexOf(command)];
+    std::string_view name = kEntries[IndexOf(command)].name;
+    if (IsOnToolBar(IndexOf(command))) {
+        name.remove_prefix(kToolBarMark.size());
+    }
+    return name;
 }
 
 bool IsEnabled(Command command) {
     return builtCommands.test(IndexOf(command)) && enabledStates.test(IndexOf(command)) &&
-           !(batchRuns && IsLeftOut(command));
+           !(batchRuns && kEntries[IndexOf(command)].list == List::LeftOut);
 }
 
 void SetEnabled(Command command, bool enabled) {
@@ -158,53 +97,51 @@ void SetBuilt(Command command) {
 }
 
 void CMDBTN_Muko() {
-    Put(kButtons, false);
-    Put(kLineButtons, false);
+    Put({List::Button, List::LineButton}, false);
     batchRuns = true;
     Tell();
 }
 
 void CMDBTN_Yuko() {
-    Put(kButtons, true);
+    Put({List::Button}, true);
     batchRuns = false;
     Tell();
 }
 
 void ToolBar_Muko() {
-    Put(kToolBar, false);
-    Put(std::array{tbLineCopy, tbLinePaste, tbCellCopy, tbCellPaste}, false);
+    for (std::size_t index = 0; index < kCommands; ++index) {
+        if (IsOnToolBar(index)) {
+            enabledStates.reset(index);
+        }
+    }
     Tell();
 }
 
 void ToolBar_Yuko() {
-    Put(kToolBar, true);
+    Put({List::ToolBar}, true);
     Tell();
 }
 
 void Menyu_Muko() {
-    Put(kMenus, false);
-    Put(kLineMenus, false);
+    Put({List::Menu, List::LineMenu}, false);
     Tell();
 }
 
 void Menyu_Yuko() {
-    Put(kMenus, true);
+    Put({List::Menu}, true);
     Tell();
 }
 
 void MenuFunction_Muko() {
-    SetEnabled(mnuFunctionCt, false);
+    SetEnabled(Command::mnuFunctionCt, false);
 }
 
 void MenuFunction_Yuko() {
-    SetEnabled(mnuFunctionCt, true);
+    SetEnabled(Command::mnuFunctionCt, true);
 }
 
 void EditCMD_Muko() {
-    Put(kLineButtons, false);
-    Put(kLineMenus, false);
-    Put(kLineClip, false);
-    Put(kCellClip, false);
+    PutEditCommands(false);
     Tell();
 }
 
@@ -212,11 +149,9 @@ void EditCMD_Yuko() {
     if (batchRuns) {
         return; // a click into the grid doesn't give commands to a running batch
     }
-    Put(kLineButtons, true);
-    Put(kLineMenus, true);
-    Put(std::array{mnuEditCellCopy, tbCellCopy, mnuEditLineCopy, tbLineCopy}, true);
-    Put(std::array{mnuEditCellPaste, tbCellPaste}, IsSet(CellCopiedFlag));
-    Put(std::array{mnuEditLinePaste, tbLinePaste}, IsSet(LineCopiedFlag));
+    Put({List::LineButton, List::LineMenu, List::CellCopy, List::LineCopy}, true);
+    Put({List::CellPaste}, IsSet(CellCopiedFlag));
+    Put({List::LinePaste}, IsSet(LineCopiedFlag));
     Tell();
 }
 
@@ -224,15 +159,12 @@ void CellPasteYuko() {
     if (batchRuns) {
         return;
     }
-    Put(kLineButtons, true);
-    Put(kLineMenus, true);
-    Put(kLineClip, true);
-    Put(kCellClip, true);
+    PutEditCommands(true);
     Tell();
 }
 
 void LinePaste_Muko() {
-    Put(kLineClip, false);
+    Put({List::LineCopy, List::LinePaste}, false);
     Tell();
 }
 
@@ -260,15 +192,11 @@ EditCommandsAway::EditCommandsAway() : before(enabledStates) {
 
 EditCommandsAway::~EditCommandsAway() {
     --editTakenAway;
-    const auto putBack = [this](const auto& list) {
-        for (const Command command : list) {
-            enabledStates.set(IndexOf(command), before.test(IndexOf(command)));
+    for (std::size_t index = 0; index < kCommands; ++index) {
+        if (kEntries[index].list >= List::LineButton) {
+            enabledStates.set(index, before.test(index));
         }
-    };
-    putBack(kLineButtons);
-    putBack(kLineMenus);
-    putBack(kLineClip);
-    putBack(kCellClip);
+    }
     Tell();
 }
 

@@ -13,85 +13,84 @@
 /// return when the grid next gets a selection.
 namespace qdw8 {
 
-/// Every command of the main window. The names are those of the controls; `tb` stands for a button
-/// of the tool bar `tbToolBar`, by its key.
-enum class Command : std::size_t {
-    // buttons
-    cmdPosiFileOpen,
-    cmdPosiSaveFile,
-    cmdPosiVerify,
-    cmdPosiRead,
-    cmdPosiLoad,
-    cmdInsertLine,
-    cmdDeleteLine,
-    cmdJogTeach,
-    cmdOpenIoWin,
-    cmdOpenMoveWin,
-    cmdOpenGrpWindow,
-    cmdSqMcrWinOpen,
-    cmdParaHyoji,
-    cmdChangeDev,
-    cmdReset,
-    // menus
-    mnuFileNew,
-    mnuFileOpen,
-    mnuFileGetfromCt,
-    mnuFileSave,
-    mnuFileSaveAs,
-    mnuFileLoadtoCt,
-    mnuFileShogo,
-    mnuFileShogoFile,
-    mnuFileShogoCt,
-    mnuFilePageSetup,
-    mnuFilePrint,
-    mnuFileClose,
-    mnuFileExit,
-    mnuEdit,
-    mnuEditGyoInsert,
-    mnuEditGyoDelete,
-    mnuEditLineCopy,
-    mnuEditLinePaste,
-    mnuEditCellCopy,
-    mnuEditCellPaste,
-    mnuView,
-    mnuViewToolBar,
-    mnuViewStatusBar,
-    mnuViewInputOutput,
-    mnuViewMoveTest,
-    mnuViewGroup,
-    mnuViewSqMacro,
-    mnuViewTeaching,
-    mnuViewOption,
-    mnuSettings,
-    mnuSettingsDeviceOnline,
-    mnuSettingsDeviceOffline,
-    mnuSettingsDetail,
-    mnuSettingsOffline,
-    mnuFunctionCt,
-    mnuFuncAlmReset,
-    mnuFuncCtversion,
-    mnuFuncGetAxis,
-    mnuFuncExternal,
-    mnuHelpContents,
-    mnuHelpVersion,
-    // tool bar
-    tbNew,
-    tbOpen,
-    tbSave,
-    tbPrint,
-    tbRead,
-    tbLoad,
-    tbShogo,
-    tbLineCopy,
-    tbLinePaste,
-    tbCellCopy,
-    tbCellPaste,
-    tbInputOutput,
-    tbMoveTest,
-    tbGroup,
-    tbSqMacro,
-    count
-};
+/// Every command of the main window by the name of its control, and the list that it stands in
+/// for the routines below. `tb` stands for a button of the tool bar `tbToolBar`, by its key.
+#define QDW8_COMMANDS(C)                                                                           \
+    C(cmdPosiFileOpen, LeftOut)                                                                    \
+    C(cmdPosiSaveFile, Button)                                                                     \
+    C(cmdPosiVerify, Button)                                                                       \
+    C(cmdPosiRead, Button)                                                                         \
+    C(cmdPosiLoad, Button)                                                                         \
+    C(cmdInsertLine, LineButton)                                                                   \
+    C(cmdDeleteLine, LineButton)                                                                   \
+    C(cmdJogTeach, Button)                                                                         \
+    C(cmdOpenIoWin, Button)                                                                        \
+    C(cmdOpenMoveWin, Button)                                                                      \
+    C(cmdOpenGrpWindow, Button)                                                                    \
+    C(cmdSqMcrWinOpen, Button)                                                                     \
+    C(cmdParaHyoji, Button)                                                                        \
+    C(cmdChangeDev, LeftOut)                                                                       \
+    C(cmdReset, Button)                                                                            \
+    C(mnuFileNew, LeftOut)                                                                         \
+    C(mnuFileOpen, Menu)                                                                           \
+    C(mnuFileGetfromCt, Menu)                                                                      \
+    C(mnuFileSave, Menu)                                                                           \
+    C(mnuFileSaveAs, Menu)                                                                         \
+    C(mnuFileLoadtoCt, Menu)                                                                       \
+    C(mnuFileShogo, Menu)                                                                          \
+    C(mnuFileShogoFile, LeftOut)                                                                   \
+    C(mnuFileShogoCt, LeftOut)                                                                     \
+    C(mnuFilePageSetup, Menu)                                                                      \
+    C(mnuFilePrint, Menu)                                                                          \
+    C(mnuFileClose, LeftOut)                                                                       \
+    C(mnuFileExit, LeftOut)                                                                        \
+    C(mnuEdit, Menu)                                                                               \
+    C(mnuEditGyoInsert, LineMenu)                                                                  \
+    C(mnuEditGyoDelete, LineMenu)                                                                  \
+    C(mnuEditLineCopy, LineCopy)                                                                   \
+    C(mnuEditLinePaste, LinePaste)                                                                 \
+    C(mnuEditCellCopy, CellCopy)                                                                   \
+    C(mnuEditCellPaste, CellPaste)                                                                 \
+    C(mnuView, Menu)                                                                               \
+    C(mnuViewToolBar, LeftOut)                                                                     \
+    C(mnuViewStatusBar, LeftOut)                                                                   \
+    C(mnuViewInputOutput, LeftOut)                                                                 \
+    C(mnuViewMoveTest, LeftOut)                                                                    \
+    C(mnuViewGroup, LeftOut)                                                                       \
+    C(mnuViewSqMacro, LeftOut)                                                                     \
+    C(mnuViewTeaching, LeftOut)                                                                    \
+    C(mnuViewOption, LeftOut)                                                                      \
+    C(mnuSettings, Menu)                                                                           \
+    C(mnuSettingsDeviceOnline, LeftOut)                                                            \
+    C(mnuSettingsDeviceOffline, LeftOut)                                                           \
+    C(mnuSettingsDetail, LeftOut)                                                                  \
+    C(mnuSettingsOffline, LeftOut)                                                                 \
+    C(mnuFunctionCt, Menu)                                                                         \
+    C(mnuFuncAlmReset, LeftOut)                                                                    \
+    C(mnuFuncCtversion, Menu)                                                                      \
+    C(mnuFuncGetAxis, LeftOut)                                                                     \
+    C(mnuFuncExternal, LeftOut)                                                                    \
+    C(mnuHelpContents, LeftOut)                                                                    \
+    C(mnuHelpVersion, LeftOut)                                                                     \
+    C(tbNew, ToolBar)                                                                              \
+    C(tbOpen, ToolBar)                                                                             \
+    C(tbSave, ToolBar)                                                                             \
+    C(tbPrint, ToolBar)                                                                            \
+    C(tbRead, ToolBar)                                                                             \
+    C(tbLoad, ToolBar)                                                                             \
+    C(tbShogo, ToolBar)                                                                            \
+    C(tbLineCopy, LineCopy)                                                                        \
+    C(tbLinePaste, LinePaste)                                                                      \
+    C(tbCellCopy, CellCopy)                                                                        \
+    C(tbCellPaste, CellPaste)                                                                      \
+    C(tbInputOutput, ToolBar)                                                                      \
+    C(tbMoveTest, ToolBar)                                                                         \
+    C(tbGroup, ToolBar)                                                                            \
+    C(tbSqMacro, ToolBar)
+
+#define QDW8_COMMAND_NAME(name, list) name,
+enum class Command : std::size_t { QDW8_COMMANDS(QDW8_COMMAND_NAME) count };
+#undef QDW8_COMMAND_NAME
 inline constexpr std::size_t kCommands = static_cast<std::size_t>(Command::count);
 
 /// The control's name.

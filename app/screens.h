@@ -33,6 +33,9 @@ struct ScreenFunctions {
     std::function<void()> flgdData;
     /// Gives the grid the focus.
     std::function<void()> flgdDataFocus;
+    /// Hands the grid's selection back and commits a cell that is being edited. False: its text was
+    /// rejected, and the edit is still open.
+    std::function<bool()> flgdDataFinishInput;
 
     /// The language of the run is settled: font, and what the toolkit itself says.
     std::function<void()> languageSettled;

@@ -10,6 +10,7 @@
 #include "position/grid_display.h"
 #include "position/grid_editor.h"
 #include "position/posi_table.h"
+#include "program/commands.h"
 #include "windows/main/frmMain.h"
 
 #include <QApplication>
@@ -51,7 +52,8 @@ std::unique_ptr<frmMain> ShowFullGrid(int width, int height) {
     for (std::size_t index = 0; index < kCommands; ++index) {
         SetBuilt(static_cast<Command>(index));
     }
-    auto window = std::make_unique<frmMain>(MainWindowEvents{{}, {}, {}, flgdData_RowColChange});
+    auto window =
+        std::make_unique<frmMain>(Commands(), MainWindowEvents{{}, {}, {}, flgdData_RowColChange});
     Screens().flgdData = [main = window.get()] { main->showGrid(); };
     Screens().flgdDataFocus = [main = window.get()] { main->focusGrid(); };
     Screens().frmMainCommands = [main = window.get()] { main->showCommands(); };

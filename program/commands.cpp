@@ -4,7 +4,9 @@
 #include "app/screens.h"
 #include "link/background.h"
 #include "platform/platform.h"
+#include "position/flex_grid.h"
 #include "position/grid_clipboard.h"
+#include "position/grid_editor.h"
 #include "position/grid_lines.h"
 #include "position/posi_file.h"
 #include "position/posi_new.h"
@@ -15,7 +17,6 @@
 #include "setup/posi_read.h"
 #include "setup/posi_write.h"
 
-#include <algorithm>
 #include <array>
 #include <exception>
 
@@ -23,11 +24,8 @@ namespace qdw8 {
 namespace {
 
 using enum Command;
-
-struct Entry {
-    Command command;
-    void (*routine)();
-};
+using enum EditedCell;
+using enum Runs;
 
 void CloseMainWindow() {
     Screens().frmMainClose();
@@ -39,89 +37,199 @@ void PageSetup() {
     ThePlatform().CommonDialog1.ShowPrinter({kPageSetup, 1});
 }
 
-/// A menu has no routine of its own.
-void NoRoutine() {}
-
-constexpr std::array kEntries{
-    Entry{cmdPosiRead, ReadFromCt},
-    Entry{mnuFileGetfromCt, ReadFromCt},
-    Entry{tbRead, ReadFromCt},
-    Entry{cmdPosiSaveFile, SavePosiFile},
-    Entry{mnuFileSave, SavePosiFile},
-    Entry{tbSave, SavePosiFile},
-    Entry{mnuFileSaveAs, SavePosiFileAs},
-    Entry{mnuFileNew, mnuFileNew_Click},
-    Entry{tbNew, mnuFileNew_Click},
-    Entry{cmdPosiFileOpen, OpenPosiFile},
-    Entry{mnuFileOpen, OpenPosiFile},
-    Entry{tbOpen, OpenPosiFile},
-    Entry{cmdPosiLoad, WriteToCt},
-    Entry{mnuFileLoadtoCt, WriteToCt},
-    Entry{tbLoad, WriteToCt},
-    Entry{cmdPosiVerify, VerifyChoose},
-    Entry{tbShogo, VerifyChoose},
-    Entry{mnuFileShogo, NoRoutine},
-    Entry{mnuFileShogoFile, PosiDataFileShogo2},
-    Entry{mnuFileShogoCt, PosiDataCtShogo},
-    Entry{cmdInsertLine, InsertLine_Click},
-    Entry{mnuEditGyoInsert, InsertLine_Click},
-    Entry{cmdDeleteLine, DeleteLine_Click},
-    Entry{mnuEditGyoDelete, DeleteLine_Click},
-    Entry{mnuEditLineCopy, mnuEditLineCopy_Click},
-    Entry{tbLineCopy, mnuEditLineCopy_Click},
-    Entry{mnuEditLinePaste, mnuEditLinePaste_Click},
-    Entry{tbLinePaste, mnuEditLinePaste_Click},
-    Entry{mnuEditCellCopy, mnuEditCellCopy_Click},
-    Entry{tbCellCopy, mnuEditCellCopy_Click},
-    Entry{mnuEditCellPaste, mnuEditCellPaste_Click},
-    Entry{tbCellPaste, mnuEditCellPaste_Click},
-    Entry{mnuFilePageSetup, PageSetup},
-    Entry{mnuFileClose, mnuFileClose_Click},
-    Entry{mnuFileExit, CloseMainWindow},
-    Entry{cmdChangeDev, cmdChangeDev_Click},
-    Entry{mnuSettingsDeviceOffline, mnuSettingsDeviceOffline_Click},
-    Entry{mnuSettingsDeviceOnline, mnuSettingsDeviceOnline_Click},
-    Entry{cmdReset, cmdReset_Click},
-    Entry{mnuFuncAlmReset, cmdReset_Click},
-    Entry{mnuFuncCtversion, mnuFuncCtversion_Click},
-    Entry{mnuFuncGetAxis, mnuFuncGetAxis_Click},
-    Entry{mnuSettingsOffline, mnuSettingsOffline_Click},
-    Entry{mnuEdit, NoRoutine},
-    Entry{mnuView, NoRoutine},
-    Entry{mnuSettings, NoRoutine},
-    Entry{mnuFunctionCt, NoRoutine},
+constexpr std::array kMenus{
+    MenuRow{Menu::File, "mnuFile", 250, {}, {}},
+    MenuRow{Menu::FileShogo, "mnuFileShogo", 257, mnuFileShogo, Menu::File, true},
+    MenuRow{Menu::Edit, "mnuEdit", 265, mnuEdit, {}},
+    MenuRow{Menu::View, "mnuView", 270, mnuView, {}},
+    MenuRow{Menu::Settings, "mnuSettings", 280, mnuSettings, {}},
+    MenuRow{Menu::FunctionCt, "mnuFunctionCt", 285, mnuFunctionCt, {}},
+    MenuRow{Menu::Help, "mnuHelp", 290, {}, {}},
 };
 
-/// Out of the wait of a background exchange a command runs when that has ended, if it may be used
-/// then.
-void RunNow(Command command) {
-    if (!IsEnabled(command)) {
-        return;
+constexpr std::array kRows{
+    CommandRow{.routine = mnuFileNew_Click,
+               .entry = {{mnuFileNew, Menu::File, 251, "Ctrl+N"}},
+               .tool = {{tbNew, 1, 300, Drawing::New}}},
+    CommandRow{.routine = OpenPosiFile,
+               .button = {{cmdPosiFileOpen, 203, 313, Frame::Position, 0, 0}},
+               .entry = {{mnuFileOpen, Menu::File, 252, "Ctrl+O"}},
+               .tool = {{tbOpen, 2, 301, Drawing::Open}}},
+    CommandRow{.routine = ReadFromCt,
+               .button = {{cmdPosiRead, 206, 316, Frame::Position, 0, 1}},
+               .entry = {{mnuFileGetfromCt, Menu::File, 253, "Ctrl+R"}},
+               .tool = {{tbRead, 7, 304, Drawing::Read}}},
+    CommandRow{.routine = SavePosiFile,
+               .button = {{cmdPosiSaveFile, 204, 314, Frame::Position, 1, 0}},
+               .entry = {{mnuFileSave, Menu::File, 254, "Ctrl+S", true}},
+               .tool = {{tbSave, 3, 302, Drawing::Save}}},
+    CommandRow{.routine = SavePosiFileAs,
+               .entry = {{mnuFileSaveAs, Menu::File, 255, "Ctrl+Shift+S"}}},
+    CommandRow{.routine = WriteToCt,
+               .button = {{cmdPosiLoad, 207, 317, Frame::Position, 1, 1}},
+               .entry = {{mnuFileLoadtoCt, Menu::File, 256, "Ctrl+L"}},
+               .tool = {{tbLoad, 8, 305, Drawing::Load}}},
+    CommandRow{.routine = VerifyChoose,
+               .button = {{cmdPosiVerify, 205, 315, Frame::Position, 2, 0}},
+               .tool = {{tbShogo, 9, 306, Drawing::Shogo}}},
+    CommandRow{.routine = PosiDataFileShogo2, .entry = {{mnuFileShogoFile, Menu::FileShogo, 258}}},
+    CommandRow{.routine = PosiDataCtShogo, .entry = {{mnuFileShogoCt, Menu::FileShogo, 259}}},
+    CommandRow{.routine = PageSetup, .entry = {{mnuFilePageSetup, Menu::File, 260, "", true}}},
+    CommandRow{.entry = {{mnuFilePrint, Menu::File, 261, "Ctrl+P"}},
+               .tool = {{tbPrint, 5, 303, Drawing::Print}}},
+    // There is no text for closing the document.
+    CommandRow{.routine = mnuFileClose_Click,
+               .editedCell = GivenUp,
+               .entry = {{mnuFileClose, Menu::File, 0, "Ctrl+W"}}},
+    CommandRow{.routine = CloseMainWindow,
+               .editedCell = GivenUp,
+               .entry = {{mnuFileExit, Menu::File, 262, "Ctrl+Q", true}}},
+
+    CommandRow{.routine = InsertLine_Click,
+               .runs = Here,
+               .button = {{cmdInsertLine, 208, 318, Frame::Position, 0, 2}},
+               .entry = {{mnuEditGyoInsert, Menu::Edit, 266, "Ctrl++"}}},
+    CommandRow{.routine = DeleteLine_Click,
+               .runs = Here,
+               .button = {{cmdDeleteLine, 209, 319, Frame::Position, 1, 2}},
+               .entry = {{mnuEditGyoDelete, Menu::Edit, 267, "Ctrl+-"}}},
+    CommandRow{.routine = mnuEditLineCopy_Click,
+               .runs = Here,
+               .entry = {{mnuEditLineCopy, Menu::Edit, 268, "Ctrl+Shift+C", true}},
+               .tool = {{tbLineCopy, 11, 307, Drawing::LineCopy}}},
+    CommandRow{.routine = mnuEditLinePaste_Click,
+               .runs = Here,
+               .entry = {{mnuEditLinePaste, Menu::Edit, 269, "Ctrl+Shift+V"}},
+               .tool = {{tbLinePaste, 12, 308, Drawing::LinePaste}}},
+    CommandRow{.routine = mnuEditCellCopy_Click,
+               .runs = Here,
+               .entry = {{mnuEditCellCopy, Menu::Edit, 297, "Ctrl+C", true}},
+               .tool = {{tbCellCopy, 13, 340, Drawing::CellCopy}}},
+    CommandRow{.routine = mnuEditCellPaste_Click,
+               .runs = Here,
+               .entry = {{mnuEditCellPaste, Menu::Edit, 298, "Ctrl+V"}},
+               .tool = {{tbCellPaste, 14, 341, Drawing::CellPaste}}},
+
+    CommandRow{.runs = InWindow,
+               .editedCell = LeftAlone,
+               .entry = {{mnuViewToolBar, Menu::View, 271, "", false, true}}},
+    CommandRow{.runs = InWindow,
+               .editedCell = LeftAlone,
+               .entry = {{mnuViewStatusBar, Menu::View, 272, "", false, true}}},
+    CommandRow{.button = {{cmdOpenIoWin, 244, 309, Frame::Controller, 0, 0}},
+               .entry = {{mnuViewInputOutput, Menu::View, 273, "", true}},
+               .tool = {{tbInputOutput, 16, 309, Drawing::InputOutput}}},
+    CommandRow{.button = {{cmdOpenMoveWin, 245, 310, Frame::Controller, 1, 0}},
+               .entry = {{mnuViewMoveTest, Menu::View, 274}},
+               .tool = {{tbMoveTest, 18, 310, Drawing::MoveTest}}},
+    CommandRow{.button = {{cmdOpenGrpWindow, 246, 311, Frame::Controller, 0, 1}},
+               .entry = {{mnuViewGroup, Menu::View, 275}},
+               .tool = {{tbGroup, 20, 311, Drawing::Group}}},
+    CommandRow{.button = {{cmdSqMcrWinOpen, 247, 312, Frame::Controller, 1, 1}},
+               .entry = {{mnuViewSqMacro, Menu::View, 276}},
+               .tool = {{tbSqMacro, 22, 312, Drawing::SqMacro}}},
+    CommandRow{.button = {{cmdJogTeach, 210, 320, Frame::Position, 2, 1}},
+               .entry = {{mnuViewTeaching, Menu::View, 277}}},
+    CommandRow{.entry = {{mnuViewOption, Menu::View, 278, "", true}}},
+
+    CommandRow{.routine = mnuSettingsDeviceOnline_Click,
+               .entry = {{mnuSettingsDeviceOnline, Menu::Settings, 281}}},
+    CommandRow{.routine = mnuSettingsDeviceOffline_Click,
+               .entry = {{mnuSettingsDeviceOffline, Menu::Settings, 282}}},
+    CommandRow{.routine = cmdChangeDev_Click,
+               .button = {{cmdChangeDev, 41, 0, Frame::Controller, 2, 1}}},
+    CommandRow{.button = {{cmdParaHyoji, 35, 0, Frame::Controller, 2, 0}},
+               .entry = {{mnuSettingsDetail, Menu::Settings, 283}}},
+    CommandRow{.routine = mnuSettingsOffline_Click,
+               .editedCell = LeftAlone,
+               .entry = {{mnuSettingsOffline, Menu::Settings, 294, "", true}}},
+
+    CommandRow{.routine = cmdReset_Click,
+               .editedCell = LeftAlone,
+               .button = {{cmdReset, 216, 0, Frame::OnLine, 0, 0}},
+               .entry = {{mnuFuncAlmReset, Menu::FunctionCt, 286}}},
+    CommandRow{.routine = mnuFuncCtversion_Click,
+               .editedCell = LeftAlone,
+               .entry = {{mnuFuncCtversion, Menu::FunctionCt, 287, "", true}}},
+    CommandRow{.routine = mnuFuncGetAxis_Click, .entry = {{mnuFuncGetAxis, Menu::FunctionCt, 288}}},
+    CommandRow{.entry = {{mnuFuncExternal, Menu::FunctionCt, 295, "", true}}},
+
+    CommandRow{.entry = {{mnuHelpContents, Menu::Help, 291, "F1"}}},
+    CommandRow{.entry = {{mnuHelpVersion, Menu::Help, 292}}},
+};
+
+bool EditedCellAllows(EditedCell editedCell) {
+    if (editedCell == LeftAlone || !Screens().flgdDataFinishInput ||
+        Screens().flgdDataFinishInput()) {
+        return true;
     }
-    const auto* entry = std::find_if(kEntries.begin(), kEntries.end(),
-                                     [command](const Entry& e) { return e.command == command; });
-    if (entry == kEntries.end()) {
+    if (editedCell == GivenUp) {
+        CancelEdit();
+        return true;
+    }
+    return false;
+}
+
+void Start(Command command, const CommandRow& row) {
+    // What may be used can have changed since the user chose it.
+    if (!IsEnabled(command) || !EditedCellAllows(row.editedCell)) {
         return;
     }
     try {
-        entry->routine();
+        row.routine();
     } catch (const std::exception&) {
-        ShowTexts(
-            {397}); // each routine has a handler of its own; this keeps the rest from the toolkit
+        ShowTexts({397}); // each routine has a handler of its own; this keeps the rest from the
+                          // toolkit
+    }
+    GiveEditCommandsBack();
+    // A button that was pressed gives the focus back: the next key is meant for the grid, not for
+    // the button once more or for the one beside it.
+    if (row.editedCell != LeftAlone && Screens().flgdDataFocus) {
+        Screens().flgdDataFocus();
     }
 }
 
 } // namespace
 
+CommandTable Commands() {
+    return {kMenus, kRows};
+}
+
 void RegisterCommands() {
-    for (const Entry& entry : kEntries) {
-        SetBuilt(entry.command);
+    for (const MenuRow& menu : kMenus) {
+        if (menu.command) {
+            SetBuilt(*menu.command);
+        }
+    }
+    for (const CommandRow& row : kRows) {
+        if (row.built()) {
+            const auto built = [](const auto& place) {
+                if (place) {
+                    SetBuilt(place->name);
+                }
+            };
+            built(row.button);
+            built(row.entry);
+            built(row.tool);
+        }
     }
 }
 
 void RunCommand(Command command) {
-    if (IsEnabled(command)) {
-        WhenLineIsFree([command] { RunNow(command); });
+    const CommandRow* row = Commands().find(command);
+    if (row == nullptr || row->routine == nullptr || !IsEnabled(command)) {
+        return;
+    }
+    if (row->runs == Here) {
+        Start(command, *row);
+    } else {
+        WhenLineIsFree([command, row] { Start(command, *row); });
+    }
+}
+
+void GiveEditCommandsBack() {
+    if (flgdData().row >= kGridHeadRows) {
+        EditCMD_Yuko();
     }
 }
 

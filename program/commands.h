@@ -1,14 +1,23 @@
 #pragma once
 
-#include "app/command_states.h"
+#include "windows/main/command_rows.h"
 
-/// Which routine stands behind which command of the main window.
+/// The one table of the main window's commands: what stands on the controls, where they are, and
+/// which routine runs.
 namespace qdw8 {
+
+CommandTable Commands();
 
 /// Tells the command states which commands are built.
 void RegisterCommands();
 
-/// Runs a command; one that may not be used now does nothing.
+/// Runs the command of a control, unless it may not be used now. A cell that is being edited is
+/// committed, left alone or given up as the command's row says; a text that is rejected keeps the
+/// command from starting. Behind the command the grid has the focus again, unless the command left
+/// it alone, and the edit commands are back if a cell is still selected.
 void RunCommand(Command command);
+
+/// The edit commands come back with the selection that still stands.
+void GiveEditCommandsBack();
 
 } // namespace qdw8

@@ -70,6 +70,7 @@ void DressForLanguage() {
 void ShowMain(bool small) {
     Windows& windows = TheWindows();
     windows.main = std::make_unique<frmMain>(
+        Commands(),
         MainWindowEvents{RunCommand, frmMain_QueryUnload, frmMain_Unload, flgdData_RowColChange});
     windows.trance = std::make_unique<frmTrance>(windows.main.get());
     windows.processing = std::make_unique<frmProcessing>(windows.main.get());
@@ -96,6 +97,10 @@ void WireScreens() {
     screens.frmMainCommands = Tell(&Windows::main, &frmMain::showCommands);
     screens.flgdData = Tell(&Windows::main, &frmMain::showGrid);
     screens.flgdDataFocus = Tell(&Windows::main, &frmMain::focusGrid);
+    screens.flgdDataFinishInput = [] {
+        const auto& main = TheWindows().main;
+        return !main || main->finishInput();
+    };
     screens.frmTrance = Tell(&Windows::trance, &frmTrance::showState);
     screens.frmProcessing = Tell(&Windows::processing, &frmProcessing::showState);
     screens.languageSettled = DressForLanguage;

@@ -1,5 +1,6 @@
 #include "windows/main/frmMain.h"
 
+#include "program/commands.h"
 #include "window_fixture.h"
 
 #include <QAbstractButton>
@@ -44,13 +45,13 @@ protected:
     /// Makes the window as the program does, bound to the units.
     frmMain& make() {
         window = std::make_unique<frmMain>(
-            MainWindowEvents{[this](Command command) { commands.push_back(command); },
-                             [this] {
-                                 calls.emplace_back("query");
-                                 return mayClose;
-                             },
-                             [this] { calls.emplace_back("unload"); },
-                             {}});
+            Commands(), MainWindowEvents{[this](Command command) { commands.push_back(command); },
+                                         [this] {
+                                             calls.emplace_back("query");
+                                             return mayClose;
+                                         },
+                                         [this] { calls.emplace_back("unload"); },
+                                         {}});
         Screens().frmMainPanel = [this] { window->showPanel(); };
         Screens().frmMainCommands = [this] { window->showCommands(); };
         Screens().flgdData = [this] { window->showGrid(); };
@@ -201,6 +202,7 @@ TEST_F(MainWindowTest, ShowsTheCommandStates) {
 
 TEST_F(MainWindowTest, ACommandThatNothingStandsBehindIsOff) {
     ResetCommandStates();
+    RegisterCommands();
     make();
     giveAllBack();
     EXPECT_FALSE(isEnabled(cmdOpenIoWin));

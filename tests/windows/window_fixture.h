@@ -8,6 +8,7 @@
 #include "position/check_result.h"
 #include "position/flex_grid.h"
 #include "position/posi_table.h"
+#include "program/startup.h"
 #include "support/scripted_platform.h"
 
 #include <QImage>
@@ -22,14 +23,7 @@ namespace qdw8::test {
 class WindowTest : public ::testing::Test {
 protected:
     WindowTest() {
-        ResetModule1();
-        ResetCommandStates();
-        ResetMainPanel();
-        ResetTransferDialog();
-        ResetDevices();
-        ResetPositions();
-        ResetCheckResult();
-        ResetGrid();
+        InitTables();
         AxisOff.fill(kClear);
         speak(10000);
     }

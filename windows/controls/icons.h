@@ -1,35 +1,10 @@
 #pragma once
 
+#include "windows/controls/drawings.h"
+
 #include <QIcon>
-#include <cstdint>
 
 namespace qdw8 {
-
-/// The project's own drawings.
-enum class Drawing : std::uint8_t {
-    // tool bar
-    New,
-    Open,
-    Save,
-    Print,
-    Read,
-    Load,
-    Shogo,
-    LineCopy,
-    LinePaste,
-    CellCopy,
-    CellPaste,
-    InputOutput,
-    MoveTest,
-    Group,
-    SqMacro,
-    // lamps; each says its state by its shape, too
-    LampGreen, ///< a disc with a tick
-    LampWhite, ///< an empty ring
-    LampRed,   ///< a disc with an exclamation mark
-    // the program
-    Application
-};
 
 /// The drawing as an icon. It is drawn anew for every size and follows the palette, so it is crisp
 /// at every scale and readable on dark and on light.

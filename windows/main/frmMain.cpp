@@ -7,7 +7,6 @@
 #include "windows/controls/load_form_resources.h"
 #include "windows/controls/texts.h"
 
-#include <QAbstractButton>
 #include <QAction>
 #include <QClipboard>
 #include <QCloseEvent>
@@ -16,6 +15,7 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QScreen>
 #include <QStatusBar>
 #include <QToolBar>
@@ -35,7 +35,8 @@ constexpr QSize kFullSize{1024, 717};
 
 } // namespace
 
-frmMain::frmMain(MainWindowEvents handlers) : events(std::move(handlers)) {
+frmMain::frmMain(const CommandTable& commands, MainWindowEvents handlers)
+    : table(commands), events(std::move(handlers)) {
     setObjectName(QStringLiteral("frmMain"));
     SetNumbers(*this, 201);
     setWindowIcon(IconOf(Drawing::Application));
@@ -43,8 +44,8 @@ frmMain::frmMain(MainWindowEvents handlers) : events(std::move(handlers)) {
     setContextMenuPolicy(Qt::PreventContextMenu);
 
     const CommandRoutine routine = [this](Command command) { chosen(command); };
-    BuildMenus(*this, controls, routine);
-    toolBar = BuildToolBar(*this, controls, routine);
+    BuildMenus(*this, controls, table, routine);
+    toolBar = BuildToolBar(*this, controls, table, routine);
 
     grid = new GridView({events.rowColChange, routine}, this);
 
@@ -59,8 +60,6 @@ frmMain::frmMain(MainWindowEvents handlers) : events(std::move(handlers)) {
     makeStatusBar();
     setTabOrders();
 
-    SetBuilt(mnuViewToolBar);
-    SetBuilt(mnuViewStatusBar);
     showCommands();
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, [this] {
         clipboardChanged = true;
@@ -68,10 +67,12 @@ frmMain::frmMain(MainWindowEvents handlers) : events(std::move(handlers)) {
     });
 }
 
-QAbstractButton* frmMain::button(QWidget& parent, Command command, std::int16_t tag,
-                                 std::int16_t toolTipText) {
-    return MakeButton(parent, controls, command, tag, toolTipText,
-                      [this](Command chosenCommand) { chosen(chosenCommand); });
+QGridLayout* frmMain::addButtons(QGroupBox& frame, Frame which) {
+    auto* layout = new QGridLayout;
+    layout->setSpacing(kSpacing);
+    BuildButtons(frame, *layout, which, controls, table,
+                 [this](Command command) { chosen(command); });
+    return layout;
 }
 
 QLabel* frmMain::label(QWidget& parent, const char* name, std::int16_t tag) {
@@ -86,49 +87,25 @@ QWidget* frmMain::makeTop() {
     auto* layout = new QHBoxLayout(top);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(kSpacing);
-    layout->addWidget(makePositionFrame());
-    layout->addWidget(makeControllerFrame());
+    QGroupBox* position = makeFrame("FramePosition", 202);
+    position->setLayout(addButtons(*position, Frame::Position));
+    layout->addWidget(position);
+    QGroupBox* controller = makeFrame("FrameController", 285);
+    controller->setLayout(addButtons(*controller, Frame::Controller));
+    layout->addWidget(controller);
     layout->addWidget(makeStatusFrame(), 1);
     return top;
 }
 
-QGroupBox* frmMain::makePositionFrame() {
+QGroupBox* frmMain::makeFrame(const char* name, std::int16_t tag) {
     auto* frame = new QGroupBox(this);
-    frame->setObjectName(QStringLiteral("FramePosition"));
-    SetNumbers(*frame, 202);
-    auto* layout = new QGridLayout(frame);
-    layout->setSpacing(kSpacing);
-    layout->addWidget(button(*frame, cmdPosiFileOpen, 203, 313), 0, 0);
-    layout->addWidget(button(*frame, cmdPosiSaveFile, 204, 314), 1, 0);
-    layout->addWidget(button(*frame, cmdPosiVerify, 205, 315), 2, 0);
-    layout->addWidget(button(*frame, cmdPosiRead, 206, 316), 0, 1);
-    layout->addWidget(button(*frame, cmdPosiLoad, 207, 317), 1, 1);
-    layout->addWidget(button(*frame, cmdJogTeach, 210, 320), 2, 1);
-    layout->addWidget(button(*frame, cmdInsertLine, 208, 318), 0, 2);
-    layout->addWidget(button(*frame, cmdDeleteLine, 209, 319), 1, 2);
-    return frame;
-}
-
-QGroupBox* frmMain::makeControllerFrame() {
-    auto* frame = new QGroupBox(this);
-    frame->setObjectName(QStringLiteral("FrameController"));
-    SetNumbers(*frame, 285);
-    auto* layout = new QGridLayout(frame);
-    layout->setSpacing(kSpacing);
-    layout->addWidget(button(*frame, cmdOpenIoWin, 244, 309), 0, 0);
-    layout->addWidget(button(*frame, cmdOpenMoveWin, 245, 310), 1, 0);
-    layout->addWidget(button(*frame, cmdParaHyoji, 35), 2, 0);
-    layout->addWidget(button(*frame, cmdOpenGrpWindow, 246, 311), 0, 1);
-    layout->addWidget(button(*frame, cmdSqMcrWinOpen, 247, 312), 1, 1);
-    layout->addWidget(button(*frame, cmdChangeDev, 41), 2, 1);
+    frame->setObjectName(QString::fromLatin1(name));
+    SetNumbers(*frame, tag);
     return frame;
 }
 
 QGroupBox* frmMain::makeStatusFrame() {
-    auto* frame = new QGroupBox(this);
-    frame->setObjectName(QStringLiteral("FrameOnLine"));
-    SetNumbers(*frame, 211);
-
+    QGroupBox* frame = makeFrame("FrameOnLine", 211);
     constexpr int kGreen = static_cast<int>(Drawing::LampGreen);
     constexpr int kRed = static_cast<int>(Drawing::LampRed);
     lamps = {makeLamp(*frame, "imgPortGreen", "imgPortLed", kGreen, 218, 322),
@@ -160,14 +137,13 @@ QGroupBox* frmMain::makeStatusFrame() {
     alarmText->setTextFormat(Qt::PlainText);
     alarmText->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     alarmText->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
-    QAbstractButton* reset = button(*frame, cmdReset, 216);
 
     auto* alarm = new QGridLayout;
     alarm->setSpacing(kSpacing);
     alarm->addWidget(number, 0, 0);
     alarm->addWidget(alarmNo, 0, 1);
     alarm->addWidget(alarmText, 0, 2, 2, 1);
-    alarm->addWidget(reset, 1, 0, 1, 2);
+    alarm->addLayout(addButtons(*frame, Frame::OnLine), 1, 0, 1, 2);
     alarm->setColumnStretch(2, 1);
 
     auto* layout = new QVBoxLayout(frame);
@@ -230,12 +206,9 @@ void frmMain::makeStatusBar() {
 }
 
 void frmMain::setTabOrders() {
+    // The buttons have been made in their order.
     QWidget* before = nullptr;
-    for (const Command command :
-         {cmdPosiFileOpen, cmdPosiSaveFile, cmdPosiVerify, cmdPosiRead, cmdPosiLoad, cmdJogTeach,
-          cmdInsertLine, cmdDeleteLine, cmdOpenIoWin, cmdOpenMoveWin, cmdParaHyoji,
-          cmdOpenGrpWindow, cmdSqMcrWinOpen, cmdChangeDev, cmdReset}) {
-        QWidget* control = controls.buttons[static_cast<std::size_t>(command)];
+    for (QPushButton* control : centralWidget()->findChildren<QPushButton*>()) {
         if (before != nullptr) {
             setTabOrder(before, control);
         }
@@ -326,17 +299,8 @@ void frmMain::changeEvent(QEvent* event) {
     }
 }
 
-/// Commands that neither read nor change the grid.
-static bool LeavesGridAlone(Command command) {
-    switch (command) {
-    case cmdReset:
-    case mnuFuncAlmReset:
-    case mnuFuncCtversion:
-    case mnuSettingsOffline:
-    case mnuViewToolBar:
-    case mnuViewStatusBar: return true;
-    default: return false;
-    }
+bool frmMain::finishInput() {
+    return grid->finishInput();
 }
 
 void frmMain::chosen(Command command) {
@@ -347,27 +311,12 @@ void frmMain::chosen(Command command) {
     if (!IsEnabled(command)) {
         return;
     }
-    // A cell being edited belongs to the data that most commands work on: a text that is rejected
-    // comes first. The others run beside it, and an end of the program gives it up.
-    if (LeavesGridAlone(command)) {
-        // nothing to finish
-    } else if (!grid->finishInput()) {
-        if (command != mnuFileExit && command != mnuFileClose) {
-            return;
-        }
-        CancelEdit();
-    }
     if (command == mnuViewToolBar) {
         toolBar->setVisible(ticked());
     } else if (command == mnuViewStatusBar) {
         statusBar()->setVisible(ticked());
     } else if (events.command) {
         events.command(command);
-        // A button that was pressed gives the focus back: the next key is meant for the grid, not
-        // for the button once more or for the one beside it.
-        if (!LeavesGridAlone(command)) {
-            focusGrid();
-        }
     }
 }
 

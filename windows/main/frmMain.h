@@ -8,6 +8,7 @@
 #include <array>
 #include <functional>
 
+class QGridLayout;
 class QGroupBox;
 class QLabel;
 
@@ -17,8 +18,8 @@ class FieldLabel;
 
 /// What the main window hands to the rules.
 struct MainWindowEvents {
-    /// The user has chosen a command that may be used. Show and hide of tool bar and status bar
-    /// are the window's own and don't come here.
+    /// The user has chosen a command that may be used. Those that run in the window don't come
+    /// here.
     std::function<void(Command)> command;
     /// The window is to be closed. False refuses; true is followed by `unload`.
     std::function<bool()> queryUnload;
@@ -32,7 +33,7 @@ struct MainWindowEvents {
 /// when nothing has changed, so they may be called after every exchange.
 class frmMain : public QMainWindow {
 public:
-    explicit frmMain(MainWindowEvents events);
+    frmMain(const CommandTable& table, MainWindowEvents events);
 
     /// Fills in the texts; once, in the language of the run.
     void loadResources();
@@ -44,6 +45,8 @@ public:
     void showCommands();
     void showGrid();
     void focusGrid();
+    /// As `GridView::finishInput`.
+    bool finishInput();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -58,14 +61,12 @@ private:
     };
 
     QWidget* makeTop();
-    QGroupBox* makePositionFrame();
-    QGroupBox* makeControllerFrame();
+    QGroupBox* makeFrame(const char* name, std::int16_t tag);
     QGroupBox* makeStatusFrame();
     QWidget* makeInfoRow();
     void makeStatusBar();
     void setTabOrders();
-    QAbstractButton* button(QWidget& parent, Command command, std::int16_t tag,
-                            std::int16_t toolTipText = 0);
+    QGridLayout* addButtons(QGroupBox& frame, Frame which);
     QLabel* label(QWidget& parent, const char* name, std::int16_t tag);
     Lamp makeLamp(QWidget& parent, const char* coloured, const char* white, int drawing,
                   std::int16_t tag, std::int16_t toolTipText);
@@ -73,6 +74,7 @@ private:
     void chosen(Command command);
     void lookAtClipboard();
 
+    CommandTable table;
     MainWindowEvents events;
     CommandControls controls;
     QToolBar* toolBar = nullptr;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/command_states.h"
+#include "windows/main/command_rows.h"
 
 #include <QMainWindow>
 #include <array>
@@ -8,7 +8,7 @@
 
 class QAbstractButton;
 class QAction;
-class QMenu;
+class QGridLayout;
 class QToolBar;
 
 namespace qdw8 {
@@ -25,16 +25,13 @@ struct CommandControls {
 
 using CommandRoutine = std::function<void(Command)>;
 
-/// Builds the menus with their numbers as texts, and `tbToolBar`. `routine` gets what the user
-/// chooses. Entries that no routine stands behind and none ever will are left out; `mnuFileClose`,
-/// for which there is no text, has its shortcut only.
-void BuildMenus(QMainWindow& window, CommandControls& controls, const CommandRoutine& routine);
-QToolBar* BuildToolBar(QMainWindow& window, CommandControls& controls,
+/// Build the menus, `tbToolBar` and the buttons of a frame out of the table, with the numbers of
+/// their texts. `routine` gets what the user chooses.
+void BuildMenus(QMainWindow& window, CommandControls& controls, const CommandTable& table,
+                const CommandRoutine& routine);
+QToolBar* BuildToolBar(QMainWindow& window, CommandControls& controls, const CommandTable& table,
                        const CommandRoutine& routine);
-
-/// A button with the command's name, the number of its caption and that of its tool tip.
-QAbstractButton* MakeButton(QWidget& parent, CommandControls& controls, Command command,
-                            std::int16_t tag, std::int16_t toolTipText,
-                            const CommandRoutine& routine);
+void BuildButtons(QWidget& parent, QGridLayout& layout, Frame frame, CommandControls& controls,
+                  const CommandTable& table, const CommandRoutine& routine);
 
 } // namespace qdw8
