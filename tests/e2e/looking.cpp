@@ -4,23 +4,16 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
-#include <QComboBox>
-#include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QRadioButton>
-#include <QTableView>
-#include <functional>
 
 namespace e2e {
 
 namespace {
 
 /// The first visible control of the name that `fits`.
-QWidget* find(const QString& name, const std::function<bool(QWidget*)>& fits) {
+QWidget* Find(const QString& name, const std::function<bool(QWidget*)>& fits) {
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (!window->isVisible()) {
             continue;
@@ -37,24 +30,30 @@ QWidget* find(const QString& name, const std::function<bool(QWidget*)>& fits) {
     return nullptr;
 }
 
-} // namespace
-
-QWidget* seen(const QString& name) {
-    return find(name, [](QWidget*) { return true; });
+QAction* ActionOf(const QString& name) {
+    const QWidget* main = Seen(QStringLiteral("frmMain"));
+    if (main == nullptr) {
+        return nullptr;
+    }
+    auto* action = main->findChild<QAction*>(name);
+    const auto* menu = main->findChild<QMenu*>(name);
+    return action == nullptr && menu != nullptr ? menu->menuAction() : action;
 }
 
-QWidget* ready(const QString& name) {
+} // namespace
+
+QWidget* Seen(const QString& name) {
+    return Find(name, [](QWidget*) { return true; });
+}
+
+QWidget* Ready(const QString& name) {
     const QWidget* modal = QApplication::activeModalWidget();
-    return find(name, [modal](QWidget* widget) {
+    return Find(name, [modal](QWidget* widget) {
         return widget->isEnabled() && (modal == nullptr || widget->window() == modal);
     });
 }
 
-QMessageBox* boxOnTop() {
-    return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-}
-
-Spot spotOn(QWidget* widget) {
+Spot SpotOn(QWidget* widget) {
     if (widget == nullptr) {
         return {};
     }
@@ -66,45 +65,12 @@ Spot spotOn(QWidget* widget) {
     return {widget, at};
 }
 
-QString readText(const QWidget* widget) {
-    if (widget == nullptr) {
-        return {};
-    }
-    if (const auto* label = qobject_cast<const QLabel*>(widget)) {
-        return label->text();
-    }
-    if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) {
-        return button->text();
-    }
-    if (const auto* field = qobject_cast<const QLineEdit*>(widget)) {
-        return field->text();
-    }
-    if (const auto* list = qobject_cast<const QComboBox*>(widget)) {
-        return list->currentText();
-    }
-    return widget->windowTitle();
-}
-
-namespace {
-
-QAction* actionOf(const QString& name) {
-    const QWidget* main = seen(QStringLiteral("frmMain"));
-    if (main == nullptr) {
-        return nullptr;
-    }
-    auto* action = main->findChild<QAction*>(name);
-    const auto* menu = main->findChild<QMenu*>(name);
-    return action == nullptr && menu != nullptr ? menu->menuAction() : action;
-}
-
-} // namespace
-
-Spot spotOfEntry(const QString& menuName, const QString& name) {
-    QAction* action = actionOf(name);
+Spot SpotOfEntry(const QString& menuName, const QString& name) {
+    QAction* action = ActionOf(name);
     if (action == nullptr || !action->isEnabled() || QApplication::activeModalWidget() != nullptr) {
         return {};
     }
-    QWidget* holder = seen(menuName);
+    QWidget* holder = Seen(menuName);
     QRect place;
     if (auto* menu = qobject_cast<QMenu*>(holder)) {
         place = menu->actionGeometry(action);
@@ -114,30 +80,17 @@ Spot spotOfEntry(const QString& menuName, const QString& name) {
     return place.isEmpty() ? Spot{} : Spot{holder, place.center()};
 }
 
-QTableView* table(const QString& name) {
-    return qobject_cast<QTableView*>(seen(name));
-}
-
-Spot spotOfCell(int row, int column) {
-    const auto* view = qobject_cast<QTableView*>(ready(QStringLiteral("flgdData")));
-    if (view == nullptr) {
-        return {};
+QString ReadText(const QString& name) {
+    const QWidget* widget = Seen(name);
+    if (widget == nullptr) {
+        return QStringLiteral("(no %1 to be seen)").arg(name);
     }
-    const QRect place = view->visualRect(view->model()->index(row, column));
-    return view->viewport()->rect().contains(place.center()) && !place.isEmpty()
-               ? Spot{view->viewport(), place.center()}
-               : Spot{};
-}
-
-Spot spotOfLine(int row) {
-    const auto* view = qobject_cast<QTableView*>(ready(QStringLiteral("flgdData")));
-    if (view == nullptr) {
-        return {};
+    for (const char* property : {"text", "currentText"}) {
+        if (const QVariant text = widget->property(property); text.isValid()) {
+            return text.toString();
+        }
     }
-    QHeaderView* head = view->verticalHeader();
-    const QPoint at(head->width() / 2,
-                    head->sectionViewportPosition(row) + head->sectionSize(row) / 2);
-    return head->viewport()->rect().contains(at) ? Spot{head->viewport(), at} : Spot{};
+    return widget->windowTitle();
 }
 
 } // namespace e2e

@@ -1,31 +1,33 @@
 #pragma once
 
-#include "hands.h"
-
-#include <QMessageBox>
+#include <QPoint>
 #include <QString>
-#include <QTableView>
 #include <QWidget>
+#include <functional>
 
 /// What is on the screen, as the user's words look for it. Everything here runs on the program's
-/// thread. A spot that can't be clicked now has no widget.
+/// thread.
 namespace e2e {
+
+/// A place on a widget: found anew whenever it is needed; the widget is null as long as it can't be
+/// clicked.
+struct Spot {
+    QWidget* widget = nullptr;
+    QPoint at;
+};
+using FindSpot = std::function<Spot()>;
 
 /// The first visible control of the name; the first one that is also enabled and not behind a modal
 /// window. Null if there is none.
-QWidget* seen(const QString& name);
-QWidget* ready(const QString& name);
-QMessageBox* boxOnTop();
-QTableView* table(const QString& name);
+QWidget* Seen(const QString& name);
+QWidget* Ready(const QString& name);
 
 /// Where to press a control: a round or square mark has its place at the left.
-Spot spotOn(QWidget* widget);
+Spot SpotOn(QWidget* widget);
 /// The entry of a menu that is open; the bar counts as one.
-Spot spotOfEntry(const QString& menuName, const QString& name);
-/// Of the grid, counted from 0: a cell, and the number of a line in front of it.
-Spot spotOfCell(int row, int column);
-Spot spotOfLine(int row);
+Spot SpotOfEntry(const QString& menuName, const QString& name);
 
-QString readText(const QWidget* widget);
+/// What a label, button, field or window title reads.
+QString ReadText(const QString& name);
 
 } // namespace e2e

@@ -1,5 +1,5 @@
-#include "scenarios.h"
-#include "user.h"
+#include "gui.h"
+#include "story.h"
 
 #include <QGenericPlugin>
 #include <QThread>
@@ -12,22 +12,15 @@ class UserPlugin : public QGenericPlugin {
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "user_plugin.json")
 
 public:
-    QObject* create(const QString& key, const QString& scenario) override;
+    QObject* create(const QString& key, const QString& story) override;
 };
 
-QObject* UserPlugin::create(const QString&, const QString& name) {
-    const Scenario* scenario = findScenario(name);
-    if (scenario == nullptr) {
-        fail(QStringLiteral("no scenario is named \"%1\"").arg(name));
-    }
+QObject* UserPlugin::create(const QString&, const QString& story) {
     // The settings have to be there before the program looks at them.
-    if (scenario->settings) {
-        writeSettings(*scenario->settings);
-    }
-    auto* user = QThread::create([scenario] { scenario->play(); });
+    OpenStory(story);
     // The program is only being set up: the user sits down when its events begin to run.
-    post([user] { user->start(); });
-    return ear();
+    Post([user = QThread::create(PlayStory)] { user->start(); });
+    return Ear();
 }
 
 } // namespace e2e

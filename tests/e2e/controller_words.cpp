@@ -1,0 +1,139 @@
+#include "gui.h"
+#include "positions.h"
+#include "words.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <memory>
+
+/// The controller at the other end, the simulator as a process of its own, plugged in as COM1; and
+/// the files between it and the program.
+namespace e2e {
+
+namespace {
+
+std::unique_ptr<QProcess> simulator; // of the user's thread
+
+QString ReadLine() {
+    while (!simulator->canReadLine()) {
+        if (!simulator->waitForReadyRead(kDeadline)) {
+            Fail(QStringLiteral("the simulator says nothing: ") + simulator->errorString());
+        }
+    }
+    return QString::fromUtf8(simulator->readLine()).trimmed();
+}
+
+/// The lines of the answer.
+QStringList Tell(const QString& line) {
+    simulator->write(line.toUtf8() + '\n');
+    QStringList answer;
+    for (QString said = ReadLine(); said != QStringLiteral("ok"); said = ReadLine()) {
+        answer += said;
+        if (said.startsWith(QStringLiteral("error"))) {
+            Fail(said);
+        }
+    }
+    return answer;
+}
+
+QString Link() {
+    const QString ports = qEnvironmentVariable("XDG_CONFIG_HOME") + QStringLiteral("/QD-W8/ports");
+    QDir().mkpath(ports);
+    return ports + QStringLiteral("/com1");
+}
+
+void End() {
+    if (simulator != nullptr) {
+        simulator->closeWriteChannel();
+        simulator->waitForFinished(kDeadline);
+    }
+    simulator = nullptr;
+}
+
+void Start(Told options) {
+    End();
+    simulator = std::make_unique<QProcess>();
+    simulator->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    simulator->start(QStringLiteral(SIMULATOR_PROGRAM),
+                     QStringList{"--control", "--link", Link()} + options);
+    if (const QString said = ReadLine(); !said.startsWith(QStringLiteral("qd-k8-sim ready on "))) {
+        Fail(said);
+    }
+}
+
+/// How often the state was asked for.
+int Polls() {
+    const QStringList asked = Tell(QStringLiteral("stats")).filter(QStringLiteral("0CM "));
+    return asked.value(0).mid(4).toInt();
+}
+
+void WaitPolls(Told told) {
+    const int enough = Polls() + told.value(0).toInt();
+    WaitFor([] { return true; });
+    while (Polls() < enough) {
+        WaitFor([] { return true; });
+    }
+}
+
+/// The positions among the last frames that went to the controller.
+QString Written() {
+    QStringList numbers;
+    for (const QString& frame : Tell(QStringLiteral("frames 200"))) {
+        const qsizetype at = frame.indexOf(QStringLiteral("0WP"));
+        // The reply echoes the word; the request goes on with the row.
+        if (at >= 0 && frame.size() - at > 40) {
+            numbers += QString::number(frame.mid(at + 3, 3).toInt(nullptr, 16));
+        }
+    }
+    return numbers.join(u' ');
+}
+
+void Write(const QString& name, const QByteArray& content) {
+    QFile file(name);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
+        Fail(name + QStringLiteral(": can't be written"));
+    }
+}
+
+/// NAME FIRST LAST [OLD NEW]
+void WritePositions(Told told) {
+    QByteArray content = PositionFile(told.value(1).toInt(), told.value(2).toInt());
+    if (told.size() == 5) {
+        content.replace(told[3].toLatin1(), told[4].toLatin1());
+    }
+    Write(told[0], content);
+}
+
+void CopyFile(Told told) {
+    Write(told.value(0), ContentOf(STORIES_FOLDER "/" + told.value(0)));
+}
+
+/// NAME FIRST LAST, or NAME FILE
+void ExpectSaved(Told told) {
+    ExpectNow(QString::fromLatin1(ContentOf(told.value(0))),
+              QString::fromLatin1(
+                  told.size() == 2 ? ContentOf(STORIES_FOLDER "/" + told[1])
+                                   : PositionFile(told.value(1).toInt(), told.value(2).toInt())));
+}
+
+} // namespace
+
+Words ControllerWords() {
+    return {
+        {"simulator", Start},
+        {"simulator-ends", [](Told) { End(); }},
+        {"dead-link", [](Told) { QFile::link(QStringLiteral("no-such-device"), Link()); }},
+        {"tell", [](Told told) { Tell(told.join(u' ')); }},
+        {"asked", [](Told told) { ExpectNow(Tell("stats").join(u'\n'), told.join(u'\n')); }},
+        {"polls", WaitPolls},
+        {"written", [](Told told) { ExpectNow(Written(), told.join(u' ')); }},
+        {"positions-file", WritePositions},
+        {"copy-file", CopyFile},
+        {"saved", ExpectSaved},
+        {"files",
+         [](Told told) { ExpectNow(QDir().entryList(QDir::Files).join(u' '), told.join(u' ')); }},
+    };
+}
+
+} // namespace e2e

@@ -1,0 +1,161 @@
+#include "hands.h"
+#include "words.h"
+
+#include <QFile>
+#include <QPointer>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QThread>
+
+namespace e2e {
+
+namespace {
+
+void Click(const QString& name) {
+    ClickAt([name] { return SpotOn(Ready(name)); });
+}
+
+void WaitReady(const QString& name) {
+    WaitFor([&] { return Ready(name) != nullptr; });
+}
+
+void WaitKeys(const QString& name, bool come) {
+    WaitFor([&] { return Ready(name) != nullptr && Ready(name)->hasFocus() == come; });
+}
+
+void ExpectText(const QString& name, const QString& text) {
+    Expect([&] { return ReadText(name); }, text);
+}
+
+/// The window of a control, once that can be used.
+QPointer<QWidget> WindowOf(const QString& name) {
+    WaitReady(name);
+    return OnGui([&] { return QPointer<QWidget>(Ready(name)->window()); });
+}
+
+/// Waits for this very window to go: the next one may have the same name, and may be a box.
+void WaitGone(const QPointer<QWidget>& window) {
+    // The pointer is looked at only on the program's thread.
+    WaitFor([&window] { return window.isNull() || !window->isVisible(); }, Boxes::AreFine);
+}
+
+void Dismiss(Told told) {
+    const QPointer<QWidget> window = WindowOf(told.value(0));
+    Click(told[0]);
+    WaitGone(window);
+}
+
+/// By the Enter key: names that begin alike may lie over the buttons of a file dialog, and the
+/// first click would only put them away.
+void Confirm(Told told) {
+    const QPointer<QWidget> window = WindowOf(told.value(0));
+    Press({"Return"});
+    WaitGone(window);
+}
+
+void Type(const QString& name, const QString& text) {
+    Click(name);
+    WaitKeys(name, true);
+    const qsizetype length = OnGui([&] { return ReadText(name).size(); });
+    // Not every field takes the key that marks everything.
+    Press(QStringList{"End"} + QStringList(length, "BackSpace"));
+    KeyIn(text);
+    ExpectText(name, text);
+}
+
+/// Types a row of a list into its field and leaves it with Tab.
+void Pick(const QString& name, const QString& text) {
+    Type(name, text);
+    Press({"Tab"});
+    WaitKeys(name, false);
+}
+
+void Menu(Told told) {
+    QString menu = QStringLiteral("mnuBar");
+    for (const QString& name : told) {
+        ClickAt([menu, name] { return SpotOfEntry(menu, name); });
+        menu = name;
+    }
+}
+
+void AnswerBox(const QString& text, const QString& button, const QString& picture) {
+    WaitFor([] { return BoxOnTop() != nullptr; }, Boxes::AreFine);
+    const auto box = OnGui([] { return QPointer<QMessageBox>(BoxOnTop()); });
+    ExpectNow(OnGui([&box] { return box.isNull() ? QString() : box->text(); }), text);
+    Picture(picture);
+    const auto find = [box, button] {
+        return SpotOn(box.isNull() ? nullptr : box->findChild<QPushButton*>(button));
+    };
+    ClickAt(find, Boxes::AreFine);
+    WaitGone(QPointer<QWidget>(box));
+}
+
+/// The question of a choice and what it offers; where a line is broken is the window's affair.
+void ExpectQuestion(Told told) {
+    WaitReady(QStringLiteral("frmSelection"));
+    for (qsizetype i = 0; i < told.size(); ++i) {
+        const QString label =
+            i == 0 ? QStringLiteral("lblSelectText") : QString("optSelectKomoku(%1)").arg(i - 1);
+        Expect([&] { return ReadText(label).simplified().remove(u' '); },
+               QString(told[i]).remove(u' '));
+    }
+}
+
+/// The lamps that are lit, of Port, Online, Home, Alarm: "PO" after a start on line, "-" for none.
+QString Lamps() {
+    QString lit;
+    for (const char* name :
+         {"PimgPortGreen", "OimgGreenLedOnline", "HimgHomeGreen", "AimgAlarmLed"}) {
+        if (Seen(name + 1) != nullptr) {
+            lit += QLatin1Char(*name);
+        }
+    }
+    return lit.isEmpty() ? QStringLiteral("-") : lit;
+}
+
+void WaitProgress(Told told) {
+    WaitFor([&] {
+        const auto* bar = qobject_cast<QProgressBar*>(Seen(QStringLiteral("prgBar1")));
+        return bar != nullptr && bar->value() >= told.value(0).toInt();
+    });
+}
+
+void Close() {
+    WaitReady(QStringLiteral("frmMain"));
+    CloseWindow(OnGui([] { return Seen(QStringLiteral("frmMain")); }));
+}
+
+/// The last answer of a story: the program takes the whole process along when it ends, and whoever
+/// started it looks for the mark that the user had seen everything.
+void End(Told told) {
+    QFile(qEnvironmentVariable("QDW8_USER_HOME") + "/content").open(QIODevice::WriteOnly);
+    AnswerBox(told.value(0), told.value(1), QStringLiteral("finish"));
+    QThread::msleep(kDeadline);
+    Fail(QStringLiteral("the program doesn't end"));
+}
+
+} // namespace
+
+Words ScreenWords() {
+    return {
+        {"click", [](Told told) { Click(told.value(0)); }},
+        {"dismiss", Dismiss},
+        {"confirm", Confirm},
+        {"menu", Menu},
+        {"type", [](Told told) { Type(told.value(0), told.value(1)); }},
+        {"pick", [](Told told) { Pick(told.value(0), told.value(1)); }},
+        {"press", [](Told told) { Press(told); }},
+        {"keys", [](Told told) { KeyIn(told.value(0)); }},
+        {"ready", [](Told told) { WaitReady(told.value(0)); }},
+        {"text", [](Told told) { ExpectText(told.value(0), told.value(1)); }},
+        {"lamps", [](Told told) { Expect(Lamps, told.value(0)); }},
+        {"progress", WaitProgress},
+        {"box", [](Told told) { AnswerBox(told.value(0), told.value(1), told.value(2, "box")); }},
+        {"question", ExpectQuestion},
+        {"picture", [](Told told) { Picture(told.value(0)); }},
+        {"close", [](Told) { Close(); }},
+        {"end", End},
+    };
+}
+
+} // namespace e2e
