@@ -86,11 +86,15 @@ const GiveUpOffer& TheGiveUpOffer() {
     return offer;
 }
 
+std::string OfferText() {
+    return ResText(3000);
+}
+
 void OfferGiveUp() {
     if (offer.shown || beforeOffer) {
         return;
     }
-    const std::string text = ResText(3000);
+    const std::string text = OfferText();
     if (dialog.shown) {
         beforeOffer = dialog;
         dialog.cancelShown = true;

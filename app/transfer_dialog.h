@@ -54,6 +54,8 @@ struct GiveUpOffer {
     std::string text;
 };
 const GiveUpOffer& TheGiveUpOffer();
+/// What the offer says, in the dialog as in the window.
+std::string OfferText();
 /// Makes the offer until `WithdrawGiveUp`; a second call changes nothing.
 void OfferGiveUp();
 void WithdrawGiveUp();

@@ -1,7 +1,5 @@
 #include "link/link_fixture.h"
 
-#include "app/command_states.h"
-#include "app/transfer_dialog.h"
 #include "link/Module3Tusin.h"
 
 #include <utility>
@@ -9,14 +7,7 @@
 namespace qdw8::test {
 
 LinkBench::LinkBench() {
-    ResetModule1();
-    ResetCommandStates();
-    ResetMainPanel();
-    ResetTransferDialog();
-    ResetModule3Tusin();
-    ErrorList[0].code = "2";
-    ErrorList[1] = {"13", "Homing not completed"};
-    ErrorList[2] = {"24", "Home sensor not detected"};
+    ErrorList[18] = {}; // "24" stands in the list, "23" doesn't
     GoOnLine();
     SetOnlineState();
     ClearAlarmDisplay();

@@ -25,7 +25,7 @@ protected:
     }
     /// The list as it would come if it could not be read.
     void loseList() {
-        platform.expectBox(kListBox);
+        platform.expectBox(box::kNoErrorList);
         LoadErrorList();
         platform.checkAllAsked();
         newEvents();
@@ -84,7 +84,7 @@ TEST_F(AlarmTest, ListThatCannotBeReadIsToldAndItsRowsSoFarAreKept) {
             writeList(*row.bytes);
         }
         ErrorListMissingFlag = kClear;
-        platform.expectBox(kListBox);
+        platform.expectBox(box::kNoErrorList);
         LoadErrorList();
         platform.checkAllAsked();
         EXPECT_TRUE(IsSet(ErrorListMissingFlag));
@@ -167,14 +167,14 @@ TEST_F(AlarmTest, WithoutAListATalkingExchangeTellsOnce) {
     decode("0%%134");
     loseList();
     platform.answer("0%%013");
-    platform.expectBox(kListBox);
+    platform.expectBox(box::kNoErrorList);
     // The fields are as the last decode left them, and so is the class.
-    platform.expectBox(kSensorBox);
+    platform.expectBox(box::kSensor);
     EXPECT_EQ(ReadHomeStatus(), 1);
     EXPECT_EQ(newEvents(),
               (std::vector<std::string>{"open 1", "settings 9600,N,8,1", "send 0RH",
-                                        "receive 0%%013", "box Ok: " + kListBox,
-                                        "box Ok: " + kSensorBox, "close", "online lamp off"}));
+                                        "receive 0%%013", "box Ok: " + box::kNoErrorList,
+                                        "box Ok: " + box::kSensor, "close", "online lamp off"}));
     EXPECT_EQ(state(), "OffLine Alarm NotResettable ErrorFound");
 }
 
@@ -182,7 +182,7 @@ TEST_F(AlarmTest, WithoutAListTheRecoveryTellsOnce) {
     loseList();
     platform.answer("0ZZ1");
     platform.answer("0%%013");
-    platform.expectBox(kListBox);
+    platform.expectBox(box::kNoErrorList);
     platform.expectBox("Communication error occurs!\r\n[]");
     EXPECT_EQ(ReadHomeStatus(), 1);
 }
@@ -191,7 +191,7 @@ TEST_F(AlarmTest, WithoutAListTheIdleReceiverTellsOnce) {
     loseList();
     OpenCtPort();
     platform.arrive(10, "0%%013\r\n");
-    platform.expectBox(kListBox);
+    platform.expectBox(box::kNoErrorList);
     platform.run(20);
     EXPECT_EQ(state(), "OnLine PortOpen Alarm");
     EXPECT_FALSE(ThePanel().imgAlarmLed);

@@ -150,8 +150,8 @@ std::vector<FaultRow> Faults() {
 }
 
 const std::map<std::string, std::string> kBoxes{
-    {"box:timeout", kTimeoutBox},   {"box:homing", kHomingBox}, {"box:sensor", kSensorBox},
-    {"box:unlisted", kUnlistedBox}, {"box:error", kErrorBox},   {"box:length", kLengthBox}};
+    {"box:timeout", box::kTimeout},   {"box:homing", box::kHoming}, {"box:sensor", box::kSensor},
+    {"box:unlisted", box::kUnlisted}, {"box:error", box::kError},   {"box:length", box::kLength}};
 
 /// What must have happened, worked out from the words of the fault.
 struct Outcome {

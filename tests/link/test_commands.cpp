@@ -28,7 +28,7 @@ TEST_F(CommandTest, GroupRunWaitsAsLongAsItTakes) {
 
 TEST_F(CommandTest, StopNeverWaitsWithoutLimit) {
     ReplyTimeoutMs = 0;
-    platform.expectBox(kTimeoutBox);
+    platform.expectBox(box::kTimeout);
     EXPECT_EQ(StopMotion(), 1);
     EXPECT_EQ(platform.now, 1000);
 }
@@ -97,7 +97,7 @@ TEST_F(CommandTest, IdentityAndBoardVersionsAreKept) {
 
 TEST_F(CommandTest, FailedStatusCheckAsksNoIdentity) {
     platform.answer("0%%013");
-    platform.expectBox(kHomingBox);
+    platform.expectBox(box::kHoming);
     EXPECT_EQ(CheckCtIdentity(), 1);
     EXPECT_EQ(platform.sent, std::vector<std::string>{"0CM1"});
     EXPECT_EQ(state(), "OffLine PortOpen Alarm ErrorFound");
@@ -115,7 +115,7 @@ TEST_F(CommandTest, ReplyWithAnotherNumberFails) {
                            Row{[] { return ReadParaBlock(2); }, "0RD1" + kBlock},
                            Row{[] { return ReadAxisMask(); }, "0RD8" + kBlock}}) {
         platform.answer(row.reply);
-        platform.expectBox(kWrongDataBox);
+        platform.expectBox(box::kWrongData);
         EXPECT_EQ(row.call(), 1) << row.reply;
         platform.checkAllAsked();
         EXPECT_EQ(state(), "OnLine PortOpen");
@@ -128,7 +128,7 @@ TEST_F(CommandTest, LateReplyIsNotTakenForTheNextRow) {
     platform.answerBytes({{1005, "0RP001" + kZeros + "\r\n"}});
     platform.answerBytes({{40, "0RP001" + kZeros + "\r\n"}});
     platform.answerBytes({});
-    platform.expectBox(kWrongDataBox);
+    platform.expectBox(box::kWrongData);
     EXPECT_EQ(ReadPosiRow(1), 0);
     EXPECT_EQ(ReadPosiRow(2), 1);
 }
@@ -157,7 +157,7 @@ TEST_F(CommandTest, WrappersThatOpenThePortTellOnce) {
     for (const auto call : {CheckCtIdentity, ReadAxisMask, ReadAxisMaskShown}) {
         GoOnLine();
         platform.failingOpens = -1;
-        platform.expectBox(kPortBox);
+        platform.expectBox(box::kPort);
         EXPECT_EQ(call(), 1);
         platform.checkAllAsked();
         EXPECT_EQ(state(), "OffLine");
@@ -174,7 +174,7 @@ TEST_F(CommandTest, AxisMaskIsTakenFromBlockZero) {
     std::string broken = kAxesBlock;
     broken.replace(16, 2, "G?");
     platform.answer(broken);
-    platform.expectBox(kWrongDataBox);
+    platform.expectBox(box::kWrongData);
     AxisOff.fill(kClear);
     EXPECT_EQ(ReadAxisMask(), 1);
     EXPECT_EQ(AxisOff, (std::array<Flag, kAxes>{})) << "a failed read leaves them as they were";

@@ -65,7 +65,7 @@ TEST_F(PortTest, OpenForABatchTriesSixTimes) {
     CloseCtPortForce();
 
     platform.failingOpens = 6;
-    platform.expectBox(kPortBox);
+    platform.expectBox(box::kPort);
     EXPECT_EQ(OpenCtPortForBatch(), 1);
     EXPECT_EQ(platform.now, 1000);
     EXPECT_EQ(platform.failingOpens, 0);

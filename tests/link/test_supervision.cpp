@@ -324,45 +324,45 @@ INSTANTIATE_TEST_SUITE_P(
         ResetRow{"Resettable",
                  false,
                  {"0%%013"},
-                 {kHomingBox},
+                 {box::kHoming},
                  {"0AR"},
                  "OnLine Alarm ErrorFound",
                  "Homing not completed"},
         ResetRow{"Lasting",
                  false,
                  {"0%%134"},
-                 {kSensorBox, kPowerBox},
+                 {box::kSensor, kPowerBox},
                  {"0AR"},
                  "OffLine Alarm NotResettable ErrorFound",
                  "Home sensor not detected"},
         ResetRow{"NoReply",
                  false,
                  {},
-                 {kTimeoutBox},
+                 {box::kTimeout},
                  std::vector<std::string>(6, "0AR"),
                  "OffLine CommError Alarm",
                  "Old alarm"},
         ResetRow{"AlarmComesBack",
                  false,
                  {"0AR", "0%%013"},
-                 {kHomingBox},
+                 {box::kHoming},
                  kBoth,
                  "OffLine Alarm ErrorFound",
                  "Homing not completed"},
         ResetRow{"LastingAlarmComes",
                  false,
                  {"0AR", "0%%134"},
-                 {kSensorBox},
+                 {box::kSensor},
                  kBoth,
                  "OffLine Alarm NotResettable ErrorFound",
                  "Home sensor not detected"},
         // The failed check must not block the next command: CommErrorFlag is clear again.
-        ResetRow{"CheckUnanswered", false, {"0AR"}, {kTimeoutBox}, kBoth, "OffLine", "No Error"}),
+        ResetRow{"CheckUnanswered", false, {"0AR"}, {box::kTimeout}, kBoth, "OffLine", "No Error"}),
     [](const testing::TestParamInfo<ResetRow>& test) { return std::string(test.param.name); });
 
 TEST_F(SupervisionTest, ResetWithoutAPort) {
     platform.failingOpens = -1;
-    platform.expectBox(kPortBox);
+    platform.expectBox(box::kPort);
     cmdReset_Click();
     EXPECT_EQ(state(), "OffLine");
     expectCommandsBack();
@@ -415,7 +415,7 @@ TEST_F(SupervisionTest, ForeignBoardShowsNoVersions) {
 
 TEST_F(SupervisionTest, FailedVersionReadShowsItsOwnBoxOnly) {
     answerWith({{"0CM1", "0CM1"}});
-    platform.expectBox(kTimeoutBox);
+    platform.expectBox(box::kTimeout);
     mnuFuncCtversion_Click();
     EXPECT_EQ(platform.sent.size(), 7U);
     EXPECT_EQ(state(), "OffLine CommError");
@@ -449,7 +449,7 @@ TEST_F(SupervisionTest, FailedAxisReadChangesNothing) {
     AxisOff[3] = kSet;
     knowDevices();
     answerWith({{"0RD0", "0%%013"}});
-    platform.expectBox(kHomingBox);
+    platform.expectBox(box::kHoming);
     mnuFuncGetAxis_Click();
     EXPECT_EQ(AxisOff, (std::array<Flag, kAxes>{kClear, kClear, kClear, kSet}));
     EXPECT_FALSE(TheTransferDialog().shown);
@@ -470,7 +470,7 @@ TEST_F(SupervisionTest, BatchesHoldThePoll) {
         platform.sent.clear();
         platform.failingOpens = 5;
         platform.answer("0%%013", 400);
-        platform.expectBox(kHomingBox);
+        platform.expectBox(box::kHoming);
         const std::int64_t begin = platform.now;
         click();
         platform.checkAllAsked();

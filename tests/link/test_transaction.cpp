@@ -18,13 +18,13 @@ TEST_F(TransactionTest, TalkingFormsTellOfAPortThatDoesNotOpen) {
         SetOnlineState();
         newEvents();
         platform.failingOpens = 6;
-        platform.expectBox(kPortBox);
+        platform.expectBox(box::kPort);
         const std::int64_t begin = platform.now;
         EXPECT_EQ(send("0RH", 6, ""), 1);
         EXPECT_EQ(platform.now - begin, 500) << "six tries, 100 ms apart";
         EXPECT_EQ(newEvents(),
                   (std::vector<std::string>{"open fails", "open fails", "open fails", "open fails",
-                                            "open fails", "open fails", "box Ok: " + kPortBox,
+                                            "open fails", "open fails", "box Ok: " + box::kPort,
                                             "online lamp off"}));
         EXPECT_EQ(state(), "OffLine");
     }
@@ -50,8 +50,8 @@ TEST_F(TransactionTest, FaultInAnExchangeGoesOffLineInEveryForm) {
         platform.outputFaults = true;
         std::vector<std::string> events{"open 1", "settings 9600,N,8,1"};
         if (talks) {
-            platform.expectBox(kErrorBox);
-            events.push_back("box Ok: " + kErrorBox);
+            platform.expectBox(box::kError);
+            events.push_back("box Ok: " + box::kError);
         }
         events.insert(events.end(), {"close", "online lamp off"});
         EXPECT_EQ(send("0RH", 6, ""), 1);
@@ -78,7 +78,7 @@ TEST_F(TransactionTest, FaultHasATextOfItsOwnInJapanese) {
     const std::string wrongEcho = boxText(false);
     const std::string fault = boxText(true);
     EXPECT_NE(fault, wrongEcho);
-    EXPECT_NE(fault, kErrorBox);
+    EXPECT_NE(fault, box::kError);
 }
 
 TEST_F(TransactionTest, LastMomentOfTheLimitCounts) {
@@ -91,7 +91,7 @@ TEST_F(TransactionTest, LastMomentOfTheLimitCounts) {
 TEST_F(TransactionTest, PiecesDoNotProlongTheLimit) {
     ReplyTimeoutMs = 1000;
     platform.answerBytes({{400, "0R"}, {800, "H1"}, {1200, "\r\n"}});
-    platform.expectBox(kTimeoutBox);
+    platform.expectBox(box::kTimeout);
     EXPECT_EQ(SendCtCommandOnce("0RH", 6), 1);
     EXPECT_EQ(platform.now, 1000);
 }
@@ -100,7 +100,7 @@ TEST_F(TransactionTest, TooShortAReplyIsALengthErrorToo) {
     ReplyTimeoutMs = 1000;
     platform.answer("0RH");
     platform.answer("0CM0");
-    platform.expectBox(kLengthBox);
+    platform.expectBox(box::kLength);
     EXPECT_EQ(SendCtCommand("0RH", 6), 1);
     EXPECT_EQ(platform.sent, (std::vector<std::string>{"0RH", "0CM0"}));
 }
@@ -112,7 +112,7 @@ TEST_F(TransactionTest, RemainsOfABrokenReplySpoilTheNext) {
     platform.answerBytes({{10, "0R"}});
     platform.answer("0RH1");
     platform.answer("0CM0");
-    platform.expectBox(kErrorBox);
+    platform.expectBox(box::kError);
     EXPECT_EQ(SendCtCommand("0RH", 6), 1);
     EXPECT_EQ(ReplyText, "0CM0\r\n");
     EXPECT_EQ(platform.sent, (std::vector<std::string>{"0RH", "0RH", "0CM0"}));
@@ -134,7 +134,7 @@ TEST_F(TransactionTest, OffLineInTheMiddleEndsByTheLimit) {
     ReplyTimeoutMs = 1000;
     platform.answer("0RH1", 500);
     platform.after(300, [] { OffLineFlag = kSet; });
-    platform.expectBox(kTimeoutBox);
+    platform.expectBox(box::kTimeout);
     EXPECT_EQ(SendCtCommandOnce("0RH", 6), 1);
     EXPECT_EQ(platform.now, 1000);
     EXPECT_EQ(ReplyBuffer, "") << "the characters went with the port";
@@ -152,7 +152,7 @@ TEST_F(TransactionTest, PortThatIsGoneEndsEveryWaitAtOnce) {
         ReplyTimeoutMs = row.limit;
         *row.reply == 0 ? platform.silence() : platform.answer(row.reply);
         platform.after(300, [this] { platform.breakLine(); });
-        platform.expectBox(kPortBox);
+        platform.expectBox(box::kPort);
         const std::int64_t begin = platform.now;
         EXPECT_EQ(SendCtCommand("0MG", 7, "01"), 1);
         platform.checkAllAsked();
@@ -166,7 +166,7 @@ TEST_F(TransactionTest, RecoveryOutlivesItsLimit) {
     ReplyTimeoutMs = 1000;
     platform.answer("0ZZ1");
     platform.answer("0CM0", 600'000);
-    platform.expectBox(kErrorBox);
+    platform.expectBox(box::kError);
     EXPECT_EQ(SendCtCommandOnce("0RH", 6), 1);
     EXPECT_EQ(platform.now, 600'010);
     EXPECT_EQ(platform.sent.size(), 2U) << "the recovery frame goes out once";

@@ -52,9 +52,7 @@ ScriptedPlatform::ScriptedPlatform() {
     Screens() = ScreenFunctions{};
     platform.PumpEvents = [this] { pump(); };
     platform.TimerChanged = [this](Timer& timer) { timerChanged(timer); };
-    platform.ShowMessageBox = [this](const BoxQuestion& question) {
-        return static_cast<BoxAnswer>(ask(Describe(question)).answer);
-    };
+    platform.ShowMessageBox = [this](const BoxQuestion& question) { return askBox(question); };
     platform.CommonDialog1.ShowFile = [this](const FileQuestion& question) {
         return ask(Describe(question)).file;
     };
@@ -279,10 +277,27 @@ void ScriptedPlatform::expectDataShogo(std::int16_t answer) {
 }
 
 void ScriptedPlatform::checkAllAsked() {
+    if (recordsBoxes) {
+        expected.clear();
+    }
     for (const Expected& question : expected) {
         ADD_FAILURE() << "never asked: " << question.description;
     }
     expected.clear();
+}
+
+BoxAnswer ScriptedPlatform::askBox(const BoxQuestion& question) {
+    const std::string description = Describe(question);
+    if (!recordsBoxes || (!expected.empty() && expected.front().description == description)) {
+        return static_cast<BoxAnswer>(ask(description).answer);
+    }
+    events.push_back(description);
+    boxes.push_back(question.text);
+    switch (question.buttons) {
+    case BoxButtons::YesNo: return BoxAnswer::Yes;
+    case BoxButtons::YesNoCancel: return BoxAnswer::No;
+    default: return BoxAnswer::Ok;
+    }
 }
 
 ScriptedPlatform::Expected ScriptedPlatform::ask(const std::string& description) {

@@ -73,6 +73,10 @@ public:
     void expectScreen(const std::string& name, std::function<void()> script = {});
     /// The choice of what to verify with.
     void expectDataShogo(std::int16_t answer);
+    /// A box that isn't the next expected question is noted and answered with OK, Yes, or No where
+    /// there is a Cancel beside it; expected questions that never come are no error.
+    bool recordsBoxes = false;
+    std::vector<std::string> boxes; ///< their texts
     /// Checks that every expected question has come, so that a later step starts clean.
     void checkAllAsked();
 
@@ -100,6 +104,7 @@ private:
 
     void installSerial();
     void installScreens();
+    BoxAnswer askBox(const BoxQuestion& question);
     Expected ask(const std::string& description);
     void pump();
     bool step(std::int64_t limit);
