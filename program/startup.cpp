@@ -23,6 +23,7 @@
 #include "position/grid_display.h"
 #include "position/posi_table.h"
 #include "program/commands.h"
+#include "program/init_tables.h"
 #include "setup/change_device.h"
 #include "setup/controller_devices.h"
 #include "setup/detail_edit.h"
@@ -220,19 +221,6 @@ void LoadAndStart() {
 }
 
 } // namespace
-
-void InitTables() {
-    ResetModule1();
-    ResetCommandStates();
-    ResetMainPanel();
-    ResetTransferDialog();
-    ResetModule3Tusin();
-    ResetDevices();
-    ResetDeviceList();
-    ResetParameters();
-    ResetPositions();
-    ResetDetailEdit();
-}
 
 void Main() {
     InitTables();

@@ -5,9 +5,6 @@
 /// From process start to the main window on the screen and the first replies of the controller.
 namespace qdw8 {
 
-/// Puts every variable of the program into the state of a fresh start.
-void InitTables();
-
 /// The start, from the splash to the end of start-up. The platform and the screens must be in
 /// force. Every failure ends off line with the main window usable.
 void Main();

@@ -7,7 +7,10 @@
 namespace qdw8::test {
 
 LinkBench::LinkBench() {
-    ErrorList[18] = {}; // "24" stands in the list, "23" doesn't
+    ErrorList.fill({});
+    ErrorList[0].code = "2";
+    ErrorList[1] = {"13", "Homing not completed"};
+    ErrorList[2] = {"24", "Home sensor not detected"};
     GoOnLine();
     SetOnlineState();
     ClearAlarmDisplay();

@@ -11,8 +11,9 @@
 
 namespace qdw8::test {
 
-/// A fresh program, on line, the lamp lit, nothing wrong. Every change of a lamp or of the alarm
-/// display is noted among the events, but for the home and the port lamp.
+/// A fresh program, on line, the lamp lit, nothing wrong. The error list holds "13" and "24". Every
+/// change of a lamp or of the alarm display is noted among the events, but for the home and the
+/// port lamp.
 class LinkBench : public Bench {
 public:
     LinkBench();

@@ -8,7 +8,7 @@
 #include "link/port.h"
 #include "link/receiver.h"
 #include "platform/whole_file.h"
-#include "program/startup.h"
+#include "program/init_tables.h"
 
 #include <cstdlib>
 #include <filesystem>

@@ -8,6 +8,7 @@
 #include "position/check_result.h"
 #include "position/flex_grid.h"
 #include "position/posi_table.h"
+#include "program/init_tables.h"
 #include "program/startup.h"
 #include "support/scripted_platform.h"
 

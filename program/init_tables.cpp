@@ -1,0 +1,29 @@
+#include "program/init_tables.h"
+
+#include "app/Module1.h"
+#include "app/command_states.h"
+#include "app/main_panel.h"
+#include "app/transfer_dialog.h"
+#include "device/axis_device.h"
+#include "device/device_list.h"
+#include "link/link_reset.h"
+#include "parameter/para_reset.h"
+#include "position/posi_table.h"
+#include "setup/detail_edit.h"
+
+namespace qdw8 {
+
+void InitTables() {
+    ResetModule1();
+    ResetCommandStates();
+    ResetMainPanel();
+    ResetTransferDialog();
+    ResetModule3Tusin();
+    ResetDevices();
+    ResetDeviceList();
+    ResetParameters();
+    ResetPositions();
+    ResetDetailEdit();
+}
+
+} // namespace qdw8
