@@ -11,6 +11,7 @@ namespace qdw8 {
 
 Flag LineCopiedFlag = kClear;
 Flag CellCopiedFlag = kClear;
+Flag LineSelectedFlag = kClear;
 
 namespace {
 
@@ -183,6 +184,9 @@ CommandsAway::~CommandsAway() {
     CMDBTN_Yuko();
     ToolBar_Yuko();
     Menyu_Yuko();
+    if (IsSet(LineSelectedFlag)) {
+        EditCMD_Yuko();
+    }
 }
 
 EditCommandsAway::EditCommandsAway() : before(enabledStates) {
@@ -207,6 +211,7 @@ bool CommandsTaken() {
 void ResetCommandStates() {
     LineCopiedFlag = kClear;
     CellCopiedFlag = kClear;
+    LineSelectedFlag = kClear;
     enabledStates.set();
     builtCommands.reset();
     takenAway = 0;

@@ -10,6 +10,7 @@
 #include "position/grid_display.h"
 #include "position/grid_editor.h"
 #include "position/posi_table.h"
+#include "position/position_reset.h"
 #include "program/commands.h"
 #include "windows/main/frmMain.h"
 

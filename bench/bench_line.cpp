@@ -18,6 +18,7 @@
 #include "platform/platform.h"
 #include "platform/qt/qt_platform.h"
 #include "position/posi_table.h"
+#include "position/position_reset.h"
 #include "position/posi_transfer.h"
 #include "position/posi_write.h"
 #include "windows/dialogs/frmTrance.h"

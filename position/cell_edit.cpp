@@ -2,14 +2,15 @@
 
 #include "app/number_forms.h"
 #include "device/Module2Calc.h"
-#include "platform/fault.h"
+#include "device/axis_device.h"
 #include "platform/platform.h"
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
-#include "position/posi_check.h"
+#include "position/posi_columns.h"
 #include "position/posi_table.h"
 
 #include <cmath>
+#include <exception>
 #include <optional>
 
 namespace qdw8 {
@@ -52,9 +53,9 @@ void StoreUnits(int gridRow, std::size_t axis, double pulse, double mm) {
     units.mm[axis] = mm;
 }
 
-Accepted TakeMm(int gridRow, std::size_t axis, const std::string& text) {
+Accepted TakeMm(int gridRow, std::size_t axis, double number) {
     const AxisDevice& device = DevSetting[axis];
-    const double typed = NumberFromText(CutFigure(PlainDecimal(NumberFromText(text))));
+    const double typed = NumberFromText(CutFigure(PlainDecimal(number)));
     if (!(typed >= 0 && typed <= device.MaxStrokeMm)) {
         return std::nullopt;
     }
@@ -64,10 +65,9 @@ Accepted TakeMm(int gridRow, std::size_t axis, const std::string& text) {
     return MmText(mm);
 }
 
-Accepted TakePulses(int gridRow, std::size_t axis, const std::string& text) {
+Accepted TakePulses(int gridRow, std::size_t axis, double pulse) {
     const AxisDevice& device = DevSetting[axis];
-    const double pulse = NumberFromText(text);
-    if (pulse != std::trunc(pulse) || pulse < 0 || pulse > device.MaxPulse) {
+    if (pulse < 0 || pulse > device.MaxPulse) {
         return std::nullopt;
     }
     const double mm = CutToThousandths(PulseToMm(device.DevLead, device.DevPPR, pulse));
@@ -79,39 +79,29 @@ Accepted TakePulses(int gridRow, std::size_t axis, const std::string& text) {
     return PlainDecimal(pulse);
 }
 
-Accepted TakeWhole(const std::string& text, std::int32_t lowest, std::int32_t highest) {
-    const std::int32_t value = ToInt32(NumberFromText(text));
-    if (value < lowest || value > highest) {
+Accepted TakeText(int row, int tableColumn, const std::string& text) {
+    if (tableColumn == kComment) {
+        return Trim(text);
+    }
+    const auto number = CellNumber(tableColumn, text);
+    if (!number) {
         return std::nullopt;
     }
-    return std::to_string(value);
-}
-
-Accepted TakeText(int row, int column, const std::string& text) {
-    const int tableColumn = column - 1;
-    switch (tableColumn) {
-    case kItpl: return TakeWhole(text, 0, 1);
-    case kOut: return TakeWhole(text, 0, 3);
-    case kSm: return TakeWhole(text, 0, 20);
-    case kComment: return Trim(text);
-    default: break;
+    const PosiColumn& column = ColumnOf(tableColumn);
+    if (column.item == kPosi) {
+        const auto axis = static_cast<std::size_t>(column.axis);
+        return IsSet(DispMmFlag) ? TakeMm(row, axis, *number) : TakePulses(row, axis, *number);
     }
-    const int axis = tableColumn / kAxisColumns;
-    const auto index = static_cast<std::size_t>(axis);
-    switch (tableColumn % kAxisColumns) {
-    case kVel: return TakeWhole(text, 1, 60);
-    case kAcc: {
-        const AccLimits limits = AccLimitsOf(axis);
-        return TakeWhole(text, limits.lowest, limits.highest);
+    const PosiLimits limits = LimitsOf(tableColumn);
+    if (*number < limits.lowest || *number > limits.highest) {
+        return std::nullopt;
     }
-    case kWay: return TakeWhole(text, 0, 3);
-    default: return IsSet(DispMmFlag) ? TakeMm(row, index, text) : TakePulses(row, index, text);
-    }
+    return PlainDecimal(*number);
 }
 
 Accepted TakeGuarded(int row, int column, const std::string& text) {
     try {
-        return TakeText(row, column, text);
+        return TakeText(row, column - 1, text);
     } catch (const std::exception&) {
         return std::nullopt;
     }

@@ -2,10 +2,22 @@
 
 namespace qdw8 {
 
-std::array<Flag, kPosiRows> PosiRowError{};
-std::array<std::array<Flag, kPosiRows>, 20> PosiCellError{};
-std::int16_t PosiErrorCount = 0;
-std::int16_t SyogoMode = 0;
+namespace {
+
+struct State {
+    std::array<Flag, kPosiRows> rowError{};
+    std::array<std::array<Flag, kPosiRows>, 20> cellError{};
+    std::int16_t errorCount = 0;
+    std::int16_t syogoMode = 0;
+};
+State state;
+
+} // namespace
+
+std::array<Flag, kPosiRows>& PosiRowError = state.rowError;
+std::array<std::array<Flag, kPosiRows>, 20>& PosiCellError = state.cellError;
+std::int16_t& PosiErrorCount = state.errorCount;
+std::int16_t& SyogoMode = state.syogoMode;
 
 void ClearPosiErrors() {
     for (auto& column : PosiCellError) {
@@ -36,10 +48,7 @@ std::vector<ResultRow> ResultRows() {
 }
 
 void ResetCheckResult() {
-    PosiRowError.fill(kClear);
-    ClearPosiErrors();
-    PosiErrorCount = 0;
-    SyogoMode = 0;
+    state = State{};
 }
 
 } // namespace qdw8

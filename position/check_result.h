@@ -13,13 +13,13 @@
 namespace qdw8 {
 
 /// A row failed; index is the position number minus 1.
-extern std::array<Flag, kPosiRows> PosiRowError;
+extern std::array<Flag, kPosiRows>& PosiRowError;
 /// A cell failed; first index the table column 0 to 18, 19 for "some cell of this row", second the
 /// position number itself.
 inline constexpr std::size_t kSomeCell = 19;
-extern std::array<std::array<Flag, kPosiRows>, 20> PosiCellError;
-extern std::int16_t PosiErrorCount; ///< number of failed rows
-extern std::int16_t SyogoMode;      ///< -1 the window reports a verify, 0 a check
+extern std::array<std::array<Flag, kPosiRows>, 20>& PosiCellError;
+extern std::int16_t& PosiErrorCount; ///< number of failed rows
+extern std::int16_t& SyogoMode;      ///< -1 the window reports a verify, 0 a check
 
 /// Clears `PosiCellError`.
 void ClearPosiErrors();

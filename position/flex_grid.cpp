@@ -1,9 +1,11 @@
 #include "position/flex_grid.h"
 
+#include "app/command_states.h"
 #include "app/main_panel.h"
 #include "app/screens.h"
 #include "app/string_table.h"
 #include "platform/fault.h"
+#include "position/posi_columns.h"
 
 #include <algorithm>
 
@@ -18,6 +20,12 @@ FlexGrid::Row& RowAt(int row, int column) {
         throw Fault("the grid has no such cell");
     }
     return grid.rows[static_cast<std::size_t>(row)];
+}
+
+/// The edit commands come back with a selection that still stands.
+void NoteSelection() {
+    const auto [first, last] = SelectedRows();
+    LineSelectedFlag = FlagOf(first >= kGridHeadRows && last < static_cast<int>(grid.rows.size()));
 }
 
 void Tell() {
@@ -47,6 +55,7 @@ void SetGridRows(int count) {
     const int last = static_cast<int>(grid.rows.size()) - 1;
     grid.row = std::min(grid.row, last);
     grid.rowSel = std::min(grid.rowSel, last);
+    NoteSelection();
     Tell();
 }
 
@@ -97,6 +106,7 @@ void RemoveGridRow(int row) {
         throw Fault("the grid has no such row");
     }
     grid.rows.erase(grid.rows.begin() + row);
+    NoteSelection();
     Tell();
 }
 
@@ -124,7 +134,8 @@ void OpenEditBox(int maxLength) {
 }
 
 void SetEditText(const std::string& text) {
-    grid.edit.text = text;
+    // What the form of the file can't hold is replaced in sight of the user.
+    grid.edit.text = grid.col == kGridCommentColumn ? BoundCellText(kComment, text).text : text;
 }
 
 void CloseEditBox() {
@@ -137,6 +148,7 @@ void SelectCells(int row, int column, int rowSel, int columnSel) {
     grid.col = column;
     grid.rowSel = rowSel;
     grid.colSel = columnSel;
+    NoteSelection();
 }
 
 void FreezeGrid() {
@@ -178,22 +190,22 @@ std::string GridHead(int row, int column) {
     if (column == 0) {
         return row == 0 ? "" : ResText(248);
     }
-    const int tableColumn = column - 1;
-    if (tableColumn >= 16) {
+    const PosiColumn& kind = ColumnOf(column - 1);
+    if (kind.axis < 0) {
         // "ITPL", "OUT", "S/M" and "COMMENT" stand under "Common".
-        return ResText(static_cast<std::int16_t>(row == 0 ? 224 : 231 + tableColumn - 16));
+        return ResText(row == 0 ? std::int16_t{224} : kind.label);
     }
-    const auto axis = static_cast<std::size_t>(tableColumn / 4);
-    const int item = tableColumn % 4;
+    const auto axis = static_cast<std::size_t>(kind.axis);
     if (row == 0) {
         const std::string& header = ThePanel().axisHeader[axis];
         return header.empty() ? ResText(static_cast<std::int16_t>(220 + axis)) : header;
     }
-    return item == 3 ? ThePanel().posiHeader[axis] : ResText(static_cast<std::int16_t>(225 + item));
+    return kind.item == kPosi ? ThePanel().posiHeader[axis] : ResText(kind.label);
 }
 
 void ResetGrid() {
     grid = FlexGrid{};
+    NoteSelection();
 }
 
 } // namespace qdw8

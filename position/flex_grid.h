@@ -89,6 +89,8 @@ GridSpan SelectedRows();
 
 /// The edit box, opened on the current cell with its text.
 void OpenEditBox(int maxLength);
+/// Takes over what stands in the edit box. In the comment a double quote becomes an apostrophe and
+/// what lies behind 40 characters is cut: the box must show `flgdData().edit.text` afterwards.
 void SetEditText(const std::string& text);
 void CloseEditBox();
 

@@ -7,9 +7,11 @@
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
 #include "position/grid_editor.h"
+#include "position/posi_columns.h"
 #include "position/posi_table.h"
 
 #include <algorithm>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -18,36 +20,54 @@ namespace {
 
 constexpr std::size_t kLineTabs = kGridColumns - 2; // between the 20 cells of a line
 
-using ClipRow = std::vector<std::string_view>;
+/// The rows of a text, one after the other. Nothing of it is copied, and each character is looked
+/// at once: a clipboard may hold a hundred megabytes.
+class ClipRows {
+public:
+    explicit ClipRows(std::string_view clip) : rest(clip) {}
 
-/// Takes the first row off the text.
-std::string_view NextRow(std::string_view& text) {
-    const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
-    const std::string_view row = text.substr(0, end);
-    text.remove_prefix(end);
-    text.remove_prefix(text.starts_with("\r\n") ? 2 : std::min<std::size_t>(text.size(), 1));
-    return row;
-}
+    bool atEnd() const { return rest.empty(); }
 
-ClipRow CellsOf(std::string_view row) {
-    ClipRow cells;
-    while (true) {
+    std::string_view next() {
+        const std::size_t end = std::min({endAt(cr, '\r'), endAt(lf, '\n'), rest.size()});
+        const std::string_view row = rest.substr(0, end);
+        drop(end);
+        drop(rest.starts_with("\r\n") ? 2 : std::min<std::size_t>(rest.size(), 1));
+        return row;
+    }
+
+private:
+    /// Where the next one of a kind of row end stands, counted from the beginning of the rest.
+    std::size_t endAt(std::size_t& known, char end) const {
+        if (known < dropped) {
+            const std::size_t at = rest.find(end);
+            known = at == std::string_view::npos ? at : dropped + at;
+        }
+        return known == std::string_view::npos ? known : known - dropped;
+    }
+    void drop(std::size_t count) {
+        rest.remove_prefix(count);
+        dropped += count;
+    }
+
+    std::string_view rest;
+    std::size_t dropped = 1; ///< counted from 1, so that nothing is known at first
+    std::size_t cr = 0;
+    std::size_t lf = 0;
+};
+
+/// The first cells of a row, at most `limit` of them.
+std::vector<std::string_view> CellsOf(std::string_view row, std::size_t limit) {
+    std::vector<std::string_view> cells;
+    while (cells.size() < limit) {
         const std::size_t tab = row.find('\t');
         cells.push_back(row.substr(0, tab));
         if (tab == std::string_view::npos) {
-            return cells;
+            break;
         }
         row.remove_prefix(tab + 1);
     }
-}
-
-/// At most `limit` rows: nobody pastes more than the grid takes, whatever the clipboard holds.
-std::vector<ClipRow> RowsOf(std::string_view text, int limit) {
-    std::vector<ClipRow> rows;
-    while (!text.empty() && static_cast<int>(rows.size()) < limit) {
-        rows.push_back(CellsOf(NextRow(text)));
-    }
-    return rows;
+    return cells;
 }
 
 int LastGridRow() {
@@ -59,9 +79,28 @@ bool DataCellIsCurrent() {
     return first >= kGridHeadRows && last <= LastGridRow() && flgdData().col >= 1;
 }
 
-void Paste(int row, int column, std::string_view text) {
-    SetGridText(row, column, std::string(text));
-    flgdData_CellChanged(row, column);
+/// The cells that one command pastes; a comment that was cut is told once, at its end.
+class Pasting {
+public:
+    Pasting() { FreezeGrid(); }
+    ~Pasting() { ThawGrid(); }
+    Pasting(const Pasting&) = delete;
+    Pasting& operator=(const Pasting&) = delete;
+
+    void put(int row, int column, std::string_view text) {
+        BoundText bound = BoundCellText(column - 1, text);
+        commentCut = commentCut || (bound.cut && column == kGridCommentColumn);
+        SetGridText(row, column, bound.text);
+        flgdData_CellChanged(row, column);
+    }
+
+    bool commentCut = false;
+};
+
+void TellIfCut(bool commentCut) {
+    if (commentCut) {
+        ShowTexts({3020});
+    }
 }
 
 void SetPasteFlags() {
@@ -80,61 +119,68 @@ void PutClip() {
     EditCMD_Yuko();
 }
 
-void PasteLines() {
-    const int first = flgdData().row; // the current line, wherever the selection began
+/// From the current line on, as far as the grid goes. True: a comment was cut.
+bool PutLines() {
     const std::string text = ThePlatform().TheClipboard.GetText();
-    const auto rows = RowsOf(text, LastGridRow() - first + 1);
-    FreezeGrid();
-    int row = first;
-    for (const ClipRow& cells : rows) {
+    Pasting pasting;
+    ClipRows rows(text);
+    for (int row = flgdData().row; row <= LastGridRow() && !rows.atEnd(); ++row) {
         int column = 1;
-        for (const std::string_view cell : cells) {
-            if (column > kGridCommentColumn) {
-                break;
-            }
-            Paste(row, column++, cell);
+        for (const std::string_view cell : CellsOf(rows.next(), kGridCommentColumn)) {
+            pasting.put(row, column++, cell);
         }
-        ++row;
     }
-    ThawGrid();
+    return pasting.commentCut;
+}
+
+void PasteLines() {
+    const bool commentCut = PutLines();
     PosiDirtyFlag = kSet;
-    GoToCell(first, 1);
+    GoToCell(flgdData().row, 1); // the current line, wherever the selection began
+    TellIfCut(commentCut);
+}
+
+/// Down the selection: one cell fills it, several go down it in order. True: a comment was cut.
+bool PutCells(const std::vector<std::string_view>& cells) {
+    Pasting pasting;
+    const auto [first, last] = SelectedRows();
+    for (int row = first; row <= last; ++row) {
+        const auto index = static_cast<std::size_t>(row - first);
+        if (cells.size() == 1) {
+            pasting.put(row, flgdData().col, cells.front());
+        } else if (index < cells.size()) {
+            pasting.put(row, flgdData().col, cells[index]);
+        }
+    }
+    return pasting.commentCut;
 }
 
 void PasteCells() {
     const auto [first, last] = SelectedRows();
-    const int column = flgdData().col;
+    const auto wanted = static_cast<std::size_t>(last - first + 1);
     const std::string text = ThePlatform().TheClipboard.GetText();
-    ClipRow cells;
-    for (const ClipRow& row : RowsOf(text, last - first + 1)) {
+    std::vector<std::string_view> cells;
+    for (ClipRows rows(text); !rows.atEnd() && cells.size() < wanted;) {
+        const auto row = CellsOf(rows.next(), wanted - cells.size());
         cells.insert(cells.end(), row.begin(), row.end());
     }
     if (cells.empty()) {
         return;
     }
-    FreezeGrid();
-    for (int row = first; row <= last; ++row) {
-        const auto index = static_cast<std::size_t>(row - first);
-        if (cells.size() == 1) {
-            Paste(row, column, cells.front());
-        } else if (index < cells.size()) {
-            Paste(row, column, cells[index]);
-        }
-    }
-    ThawGrid();
+    const bool commentCut = PutCells(cells);
     PosiDirtyFlag = kSet;
     LineCopiedFlag = kClear;
     EditCMD_Yuko();
+    TellIfCut(commentCut);
 }
 
 } // namespace
 
-std::int16_t ClipKind(const std::string& text) {
+std::int16_t ClipKind(std::string_view text) {
     if (text.empty()) {
         return 0;
     }
-    std::string_view rest(text);
-    const std::string_view line = NextRow(rest);
+    const std::string_view line = ClipRows(text).next();
     const auto tabs = std::count(line.begin(), line.end(), '\t');
     return static_cast<std::size_t>(tabs) == kLineTabs ? 1 : 2;
 }

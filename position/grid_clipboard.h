@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
+#include <string_view>
 
 /// Lines and cells to and from the system clipboard, as text: cells of a row separated by tabs,
 /// rows by a carriage return. What a spreadsheet program puts there is understood as well: CR LF
@@ -9,7 +9,7 @@
 namespace qdw8 {
 
 /// 0 nothing; 1 the first line has exactly 20 cells, a whole line; 2 anything else.
-std::int16_t ClipKind(const std::string& text);
+std::int16_t ClipKind(std::string_view text);
 
 /// Sets the paste flags by what the clipboard holds, and the paste commands when a line is
 /// selected. For the window, whenever the clipboard changes.
@@ -17,7 +17,8 @@ void ClipboardChanged();
 
 void mnuEditCellCopy_Click();
 void mnuEditLineCopy_Click();
-/// Pastes go into the cells as they are; the next check of the range judges them.
+/// Pastes go into the cells as they are, as long as a cell can hold them (`BoundCellText`; a
+/// comment that was cut is told once); the next check of the range judges them.
 void mnuEditCellPaste_Click();
 void mnuEditLinePaste_Click();
 

@@ -3,63 +3,47 @@
 #include "app/number_forms.h"
 #include "device/Module2Calc.h"
 #include "position/flex_grid.h"
+#include "position/posi_columns.h"
 #include "position/posi_table.h"
 
 namespace qdw8 {
 namespace {
 
 CellColour BlockColour(int gridColumn) {
-    const int tableColumn = gridColumn - 1;
-    if (gridColumn < 1 || tableColumn >= kItpl) {
+    if (gridColumn < 1) {
         return CellColour::Window;
     }
-    const int axis = tableColumn / kAxisColumns;
-    if (IsSet(AxisOff[static_cast<std::size_t>(axis)])) {
+    if (IsOffColumn(gridColumn - 1)) {
         return CellColour::OffAxis;
     }
-    return axis % 2 == 1 ? CellColour::Band : CellColour::Window;
+    const int axis = ColumnOf(gridColumn - 1).axis;
+    return axis == 1 || axis == 3 ? CellColour::Band : CellColour::Window;
 }
 
-std::string PosiText(const PosiUnits& units, std::size_t axis) {
-    const bool off = IsSet(AxisOff[axis]);
-    if (IsSet(DispMmFlag)) {
-        return MmText(off ? kOffPosi : units.mm[axis]);
+/// A number as a cell shows it. What came from a file or from the controller may be longer than any
+/// cell.
+std::string NumberText(int tableColumn, double number) {
+    if (ColumnOf(tableColumn).item == kPosi && IsSet(DispMmFlag)) {
+        return BoundCellText(tableColumn, MmText(number)).text;
     }
-    return PlainDecimal(off ? kOffPosi : units.pulse[axis]);
-}
-
-std::string DefaultText(int tableColumn) {
-    if (tableColumn == kComment) {
-        return {};
-    }
-    if (tableColumn >= kItpl) {
-        return "0";
-    }
-    const int item = tableColumn % kAxisColumns;
-    if (item == kPosi && IsSet(DispMmFlag)) {
-        return MmText(0);
-    }
-    return PlainDecimal(DefaultNumber(tableColumn / kAxisColumns, item));
+    return BoundCellText(tableColumn, PlainDecimal(number)).text;
 }
 
 std::string CellText(std::size_t position, int tableColumn) {
-    const auto column = static_cast<std::size_t>(tableColumn);
+    const PosiRow& row = PosiTable[position];
     if (tableColumn == kComment) {
-        return PosiTable[position].comment;
+        return BoundCellText(kComment, row.comment).text;
     }
-    if (tableColumn >= kItpl) {
-        return PlainDecimal(PosiTable[position].number[column]);
+    const PosiColumn& column = ColumnOf(tableColumn);
+    if (IsOffColumn(tableColumn)) {
+        return NumberText(tableColumn, column.off);
     }
-    const auto axis = column / kAxisColumns;
-    const int item = tableColumn % kAxisColumns;
-    if (item == kPosi) {
-        return PosiText(PosiUnitTable[position], axis);
+    if (column.item == kPosi) {
+        const PosiUnits& units = PosiUnitTable[position];
+        const auto axis = static_cast<std::size_t>(column.axis);
+        return NumberText(tableColumn, IsSet(DispMmFlag) ? units.mm[axis] : units.pulse[axis]);
     }
-    if (IsSet(AxisOff[axis])) {
-        constexpr std::array<double, 3> kOff{kOffVel, kOffAcc, kOffWay};
-        return PlainDecimal(kOff[static_cast<std::size_t>(item)]);
-    }
-    return PlainDecimal(PosiTable[position].number[column]);
+    return NumberText(tableColumn, row.number[static_cast<std::size_t>(tableColumn)]);
 }
 
 } // namespace
@@ -79,21 +63,17 @@ void ColourGridRow(int gridRow) {
 }
 
 void FillDefaults(int gridRow) {
-    for (int column = 0; column <= kComment; ++column) {
-        SetGridText(gridRow, column + 1, DefaultText(column));
+    for (int column = 0; column < kComment; ++column) {
+        SetGridText(gridRow, column + 1, NumberText(column, FreshNumber(column)));
     }
+    SetGridText(gridRow, kGridCommentColumn, {});
 }
 
-void Init_FlexGrid(int first, int last) {
-    FreezeGrid();
-    SetGridRows(last - first + 1 + kGridHeadRows);
-    for (int i = 0; i <= last - first; ++i) {
-        SetGridText(i + kGridHeadRows, 0, std::to_string(GridFirst + i));
-        FillDefaults(i + kGridHeadRows);
+void ShowTableRow(int position) {
+    const int gridRow = position - GridFirst + kGridHeadRows;
+    for (int column = 0; column <= kComment; ++column) {
+        SetGridText(gridRow, column + 1, CellText(static_cast<std::size_t>(position), column));
     }
-    GridHome();
-    ThawGrid();
-    Coloring_FlexGrid(first, last);
 }
 
 void Coloring_FlexGrid(int first, int last) {
@@ -117,25 +97,28 @@ void Set_MainFormStr() {
     Change_DispUnit();
 }
 
-void QdDataHyoji_3() {
+void ShowTable() {
     if (GridFirst == 0 && GridLast == 0) {
         return;
     }
+    FreezeGrid();
     SetGridRows(GridLast - GridFirst + 1 + kGridHeadRows);
     Change_DispUnit();
-    const GridLock lock;
-    FreezeGrid();
-    for (int i = 0; i <= GridLast - GridFirst; ++i) {
-        const int gridRow = i + kGridHeadRows;
-        const int position = GridFirst + i;
-        SetGridText(gridRow, 0, std::to_string(position));
-        for (int column = 0; column <= kComment; ++column) {
-            SetGridText(gridRow, column + 1, CellText(static_cast<std::size_t>(position), column));
-        }
-        ColourGridRow(gridRow);
+    for (int position = GridFirst; position <= GridLast; ++position) {
+        ShowTableRow(position);
+        ColourGridRow(position - GridFirst + kGridHeadRows);
     }
-    GridHome();
+    NumberGridRows();
     ThawGrid();
+}
+
+void QdDataHyoji_3() {
+    if (GridFirst != 0 || GridLast != 0) {
+        FreezeGrid();
+        ShowTable();
+        GridHome();
+        ThawGrid();
+    }
 }
 
 void DispAxisData() {
@@ -150,6 +133,13 @@ bool GridShowsItsRange() {
     const auto rows = static_cast<int>(flgdData().rows.size());
     return rows == GridLast - GridFirst + 1 + kGridHeadRows && rows > kGridHeadRows &&
            GridLast > 0 && GridText(kGridHeadRows, 0) == std::to_string(GridFirst);
+}
+
+void TakeWholeGrid() {
+    if (GridShowsItsRange()) {
+        PosiFirst = GridFirst;
+        PosiLast = GridLast;
+    }
 }
 
 } // namespace qdw8

@@ -11,12 +11,13 @@ std::string MmText(double mm);
 /// Head texts of the position columns; called at load and when the unit changes.
 void Set_MainFormStr();
 
-/// Fills the grid from the table for `GridFirst` to `GridLast`; nothing happens without data.
+/// Fills the grid from the table for `GridFirst` to `GridLast`; the user's place stays. Nothing
+/// happens without data. No cell is longer than its edit box.
+void ShowTable();
+/// The same for one row of the table, which the grid shows.
+void ShowTableRow(int position);
+/// `ShowTable` for another document: it begins with its first row, and no cell is current.
 void QdDataHyoji_3();
-
-/// Makes as many rows as there are from `first` to `last`, numbered from `GridFirst`, with the
-/// values of a new row in every cell.
-void Init_FlexGrid(int first, int last);
 
 /// Puts the values of a new row into the cells of a grid row, all but the position number.
 void FillDefaults(int gridRow);
@@ -35,5 +36,8 @@ void DispAxisData();
 
 /// True if the grid shows exactly the rows `GridFirst` to `GridLast`.
 bool GridShowsItsRange();
+
+/// Makes the working range the whole grid. Nothing happens without data.
+void TakeWholeGrid();
 
 } // namespace qdw8

@@ -1,18 +1,17 @@
 #include "position/grid_editor.h"
 
-#include "app/command_states.h"
-#include "device/Module2Calc.h"
+#include "app/number_forms.h"
 #include "platform/platform.h"
 #include "position/cell_edit.h"
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
 #include "position/grid_lines.h"
+#include "position/posi_columns.h"
 #include "position/posi_table.h"
 
-namespace qdw8 {
+#include <algorithm>
 
-std::string EditOldText;
-int LastEditKey = 0;
+namespace qdw8 {
 
 namespace {
 
@@ -20,48 +19,14 @@ int LastGridRow() {
     return static_cast<int>(flgdData().rows.size()) - 1;
 }
 
-/// Characters that the edit box of a column takes.
-int MaximumLength(int gridColumn) {
-    const int column = gridColumn - 1;
-    switch (column) {
-    case kItpl:
-    case kOut: return 1;
-    case kSm: return 2;
-    case kComment: return 40;
-    default: break;
-    }
-    switch (column % kAxisColumns) {
-    case kVel: return 2;
-    case kPosi: return 7;
-    default: return 1;
-    }
-}
-
-/// What can be typed into a column of numbers.
-bool PassesFilter(int gridColumn, char32_t c) {
-    const auto within = [c](char32_t lowest, char32_t highest) {
-        return c >= lowest && c <= highest;
-    };
-    const int column = gridColumn - 1;
-    switch (column) {
-    case kItpl: return within('0', '1');
-    case kOut: return within('0', '3');
-    case kSm: return within('0', '9');
-    default: break;
-    }
-    switch (column % kAxisColumns) {
-    case kAcc: return within('1', IsSet(AccWideFlag) ? '9' : '3');
-    case kWay: return within('0', '3');
-    case kPosi: return within('0', '9') || (c == '.' && IsSet(DispMmFlag));
-    default: return within('0', '9');
-    }
-}
-
 /// Enter moves along the row, and from its comment into the next row. Behind the last row it adds
 /// one, as long as there are position numbers left.
 void EnterWay() {
     const int row = flgdData().row;
     const int column = flgdData().col;
+    if (row < kGridHeadRows) {
+        return; // no cell is current
+    }
     if (column < kGridCommentColumn) {
         GoToCell(row, column + 1);
     } else if (row < LastGridRow()) {
@@ -71,6 +36,21 @@ void EnterWay() {
     } else {
         GoToCell(kGridHeadRows, 1);
     }
+}
+
+/// Bytes of a text that might fit into a cell, blanks around a figure included.
+constexpr std::size_t kLongestPaste = 1000;
+
+int CharactersIn(std::string_view text) {
+    return static_cast<int>(std::count_if(text.begin(), text.end(), [](char c) {
+        return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+    }));
+}
+
+/// A cell is one line, and what lies outside ASCII goes into the comment alone.
+bool CanBePasted(int tableColumn, char c) {
+    const auto code = static_cast<unsigned char>(c);
+    return code >= ' ' && PassesFilter(tableColumn, char32_t{code});
 }
 
 /// Writes the accepted text to the selected rows of the edited column.
@@ -94,27 +74,6 @@ void WriteToSelection(const std::string& text) {
 
 } // namespace
 
-void flgdData_RowColChange(int row, int column, int rowSel, int columnSel) {
-    const bool moved = row != flgdData().row || column != flgdData().col;
-    SelectCells(row, column, rowSel, columnSel);
-    if (column >= 1 && column <= kItpl) {
-        ShowUnitScaleOfAxis((column - 1) / kAxisColumns);
-    }
-    if (row >= kGridHeadRows) {
-        EditCMD_Yuko();
-    }
-    if (moved) {
-        flgdData_EnterCell(column);
-    }
-}
-
-void flgdData_EnterCell(int column) {
-    // In the comment it stays as the user left it, and Japanese can be typed.
-    if (column != kGridCommentColumn) {
-        ThePlatform().ImeSetOpenStatus(false);
-    }
-}
-
 void flgdData_CellChanged(int row, int column) {
     RestoreBlockColour(row, column);
 }
@@ -134,7 +93,7 @@ bool flgdData_BeforeEdit(int row, int column) {
         column >= kGridColumns) {
         return false;
     }
-    if (column <= kItpl && IsSet(AxisOff[static_cast<std::size_t>((column - 1) / kAxisColumns)])) {
+    if (IsOffColumn(column - 1)) {
         return false;
     }
     if (row != grid.row || column != grid.col) {
@@ -144,7 +103,7 @@ bool flgdData_BeforeEdit(int row, int column) {
     SetFillMode(FillMode::OneCell);
     EditOldText = GridText(row, column);
     SetGridColour(row, column, CellColour::Editing);
-    OpenEditBox(MaximumLength(column));
+    OpenEditBox(ColumnOf(column - 1).editLength);
     return true;
 }
 
@@ -158,9 +117,8 @@ void flgdData_KeyDownEdit(int key) {
 
 bool flgdData_KeyPressEdit(char32_t character) {
     const int column = flgdData().col;
-    return column == kGridCommentColumn || character == char32_t{kKeyBackspace} ||
-           character == char32_t{kKeyTab} || character == char32_t{kKeyEnter} ||
-           PassesFilter(column, character);
+    return column >= 1 && (character == char32_t{kKeyBackspace} || character == char32_t{kKeyTab} ||
+                           character == char32_t{kKeyEnter} || PassesFilter(column - 1, character));
 }
 
 bool flgdData_ValidateEdit() {
@@ -178,10 +136,12 @@ bool flgdData_ValidateEdit() {
 }
 
 void flgdData_AfterEdit() {
-    const bool enter = LastEditKey == kKeyEnter;
+    const int key = LastEditKey;
     LastEditKey = 0;
-    if (enter) {
+    if (key == kKeyEnter) {
         EnterWay();
+    } else if (key == kKeyTab && flgdData().col < kGridCommentColumn) {
+        GoToCell(flgdData().row, flgdData().col + 1);
     }
 }
 
@@ -197,23 +157,43 @@ bool CommitEdit() {
     return true;
 }
 
-void CancelEdit() {
+void flgdData_Delete() {
     const FlexGrid& grid = flgdData();
-    if (grid.edit.open) {
-        LastEditKey = 0;
-        RestoreBlockColour(grid.row, grid.col);
-        CloseEditBox();
+    const auto [first, last] = SelectedRows();
+    if (grid.locked > 0 || grid.edit.open || grid.col != kGridCommentColumn ||
+        grid.colSel != kGridCommentColumn || first < kGridHeadRows || last > LastGridRow()) {
+        return;
     }
+    FreezeGrid();
+    for (int row = first; row <= last; ++row) {
+        SetGridText(row, kGridCommentColumn, {});
+        flgdData_CellChanged(row, kGridCommentColumn);
+    }
+    ThawGrid();
+    PosiDirtyFlag = kSet;
 }
 
-void GoToCell(int row, int column) {
-    flgdData_RowColChange(row, column, row, column);
-    RefreshGrid();
-}
-
-void ResetGridEditor() {
-    EditOldText.clear();
-    LastEditKey = 0;
+std::optional<std::string> TextToPaste(std::string_view pasted, int room) {
+    for (const char end : {'\n', '\r'}) {
+        if (pasted.ends_with(end)) {
+            pasted.remove_suffix(1);
+        }
+    }
+    const int column = flgdData().col - 1;
+    std::string text;
+    // A text that is longer than any cell holds isn't looked at; each character has four bytes at
+    // most.
+    if (pasted.size() <= kLongestPaste) {
+        text = column == kComment ? BoundCellText(kComment, pasted).text : Trim(pasted);
+    }
+    if (text.empty() || CharactersIn(text) > room ||
+        (column == kComment && CharactersIn(text) != CharactersIn(pasted)) ||
+        !std::all_of(text.begin(), text.end(),
+                     [column](char c) { return CanBePasted(column, c); })) {
+        ThePlatform().Beep();
+        return std::nullopt;
+    }
+    return text;
 }
 
 } // namespace qdw8

@@ -1,6 +1,10 @@
 #pragma once
 
+#include "position/grid_cursor.h"
+
+#include <optional>
 #include <string>
+#include <string_view>
 
 /// What the events of the grid do. The window holds the edit box as a control and forwards: it
 /// opens it after `StartEdit` with the text and the maximum length in `flgdData().edit`, offers
@@ -15,14 +19,6 @@ inline constexpr int kKeyTab = 9;
 inline constexpr int kKeyEnter = 13;
 inline constexpr int kKeyEscape = 27;
 
-extern std::string EditOldText; ///< the cell's text when its edit began
-extern int LastEditKey;         ///< the key that last went through the edit box; 0 for none
-
-/// The current cell or the selection changed: shows the scale of the axis under the cursor, gives
-/// the edit commands back, and turns the input method off outside the comment.
-void flgdData_RowColChange(int row, int column, int rowSel, int columnSel);
-/// The current cell, or its edit box, got the focus.
-void flgdData_EnterCell(int column);
 /// The text of a cell has changed.
 void flgdData_CellChanged(int row, int column);
 
@@ -43,18 +39,22 @@ bool flgdData_KeyPressEdit(char32_t character);
 /// text was rejected, cell and edit box have the old text, and the edit stays open.
 bool flgdData_ValidateEdit();
 /// After a committed edit: Enter goes on to the next cell, from the last comment into a new line.
+/// Tab goes one cell to the right; a Tab that is to go elsewhere is offered as another key.
 void flgdData_AfterEdit();
 
 /// Ends the edit as a key or a click elsewhere does: tests, writes, closes the edit box, moves on.
 /// False: rejected, the edit stays open. True also when no cell was being edited.
 bool CommitEdit();
-/// Ends the edit with the cell as it was.
-void CancelEdit();
 
-/// Makes a cell the current one, alone selected, as a click on it would.
-void GoToCell(int row, int column);
+/// Delete outside an edit: the selected cells of the comment column are emptied. Nothing happens in
+/// the other columns, where an empty cell is none.
+void flgdData_Delete();
 
-/// No edit in progress, no key seen.
-void ResetGridEditor();
+/// What a paste puts into the open edit box, at its cursor: the whole text or nothing. Blanks
+/// around a figure and the row end that a spreadsheet program puts behind a cell don't count; in
+/// the comment a double quote becomes an apostrophe. `room` is how many characters the box can take
+/// more, those counted that the paste replaces. Nothing, and a beep: the text holds a character
+/// that can't be typed into this column, or is too long.
+std::optional<std::string> TextToPaste(std::string_view pasted, int room);
 
 } // namespace qdw8

@@ -3,8 +3,8 @@
 #include "app/boxes.h"
 #include "app/command_states.h"
 #include "position/flex_grid.h"
+#include "position/grid_cursor.h"
 #include "position/grid_display.h"
-#include "position/grid_editor.h"
 #include "position/posi_check.h"
 #include "position/posi_table.h"
 
@@ -38,6 +38,7 @@ void SetNoData() {
     GridFirst = GridLast = 0;
     PosiFirst = PosiLast = GridRowCount = 1;
     PosiDirtyFlag = kClear;
+    EmptyPosiTable(); // there is nothing left that a read could ask to save
     GridHome();
     EditCMD_Muko();
 }

@@ -14,7 +14,7 @@ void InsertLines(int gridRow, int count);
 /// selected line a box says so.
 void InsertLine_Click();
 /// `cmdDeleteLine`, `mnuEditGyoDelete`: takes the selected lines out. A grid that has lost its last
-/// line holds no data, and nothing is left to be saved.
+/// line holds no data, and nothing is left to be saved, in the table neither.
 void DeleteLine_Click();
 
 } // namespace qdw8

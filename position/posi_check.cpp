@@ -4,13 +4,16 @@
 #include "app/number_forms.h"
 #include "app/screens.h"
 #include "device/Module2Calc.h"
-#include "platform/fault.h"
+#include "device/axis_device.h"
 #include "position/check_result.h"
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
+#include "position/posi_columns.h"
 #include "position/posi_table.h"
 
 #include <exception>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace qdw8 {
@@ -19,83 +22,41 @@ Flag CheckFaultedFlag = kClear;
 
 namespace {
 
-/// A position in pulses must fit into five hexadecimal digits less one bit.
-constexpr std::int32_t kPulseLimit = 262144;
+/// The widest field of a row on the line: five hexadecimal digits.
+constexpr std::int32_t kWidestPulse = 0xFFFFF;
 
-/// The numbers of one row while it is tested. A value that is missing stays as the row before left
-/// it.
-using WorkingRow = std::array<std::int32_t, kComment>;
-
-bool IsPosi(std::size_t column) {
-    return column < kItpl && column % kAxisColumns == kPosi;
-}
-std::size_t AxisOfColumn(std::size_t column) {
-    return column / kAxisColumns;
-}
-bool IsOffColumn(std::size_t column) {
-    return column < kItpl && IsSet(AxisOff[AxisOfColumn(column)]);
+const std::string& CellOf(std::int16_t position, int column) {
+    return GridText(position - GridFirst + kGridHeadRows, column + 1);
 }
 
-double OffNumber(std::size_t column) {
-    constexpr std::array<double, kAxisColumns> kOff{kOffVel, kOffAcc, kOffWay, kOffPosi};
-    return kOff[column % kAxisColumns];
+double PulsesOf(std::size_t axis, double mm) {
+    return MmToPulse(DevSetting[axis].DevLead, DevSetting[axis].DevPPR, mm);
 }
 
-const std::string& CellOf(std::int16_t position, std::size_t column) {
-    return GridText(position - GridFirst + kGridHeadRows, static_cast<int>(column) + 1);
-}
-
-bool Within(std::int32_t value, std::int32_t lowest, std::int32_t highest) {
-    return value >= lowest && value <= highest;
-}
-
-bool PassesLimits(std::size_t column, std::int32_t value) {
-    switch (column) {
-    case kItpl: return Within(value, 0, 1);
-    case kOut: return Within(value, 0, 3);
-    case kSm: return Within(value, 0, 20);
-    default: break;
+/// An empty cell holds no data; blanks alone do.
+bool PassesCheck(int column, const std::string& text) {
+    const auto number = text.empty() ? std::nullopt : CellNumber(column, text);
+    if (!number || *number < 0) {
+        return false;
     }
-    const std::size_t axis = AxisOfColumn(column);
-    switch (column % kAxisColumns) {
-    case kVel: return Within(value, 1, 60);
-    case kAcc: {
-        const AccLimits limits = AccLimitsOf(static_cast<int>(axis));
-        return Within(value, limits.lowest, limits.highest);
+    const PosiColumn& kind = ColumnOf(column);
+    const bool posi = kind.item == kPosi;
+    const std::int32_t value = posi ? ToInt32(*number) : ToInt16(*number);
+    const PosiLimits limits = LimitsOf(column);
+    if (value < limits.lowest || value > limits.highest) {
+        return false;
     }
-    case kWay: return Within(value, 0, 3);
-    default: break;
-    }
-    if (IsSet(AxisOff[axis])) {
-        return true;
-    }
-    return IsSet(DispMmFlag) ? Within(value, 0, DevSetting[axis].DevStroke)
-                             : Within(value, 0, kPulseLimit - 1);
+    return !posi || !IsSet(DispMmFlag) ||
+           PulsesOf(static_cast<std::size_t>(kind.axis), *number) <= kWidestPulse;
 }
 
-/// Reads the row's numbers, marking what is empty, and tests them. True if the row is clean.
-bool TestRow(std::int16_t position, WorkingRow& values) {
+/// Tests the row's cells and marks what fails. True if the row is clean.
+bool TestRow(std::int16_t position) {
     bool clean = true;
-    const auto fail = [&](std::size_t column) {
-        MarkPosiCell(column, position);
-        clean = false;
-    };
-    for (std::size_t column = 0; column < kComment; ++column) {
-        if (IsOffColumn(column)) {
-            values[column] = ToInt32(OffNumber(column));
-            continue;
-        }
-        const std::string& text = CellOf(position, column);
-        if (text.empty()) {
-            fail(column);
-            continue;
-        }
-        const double number = NumberFromText(Trim(text));
-        values[column] = IsPosi(column) ? ToInt32(number) : ToInt16(number);
-    }
-    for (std::size_t column = 0; column < kComment; ++column) {
-        if (!PassesLimits(column, values[column])) {
-            fail(column);
+    for (int column = 0; column < kComment; ++column) {
+        if (!IsOffColumn(column) && !PassesCheck(column, CellOf(position, column))) {
+            MarkPosiCell(static_cast<std::size_t>(column), position);
+            clean = false;
         }
     }
     return clean;
@@ -109,27 +70,23 @@ struct CommittedRow {
 CommittedRow CommitOf(std::int16_t position) {
     CommittedRow made;
     made.row.written = true;
-    for (std::size_t column = 0; column < kComment; ++column) {
-        double& number = made.row.number[column];
+    for (int column = 0; column < kComment; ++column) {
+        const PosiColumn& kind = ColumnOf(column);
+        double& number = made.row.number[static_cast<std::size_t>(column)];
         if (IsOffColumn(column)) {
-            number = OffNumber(column);
+            number = kind.off;
             continue;
         }
-        const double value = NumberFromText(Trim(CellOf(position, column)));
-        if (!IsPosi(column)) {
-            number = value;
-            continue;
+        const double value = CellNumber(column, CellOf(position, column)).value_or(0);
+        number = value;
+        if (kind.item == kPosi) {
+            // In mm the nearest pulse is what goes out, and so what the cell shows from now on.
+            const auto axis = static_cast<std::size_t>(kind.axis);
+            const AxisDevice& device = DevSetting[axis];
+            number = IsSet(DispMmFlag) ? PulsesOf(axis, value) : value;
+            made.units.pulse[axis] = number;
+            made.units.mm[axis] = PulseToMm(device.DevLead, device.DevPPR, number);
         }
-        const std::size_t axis = AxisOfColumn(column);
-        const AxisDevice& device = DevSetting[axis];
-        if (IsSet(DispMmFlag)) {
-            made.units.mm[axis] = value;
-            made.units.pulse[axis] = MmToPulse(device.DevLead, device.DevPPR, value);
-        } else {
-            made.units.pulse[axis] = value;
-            made.units.mm[axis] = PulseToMm(device.DevLead, device.DevPPR, value);
-        }
-        number = made.units.pulse[axis];
     }
     made.row.comment = CellOf(position, kComment);
     return made;
@@ -147,6 +104,7 @@ void Commit() {
     for (CommittedRow& made : rows) {
         PosiTable[index] = std::move(made.row);
         PosiUnitTable[index] = made.units;
+        ShowTableRow(static_cast<int>(index));
         ++index;
     }
 }
@@ -159,9 +117,8 @@ void ShowNoData() {
 void CheckRows() {
     const GridLock lock;
     FreezeGrid();
-    WorkingRow values{};
     for (std::int16_t position = PosiFirst; position <= PosiLast; ++position) {
-        if (!TestRow(position, values)) {
+        if (!TestRow(position)) {
             ++PosiErrorCount;
             if (position > 0) { // a file can bring a row 0, which no transfer ever asks for
                 PosiRowError[static_cast<std::size_t>(position) - 1] = kSet;
@@ -171,7 +128,6 @@ void CheckRows() {
     if (PosiErrorCount == 0) {
         Commit();
     }
-    GridHome();
     ThawGrid();
 }
 
@@ -189,18 +145,8 @@ std::int16_t RunCheck() {
 
 } // namespace
 
-AccLimits AccLimitsOf(int axis) {
-    const auto index = static_cast<std::size_t>(axis);
-    const bool special = !IsSet(AxisOff[index]) && IsSpecialModel(DevSetting[index]);
-    if (IsSet(AccWideFlag)) {
-        return {static_cast<std::int16_t>(special ? 2 : 1), 9};
-    }
-    return {1, static_cast<std::int16_t>(special ? 2 : 3)};
-}
-
 std::int16_t Check_flgdLineNo() {
-    // A read that was refused half-way can leave the range variables apart from what the grid
-    // shows; no row may be taken then, since it would go under another row's number.
+    // Range variables apart from what the grid shows would take a row under another row's number.
     if (flgdData().rows.size() <= kGridHeadRows || !GridShowsItsRange()) {
         ShowNoData();
         return 1;
@@ -244,16 +190,13 @@ bool TableTakesGrid(std::int16_t faultText) {
 }
 
 std::int16_t ChangeUnit(Flag mm) {
-    if (GridShowsItsRange()) {
-        PosiFirst = GridFirst;
-        PosiLast = GridLast;
-    }
+    TakeWholeGrid();
     if (PosiDataCheck3() == 1 || IsSet(CheckFaultedFlag)) {
         return 1;
     }
     DispMmFlag = mm;
     Change_DispUnit();
-    QdDataHyoji_3();
+    ShowTable();
     return 0;
 }
 

@@ -11,9 +11,10 @@ namespace qdw8 {
 std::int16_t Check_flgdLineNo();
 
 /// Tests the grid's rows of the working range and, only if all are clean, commits them to the
-/// table in whole. 0 clean and committed; 1 errors found, the result window was shown and
-/// `PosiRowError` tells the rows; 2 the grid holds no data. A cell whose number is too large for
-/// its width ends the check at once with 0 and nothing committed.
+/// table in whole; each cell shows then what was committed. The user's place stays. 0 clean and
+/// committed; 1 errors found, the result window was shown and `PosiRowError` tells the rows; 2 the
+/// grid holds no data. A cell whose number is too large for its width ends the check at once with 0
+/// and nothing committed.
 std::int16_t PosiDataCheck3();
 
 /// -1 after a check that ended in a fault: it gave 0, and the table is not what the grid shows.
@@ -28,12 +29,5 @@ bool TableTakesGrid(std::int16_t faultText);
 /// old unit, then everything is shown in the new one. 0 good. 1 the grid has errors, which the
 /// result window has shown, or can't be committed; the unit is as it was.
 std::int16_t ChangeUnit(Flag mm);
-
-/// Limits of "ACC" of an axis (0 to 3).
-struct AccLimits {
-    std::int16_t lowest = 1;
-    std::int16_t highest = 3;
-};
-AccLimits AccLimitsOf(int axis);
 
 } // namespace qdw8

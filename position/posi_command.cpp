@@ -3,8 +3,8 @@
 #include "app/command_states.h"
 #include "app/screens.h"
 #include "position/flex_grid.h"
+#include "position/grid_cursor.h"
 #include "position/grid_display.h"
-#include "position/grid_editor.h"
 #include "position/posi_table.h"
 
 #include <memory>
@@ -18,23 +18,25 @@ struct Taken {
     GridLock grid;
 };
 
-int depth = 0;
-std::unique_ptr<Taken> taken;
+struct State {
+    int depth = 0;
+    std::unique_ptr<Taken> taken;
+};
+State state;
 
 } // namespace
 
 PositionCommand::PositionCommand() {
-    if (depth++ == 0) {
-        taken = std::make_unique<Taken>();
+    if (state.depth++ == 0) {
+        state.taken = std::make_unique<Taken>();
         CancelEdit();
-        GridHome();
     }
 }
 
 PositionCommand::~PositionCommand() {
-    if (--depth == 0) {
+    if (--state.depth == 0) {
         ThawGridWholly();
-        taken.reset();
+        state.taken.reset();
         if (Screens().flgdDataFocus) {
             Screens().flgdDataFocus();
         }
@@ -54,10 +56,11 @@ void RangesBefore::putBack() const {
 }
 
 WholeGridAfter::~WholeGridAfter() {
-    if (GridShowsItsRange()) {
-        PosiFirst = GridFirst;
-        PosiLast = GridLast;
-    }
+    TakeWholeGrid();
+}
+
+void ResetPositionCommand() {
+    state = State{};
 }
 
 } // namespace qdw8

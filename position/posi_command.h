@@ -5,10 +5,11 @@
 /// What the commands of the position document have in common.
 namespace qdw8 {
 
-/// Takes the commands and the grid away for the life of the object: the current cell goes home, a
-/// cell being edited gets its old text back (the window commits it before it runs a command). At
-/// the end the grid is free again and has the focus, and the commands are back, the edit commands
-/// with the next selection. A command that runs inside another one changes none of this.
+/// Takes the commands and the grid away for the life of the object. The current cell and the
+/// selection stay; a cell being edited gets its old text back (the window commits it before it runs
+/// a command). At the end the grid is free again and has the focus, and the commands are back, the
+/// edit commands with the selection if it still stands. A command that runs inside another one
+/// changes none of this.
 class PositionCommand {
 public:
     PositionCommand();
@@ -41,5 +42,8 @@ public:
     WholeGridAfter(const WholeGridAfter&) = delete;
     WholeGridAfter& operator=(const WholeGridAfter&) = delete;
 };
+
+/// Part of `ResetPositions`: no command runs.
+void ResetPositionCommand();
 
 } // namespace qdw8

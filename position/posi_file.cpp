@@ -5,10 +5,12 @@
 #include "app/number_forms.h"
 #include "app/screens.h"
 #include "app/string_table.h"
+#include "device/axis_device.h"
 #include "link/Module3Tusin.h"
 #include "platform/cp932_text.h"
 #include "platform/platform.h"
 #include "platform/whole_file.h"
+#include "position/grid_display.h"
 #include "position/posi_check.h"
 #include "position/posi_command.h"
 #include "position/posi_table.h"
@@ -21,12 +23,12 @@
 
 namespace qdw8 {
 
-std::string PosiFolder;
-Flag SaveCancelledFlag = kClear;
-
 namespace {
 
-constexpr std::size_t kExtensionLength = 4; // ".qdd"
+struct State {
+    Flag saveCancelled = kClear;
+};
+State state;
 
 /// A text field of a file: in the file's code page, between double quotes, with no escaping.
 std::string Quoted(const std::string& text) {
@@ -92,10 +94,23 @@ std::string FirstCharacters(const std::string& text, int count) {
 /// one of the two stand-ins is taken for one of them; that is meant so.
 bool HasNoFileYet() {
     const std::string begin = FirstCharacters(PosiFileName, 3);
-    return begin == FirstCharacters(ResText(213), 3) || begin == FirstCharacters(ResText(374), 3);
+    return PosiFilePath.empty() || begin == FirstCharacters(ResText(213), 3) ||
+           begin == FirstCharacters(ResText(374), 3);
 }
 
-/// Asks for a file to save; the folder chosen becomes the current one. Nothing: cancelled.
+/// What the file's code page lacks is named before it is replaced. False: the user keeps it out of
+/// the file.
+bool CommentsMayBeWritten() {
+    std::string comments;
+    for (std::int16_t position = PosiFirst; position <= PosiLast; ++position) {
+        comments += PosiTable[static_cast<std::size_t>(position)].comment;
+    }
+    const std::string lacking = LackingInCp932(comments);
+    return lacking.empty() || AskBox(Lines({ResText(3021), lacking, ResText(3022)}),
+                                     BoxButtons::YesNo) == BoxAnswer::Yes;
+}
+
+/// Asks for a file to save, and gives its path. Nothing: cancelled.
 std::optional<std::string> AskFileName(std::int16_t titleId) {
     FileQuestion question;
     question.kind = FileQuestion::Kind::Save;
@@ -109,14 +124,27 @@ std::optional<std::string> AskFileName(std::int16_t titleId) {
     if (!answer || answer->path.empty()) {
         return std::nullopt;
     }
-    PosiFolder = std::filesystem::path(answer->path).parent_path().string();
-    return answer->title;
+    return answer->path;
+}
+
+/// Writes the working range. The document counts as saved only if that is all that the grid shows.
+bool WriteFile(const std::string& path) {
+    try {
+        WriteWholeFile(path, FileText());
+        TakePosiFile(path);
+        if (PosiFirst <= GridFirst && PosiLast >= GridLast) {
+            PosiDirtyFlag = kClear;
+        }
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
 }
 
 /// Up to six tries, 100 ms apart.
-bool SaveWithTries(const std::string& fileName) {
+bool SaveWithTries(const std::string& path) {
     // Counted here: an exchange that runs out of the pause uses the shared counter.
-    for (std::int16_t failed = 1; SaveFileAs2(fileName) != 0; ++failed) {
+    for (std::int16_t failed = 1; !WriteFile(path); ++failed) {
         RetryCount = failed;
         if (failed > kRetries) {
             ShowTexts({422});
@@ -131,8 +159,7 @@ bool SaveWithTries(const std::string& fileName) {
 /// steps say whether a file was written.
 template<typename Steps> void RunSave(Steps steps) {
     const PositionCommand command;
-    const RangesBefore before;
-    const std::string folderBefore = PosiFolder;
+    const WholeGridAfter wholeGrid;
     SaveCancelledFlag = kClear;
     bool saved = false;
     try {
@@ -141,12 +168,6 @@ template<typename Steps> void RunSave(Steps steps) {
         ShowTexts({422});
     }
     SaveCancelledFlag = FlagOf(!saved);
-    if (!saved) {
-        // The next save under the old name must not write a part of the document alone, nor into
-        // the folder of a file that didn't come to be.
-        before.putBack();
-        PosiFolder = folderBefore;
-    }
 }
 
 bool Save() {
@@ -154,18 +175,12 @@ bool Save() {
         ShowTexts({422});
         return false;
     }
-    if (!TableTakesGrid(422)) {
+    TakeWholeGrid();
+    if (!TableTakesGrid(422) || !CommentsMayBeWritten()) {
         return false;
     }
-    std::string fileName = PosiFileName + ".qdd";
-    if (HasNoFileYet()) {
-        const auto chosen = AskFileName(423);
-        if (!chosen) {
-            return false;
-        }
-        fileName = *chosen;
-    }
-    return SaveWithTries(fileName);
+    const auto path = HasNoFileYet() ? AskFileName(423) : std::optional(PosiFilePath);
+    return path && SaveWithTries(*path);
 }
 
 bool SaveAs() {
@@ -177,7 +192,8 @@ bool SaveAs() {
         RangeCancelFlag = kClear;
         return false;
     }
-    if (!TableTakesGrid(422) || AskBox(ResText(405), BoxButtons::OkCancel) != BoxAnswer::Ok) {
+    if (!TableTakesGrid(422) || !CommentsMayBeWritten() ||
+        AskBox(ResText(405), BoxButtons::OkCancel) != BoxAnswer::Ok) {
         return false;
     }
     const auto chosen = AskFileName(406);
@@ -186,27 +202,10 @@ bool SaveAs() {
 
 } // namespace
 
-std::string FileNameOnly(const std::string& fileName) {
-    // Characters, not bytes: a name without an extension may end in Japanese ones.
-    std::size_t end = fileName.size();
-    for (std::size_t left = kExtensionLength; left > 0 && end > 0; --left) {
-        do {
-            --end;
-        } while (end > 0 && (static_cast<unsigned char>(fileName[end]) & 0xC0U) == 0x80U);
-    }
-    return fileName.substr(0, end);
-}
+Flag& SaveCancelledFlag = state.saveCancelled;
 
 std::int16_t SaveFileAs2(const std::string& fileName) {
-    try {
-        const std::filesystem::path path = std::filesystem::path(PosiFolder) / fileName;
-        WriteWholeFile(path.string(), FileText());
-        ShowPosiFileName(FileNameOnly(fileName));
-        PosiDirtyFlag = kClear;
-        return 0;
-    } catch (const std::exception&) {
-        return 1;
-    }
+    return WriteFile((std::filesystem::path(PosiFolder) / fileName).string()) ? 0 : 1;
 }
 
 void SavePosiFile() {
@@ -218,8 +217,7 @@ void SavePosiFileAs() {
 }
 
 void ResetPosiFile() {
-    PosiFolder.clear();
-    SaveCancelledFlag = kClear;
+    state = State{};
 }
 
 } // namespace qdw8

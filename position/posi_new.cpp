@@ -38,7 +38,6 @@ bool OfferToSave() {
 bool AskRows() {
     GridFirst = 1;
     GridLast = GridRowCount = kProposedRows;
-    GridHome();
     Screens().frmSelectPosiNo3();
     const bool cancelled = IsSet(RangeCancelFlag);
     RangeCancelFlag = kClear;

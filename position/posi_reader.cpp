@@ -9,22 +9,50 @@
 #include "platform/cp932_text.h"
 #include "platform/fault.h"
 #include "platform/whole_file.h"
+#include "position/posi_columns.h"
 #include "position/posi_table.h"
 
 #include <algorithm>
 #include <exception>
+#include <utility>
 
 namespace qdw8 {
 
-std::int16_t FileFirst = 0;
-std::int16_t FileLast = 0;
-std::array<std::string, kAxes> FileNewOldText;
-Flag FileReadFailFlag = kClear;
-
 namespace {
 
-/// A file that was refused for its first field is left open.
-bool fileLeftOpen = false;
+struct State {
+    std::int16_t first = 0;
+    std::int16_t last = 0;
+    std::array<std::string, kAxes> newOldText;
+    Flag commentCut = kClear;
+    bool leftOpen = false; ///< a file that was refused for its first field is left open
+};
+State state;
+
+/// No row has a longer field but for the comment, and no file so many rows: what has is no position
+/// file, and nobody waits for its end.
+constexpr std::size_t kLongestField = 1000;
+constexpr int kMostRows = 20'000;
+
+/// The bytes of the code page in which the 40 characters of a comment, and one more, have room.
+constexpr std::size_t kCommentBytes = 82;
+
+std::string ShortField(FieldReader& fields) {
+    std::string field = fields.next();
+    if (field.size() > kLongestField) {
+        throw Fault("a field is longer than any name or number");
+    }
+    return field;
+}
+
+std::string Comment(FieldReader& fields) {
+    const std::string field = fields.next();
+    BoundText comment = BoundCellText(kComment, FromCp932(field.substr(0, kCommentBytes)));
+    if (comment.cut) {
+        FileCommentCut = kSet;
+    }
+    return std::move(comment.text);
+}
 
 bool IsWord(const std::string& text) {
     return text == "NEW" || text == "OLD";
@@ -32,12 +60,12 @@ bool IsWord(const std::string& text) {
 
 void ReadFour(FieldReader& fields, std::array<std::string, kAxes>& texts) {
     for (std::string& text : texts) {
-        text = FromCp932(fields.next());
+        text = FromCp932(ShortField(fields));
     }
 }
 
 void ReadRow(FieldReader& fields, bool first) {
-    const std::int16_t position = ToInt16(NumberFromText(fields.next()));
+    const std::int16_t position = ToInt16(NumberFromText(ShortField(fields)));
     if (position < 0 || position > kLastPosition) {
         throw Fault("there is no such position");
     }
@@ -47,9 +75,9 @@ void ReadRow(FieldReader& fields, bool first) {
     FileLast = position;
     StageRow& row = PosiStage[static_cast<std::size_t>(position)];
     for (std::size_t column = 1; column <= kComment; ++column) {
-        row[column] = fields.next();
+        row[column] = ShortField(fields);
     }
-    row[kComment + 1] = FromCp932(fields.next());
+    row[kComment + 1] = Comment(fields);
 }
 
 /// Everything behind the magic.
@@ -65,23 +93,31 @@ void ReadBody(FieldReader fields) {
     for (std::size_t axis = 0; axis < kAxes; ++axis) {
         FileNewOldText[axis] = ResText(FileNewOld[axis] == "NEW" ? 126 : 127);
     }
-    for (bool first = true; !rows.atEnd(); first = false) {
-        ReadRow(rows, first);
+    for (int count = 0; !rows.atEnd(); ++count) {
+        if (count == kMostRows) {
+            throw Fault("a file of more rows than there are positions");
+        }
+        ReadRow(rows, count == 0);
     }
 }
 
 } // namespace
 
+std::int16_t& FileFirst = state.first;
+std::int16_t& FileLast = state.last;
+std::array<std::string, kAxes>& FileNewOldText = state.newOldText;
+Flag& FileCommentCut = state.commentCut;
+
 std::int16_t ReadPosiFile(const std::string& path) {
-    if (fileLeftOpen) {
-        fileLeftOpen = false;
+    FileCommentCut = kClear;
+    if (state.leftOpen) {
+        state.leftOpen = false;
         return 1;
     }
     try {
         FieldReader fields(ReadWholeFile(path));
         if (fields.next() != "QD-K8") {
-            FileReadFailFlag = kSet;
-            fileLeftOpen = true;
+            state.leftOpen = true;
             ShowTexts({21, 20});
             return 0;
         }
@@ -95,7 +131,6 @@ std::int16_t ReadPosiFile(const std::string& path) {
 bool ReadPosiFileWithTries(const std::string& path) {
     // Counted here: an exchange that runs out of the pause uses the shared counter.
     for (std::int16_t failed = 1;; ++failed) {
-        FileReadFailFlag = kClear;
         if (ReadPosiFile(path) == 0) {
             return true;
         }
@@ -109,10 +144,7 @@ bool ReadPosiFileWithTries(const std::string& path) {
 }
 
 void ResetPosiReader() {
-    FileFirst = FileLast = 0;
-    FileNewOldText.fill({});
-    FileReadFailFlag = kClear;
-    fileLeftOpen = false;
+    state = State{};
 }
 
 } // namespace qdw8

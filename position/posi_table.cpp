@@ -3,35 +3,32 @@
 #include "app/main_panel.h"
 #include "app/number_forms.h"
 #include "device/Module2Calc.h"
-#include "position/check_result.h"
-#include "position/flex_grid.h"
-#include "position/grid_editor.h"
-#include "position/posi_file.h"
-#include "position/posi_reader.h"
-#include "position/posi_verify.h"
-#include "position/stroke_check.h"
+#include "device/axis_device.h"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace qdw8 {
-
-std::array<PosiRow, kPosiRows> PosiTable;
-std::array<PosiUnits, kPosiRows> PosiUnitTable;
-std::array<StageRow, kPosiRows> PosiStage;
-std::array<std::string, kPosiRows> PosiFrameText;
-
-std::int16_t GridFirst = 0;
-std::int16_t GridLast = 0;
-std::int16_t GridRowCount = 1;
-std::int16_t PosiFirst = 1;
-std::int16_t PosiLast = 1;
-std::int16_t SavedGridFirst = 0;
-std::int16_t SavedGridLast = 0;
-Flag PosiDirtyFlag = kClear;
-Flag PosiHasDataFlag = kClear;
-std::string PosiFileName;
-
 namespace {
+
+struct State {
+    std::array<PosiRow, kPosiRows> table;
+    std::array<PosiUnits, kPosiRows> units;
+    std::array<StageRow, kPosiRows> stage;
+    std::array<std::string, kPosiRows> frameText;
+    std::int16_t gridFirst = 0;
+    std::int16_t gridLast = 0;
+    std::int16_t gridRowCount = 1;
+    std::int16_t posiFirst = 1;
+    std::int16_t posiLast = 1;
+    Flag dirty = kClear;
+    std::string fileName;
+    std::string filePath;
+    std::string folder;
+};
+State state;
+
+constexpr std::size_t kExtensionLength = 4; // ".qdd"
 
 /// Rows of the working range that exist, as storage indices.
 template<typename Visit> void ForWorkingRows(Visit visit) {
@@ -44,6 +41,20 @@ template<typename Visit> void ForWorkingRows(Visit visit) {
 
 } // namespace
 
+std::array<PosiRow, kPosiRows>& PosiTable = state.table;
+std::array<PosiUnits, kPosiRows>& PosiUnitTable = state.units;
+std::array<StageRow, kPosiRows>& PosiStage = state.stage;
+std::array<std::string, kPosiRows>& PosiFrameText = state.frameText;
+std::int16_t& GridFirst = state.gridFirst;
+std::int16_t& GridLast = state.gridLast;
+std::int16_t& GridRowCount = state.gridRowCount;
+std::int16_t& PosiFirst = state.posiFirst;
+std::int16_t& PosiLast = state.posiLast;
+Flag& PosiDirtyFlag = state.dirty;
+std::string& PosiFileName = state.fileName;
+std::string& PosiFilePath = state.filePath;
+std::string& PosiFolder = state.folder;
+
 double NumberOf(const StageCell& cell) {
     const auto* number = std::get_if<double>(&cell);
     return number != nullptr ? *number : NumberFromText(std::get<std::string>(cell));
@@ -54,27 +65,20 @@ std::string TextOf(const StageCell& cell) {
     return text != nullptr ? *text : PlainDecimal(std::get<double>(cell));
 }
 
-double DefaultNumber(int axis, int item) {
-    const auto index = static_cast<std::size_t>(axis);
-    switch (item) {
-    case kVel: return 30;
-    case kAcc: return !IsSet(AxisOff[index]) && IsSpecialModel(DevSetting[index]) ? 2 : 3;
-    default: return 0;
-    }
-}
-
 void ClearPosiTable() {
     PosiRow fresh;
     fresh.written = true;
-    for (int axis = 0; axis < kAxes; ++axis) {
-        for (int item = 0; item < kAxisColumns; ++item) {
-            const int column = kAxisColumns * axis + item;
-            fresh.number[static_cast<std::size_t>(column)] = DefaultNumber(axis, item);
-        }
+    for (int column = 0; column < kComment; ++column) {
+        fresh.number[static_cast<std::size_t>(column)] = FreshNumber(column);
     }
     PosiTable.fill(fresh);
     PosiUnitTable.fill({});
     PosiFrameText.fill({});
+}
+
+void EmptyPosiTable() {
+    PosiTable.fill({});
+    PosiUnitTable.fill({});
 }
 
 void PosiStageToTable() {
@@ -83,8 +87,9 @@ void PosiStageToTable() {
         PosiTable[row].written = true;
         for (std::size_t column = 0; column < kComment; ++column) {
             const double number = NumberOf(stage[column + 1]);
-            if (column < kItpl && column % kAxisColumns == kPosi) {
-                PosiUnitTable[row].pulse[column / kAxisColumns] = number;
+            const PosiColumn& kind = ColumnOf(static_cast<int>(column));
+            if (kind.item == kPosi) {
+                PosiUnitTable[row].pulse[static_cast<std::size_t>(kind.axis)] = number;
             } else {
                 PosiTable[row].number[column] = number;
             }
@@ -118,34 +123,36 @@ void ConvertTableToPulse() {
 
 bool PosiTableHasData() {
     // The last row is not looked at: the test runs over the rows 0 to 998.
-    const bool any = std::any_of(PosiTable.begin(), PosiTable.end() - 1,
-                                 [](const PosiRow& row) { return row.written; });
-    PosiHasDataFlag = FlagOf(any);
-    return any;
+    return std::any_of(PosiTable.begin(), PosiTable.end() - 1,
+                       [](const PosiRow& row) { return row.written; });
 }
 
 void ShowPosiFileName(const std::string& name) {
+    PosiFilePath.clear();
     PosiFileName = name;
     SetPanel(&MainPanel::lblFileName, name);
 }
 
-void ResetPositions() {
-    PosiTable.fill({});
-    PosiUnitTable.fill({});
-    PosiStage.fill({});
-    PosiFrameText.fill({});
-    GridFirst = GridLast = 0;
-    GridRowCount = PosiFirst = PosiLast = 1;
-    SavedGridFirst = SavedGridLast = 0;
-    PosiDirtyFlag = PosiHasDataFlag = kClear;
-    PosiFileName.clear();
-    ResetGrid();
-    ResetGridEditor();
-    ResetCheckResult();
-    ResetPosiFile();
-    ResetPosiReader();
-    ResetStrokeCheck();
-    ResetVerify();
+void TakePosiFile(const std::string& path) {
+    const std::filesystem::path file(path);
+    ShowPosiFileName(FileNameOnly(file.filename().string()));
+    PosiFolder = file.parent_path().string();
+    PosiFilePath = path;
+}
+
+std::string FileNameOnly(const std::string& fileName) {
+    // Characters, not bytes: a name without an extension may end in Japanese ones.
+    std::size_t end = fileName.size();
+    for (std::size_t left = kExtensionLength; left > 0 && end > 0; --left) {
+        do {
+            --end;
+        } while (end > 0 && (static_cast<unsigned char>(fileName[end]) & 0xC0U) == 0x80U);
+    }
+    return fileName.substr(0, end);
+}
+
+void ResetPosiTable() {
+    state = State{};
 }
 
 } // namespace qdw8

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/Module1.h"
-#include "device/axis_device.h"
+#include "position/posi_columns.h"
 
 #include <array>
 #include <cstdint>
@@ -19,23 +19,6 @@ namespace qdw8 {
 inline constexpr int kPosiRows = 1000;
 inline constexpr int kLastPosition = 999;
 /// Table columns 0 to 15 are four blocks of "VEL", "ACC", "WAY", "Posi", one for each axis.
-inline constexpr int kPosiColumns = 21;
-inline constexpr int kAxisColumns = 4;
-inline constexpr int kVel = 0;
-inline constexpr int kAcc = 1;
-inline constexpr int kWay = 2;
-inline constexpr int kPosi = 3;
-inline constexpr int kItpl = 16;
-inline constexpr int kOut = 17;
-inline constexpr int kSm = 18;
-inline constexpr int kComment = 19;
-
-/// What an axis out of use shows, sends and saves.
-inline constexpr double kOffVel = 30;
-inline constexpr double kOffAcc = 3;
-inline constexpr double kOffWay = 0;
-inline constexpr double kOffPosi = 0;
-
 /// One row: numbers of table columns 0 to 18, and the comment. Positions are pulses. The cells of a
 /// row that was never written count as empty.
 struct PosiRow {
@@ -55,30 +38,29 @@ using StageCell = std::variant<std::string, double>;
 double NumberOf(const StageCell& cell);
 std::string TextOf(const StageCell& cell);
 
-extern std::array<PosiRow, kPosiRows> PosiTable;
-extern std::array<PosiUnits, kPosiRows> PosiUnitTable;
+extern std::array<PosiRow, kPosiRows>& PosiTable;
+extern std::array<PosiUnits, kPosiRows>& PosiUnitTable;
 /// Staging table: columns 1 to 20 are table columns 0 to 19; column 0 is unused.
 using StageRow = std::array<StageCell, kPosiColumns>;
-extern std::array<StageRow, kPosiRows> PosiStage;
+extern std::array<StageRow, kPosiRows>& PosiStage;
 /// Raw frame text per row, at index position number - 1.
-extern std::array<std::string, kPosiRows> PosiFrameText;
+extern std::array<std::string, kPosiRows>& PosiFrameText;
 
 // ---- range variables, position numbers ----
 
-extern std::int16_t GridFirst; ///< rows shown in the grid; 0 and 0: no data
-extern std::int16_t GridLast;
-extern std::int16_t GridRowCount;
-extern std::int16_t PosiFirst; ///< working range of the present operation
-extern std::int16_t PosiLast;
-extern std::int16_t SavedGridFirst; ///< the grid's rows before a read from the controller
-extern std::int16_t SavedGridLast;
+extern std::int16_t& GridFirst; ///< rows shown in the grid; 0 and 0: no data
+extern std::int16_t& GridLast;
+extern std::int16_t& GridRowCount;
+extern std::int16_t& PosiFirst; ///< working range of the present operation
+extern std::int16_t& PosiLast;
 
-extern Flag PosiDirtyFlag;       ///< the table holds unsaved changes
-extern Flag PosiHasDataFlag;     ///< set by `PosiTableHasData`
-extern std::string PosiFileName; ///< current file name without folder and extension
-
-/// Default of a "VEL", "ACC", "WAY", "Posi" cell of an axis (0 to 3).
-double DefaultNumber(int axis, int item);
+extern Flag& PosiDirtyFlag;       ///< the table holds unsaved changes
+extern std::string& PosiFileName; ///< current file name without folder and extension
+/// The folder of the last position file opened or saved; empty before the first one.
+extern std::string& PosiFolder;
+/// The file that was opened or written last, with its folder: where the next save goes. Empty while
+/// the document has none.
+extern std::string& PosiFilePath;
 
 /// Fills every row with the defaults; clears both unit forms and the frame texts.
 void ClearPosiTable();
@@ -88,14 +70,20 @@ void PosiStageToTable();
 /// Fill one form of the positions from the other for the working range; an axis out of use gets 0.
 void ConvertTableToMm();
 void ConvertTableToPulse();
-/// True if any cell of rows 0 to 998, table columns 0 to 10, is not the empty text; also left in
-/// `PosiHasDataFlag`.
+/// Forgets every row, as before the first document.
+void EmptyPosiTable();
+/// True if any cell of rows 0 to 998, table columns 0 to 10, is not the empty text.
 bool PosiTableHasData();
 
-/// Sets `PosiFileName` and shows it in `lblFileName`.
+/// Sets `PosiFileName` and shows it in `lblFileName`. The document has no file from then on.
 void ShowPosiFileName(const std::string& name);
+/// The document's file is `path` from now on: its folder is the current one, and its name without
+/// the last four characters is shown.
+void TakePosiFile(const std::string& path);
+/// A file name without its extension of four characters.
+std::string FileNameOnly(const std::string& fileName);
 
-/// Puts the variables of the position room into the state of a fresh start.
-void ResetPositions();
+/// Part of `ResetPositions`.
+void ResetPosiTable();
 
 } // namespace qdw8

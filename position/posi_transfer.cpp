@@ -14,28 +14,8 @@
 namespace qdw8 {
 namespace {
 
-/// Where a field of a row stands in the reply to `0RP`, counted from 1, and how wide it is.
-struct Field {
-    std::size_t from;
-    std::size_t width;
-};
-
-constexpr Field FieldOf(std::size_t column) {
-    switch (column) {
-    case kItpl: return {43, 1};
-    case kOut: return {44, 1};
-    case kSm: return {45, 2};
-    default: break;
-    }
-    constexpr std::size_t kAxisWidth = 9;
-    const std::size_t block = 7 + kAxisWidth * (column / kAxisColumns);
-    switch (column % kAxisColumns) {
-    case kVel: return {block, 2};
-    case kAcc: return {block + 2, 1};
-    case kWay: return {block + 3, 1};
-    default: return {block + 4, 5};
-    }
-}
+/// The reply repeats the command in front of the row.
+constexpr std::size_t kEcho = 3;
 
 using RowNumbers = std::array<double, kComment>;
 
@@ -44,8 +24,8 @@ using RowNumbers = std::array<double, kComment>;
 RowNumbers CutRow(const std::string& reply) {
     RowNumbers numbers{};
     for (std::size_t column = 0; column < kComment; ++column) {
-        const Field field = FieldOf(column);
-        numbers[column] = HexValue(Mid(reply, field.from, field.width));
+        const PosiColumn& kind = ColumnOf(static_cast<int>(column));
+        numbers[column] = HexValue(Mid(reply, kEcho + kind.place, kind.width));
     }
     return numbers;
 }

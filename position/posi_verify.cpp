@@ -9,7 +9,9 @@
 #include "link/supervision.h"
 #include "platform/platform.h"
 #include "position/check_result.h"
+#include "position/grid_display.h"
 #include "position/posi_check.h"
+#include "position/posi_columns.h"
 #include "position/posi_command.h"
 #include "position/posi_reader.h"
 #include "position/posi_table.h"
@@ -21,14 +23,13 @@
 
 namespace qdw8 {
 
-std::int16_t VerifyFirst = 0;
-std::int16_t VerifyLast = 0;
-
 namespace {
 
-bool IsCompared(std::size_t column) {
-    return column >= kItpl || !IsSet(AxisOff[column / kAxisColumns]);
-}
+struct State {
+    std::int16_t first = 0;
+    std::int16_t last = 0;
+};
+State state;
 
 /// Marks what differs between the table and `PosiStage` in the working range.
 void MarkDifferences() {
@@ -38,7 +39,7 @@ void MarkDifferences() {
         const auto row = static_cast<std::size_t>(position);
         bool differs = false;
         for (std::size_t column = 0; column < kComment; ++column) {
-            if (IsCompared(column) &&
+            if (!IsOffColumn(static_cast<int>(column)) &&
                 NumberOf(PosiStage[row][column + 1]) != PosiTable[row].number[column]) {
                 MarkPosiCell(column, position);
                 differs = true;
@@ -83,8 +84,7 @@ void VerifyWithFile() {
     if (Check_flgdLineNo() != 0) {
         return;
     }
-    PosiFirst = GridFirst;
-    PosiLast = GridLast;
+    TakeWholeGrid();
     if (!TableTakesGrid(397)) {
         return;
     }
@@ -140,6 +140,9 @@ void Run(void (*verify)(), std::int16_t faultId) {
 
 } // namespace
 
+std::int16_t& VerifyFirst = state.first;
+std::int16_t& VerifyLast = state.last;
+
 std::int16_t CompareFileRange() {
     if (FileFirst > GridFirst) {
         if (FileFirst > GridLast) {
@@ -177,7 +180,7 @@ void VerifyChoose() {
 }
 
 void ResetVerify() {
-    VerifyFirst = VerifyLast = 0;
+    state = State{};
 }
 
 } // namespace qdw8

@@ -5,8 +5,8 @@
 /// The position data on the screen compared with a file or with the controller.
 namespace qdw8 {
 
-extern std::int16_t VerifyFirst; ///< what the file last read and the grid have in common
-extern std::int16_t VerifyLast;
+extern std::int16_t& VerifyFirst; ///< what the file last read and the grid have in common
+extern std::int16_t& VerifyLast;
 
 /// Sets `VerifyFirst` and `VerifyLast`. 0 the file and the grid have rows in common; 1 they have
 /// none (the variables say nothing then).

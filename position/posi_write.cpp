@@ -17,20 +17,6 @@ namespace {
 
 constexpr std::size_t kRowLength = 43;
 
-int WidthOf(std::size_t column) {
-    if (column == kSm) {
-        return 2;
-    }
-    if (column >= kItpl) {
-        return 1;
-    }
-    switch (column % kAxisColumns) {
-    case kVel: return 2;
-    case kPosi: return 5;
-    default: return 1;
-    }
-}
-
 bool IsWholeRow(const std::string& row) {
     return row.size() == kRowLength && row.find_first_not_of("0123456789ABCDEF") == row.npos;
 }
@@ -87,7 +73,8 @@ std::string PosiRowText(std::int16_t position) {
     const PosiRow& row = PosiTable[static_cast<std::size_t>(position)];
     std::string text = HexField(position, 3);
     for (std::size_t column = 0; column < kComment; ++column) {
-        text += HexField(ToInt32(row.number[column]), WidthOf(column));
+        text += HexField(ToInt32(row.number[column]),
+                         static_cast<int>(ColumnOf(static_cast<int>(column)).width));
     }
     return text;
 }

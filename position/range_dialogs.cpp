@@ -6,20 +6,31 @@
 #include "position/posi_table.h"
 #include "position/posi_verify.h"
 
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
 namespace qdw8 {
 namespace {
 
+/// The position number in a field; 0, which is none, for anything else.
+int PositionIn(const std::string& text) {
+    const auto number = NumberOfCell(text);
+    const bool position =
+        number && *number == std::trunc(*number) && *number >= 1 && *number <= kLastPosition;
+    return position ? static_cast<int>(*number) : 0;
+}
+
 /// Sets the working range if both numbers are valid and lie in order between the limits.
 bool TakeRange(const RangeTexts& texts, int lowest, int highest) {
-    const double start = NumberFromText(texts.start);
-    const double end = NumberFromText(texts.end);
-    if (!(start >= 1 && end <= kLastPosition && start >= lowest && end <= highest &&
-          start <= end)) {
+    const int start = PositionIn(texts.start);
+    const int end = PositionIn(texts.end);
+    if (start < std::max(lowest, 1) || end > highest || start > end) {
         ShowTexts({1610});
         return false;
     }
-    PosiFirst = ToInt16(start);
-    PosiLast = ToInt16(end);
+    PosiFirst = static_cast<std::int16_t>(start);
+    PosiLast = static_cast<std::int16_t>(end);
     return true;
 }
 
@@ -57,22 +68,23 @@ VerifyRangeTexts VerifyRangePreset() {
 }
 
 bool TakeVerifyRange(const RangeTexts& texts) {
-    const double start = NumberFromText(texts.start);
-    const double end = NumberFromText(texts.end);
-    if (start > end) {
+    const auto start = NumberOfCell(texts.start);
+    const auto end = NumberOfCell(texts.end);
+    if (start && end && *start > *end) {
         return false;
     }
-    const auto isPosition = [](double number) { return number >= 1 && number <= kLastPosition; };
-    bool valid = isPosition(start) && isPosition(end);
-    if (start < VerifyFirst) {
+    const int first = PositionIn(texts.start);
+    const int last = PositionIn(texts.end);
+    bool valid = first != 0 && last != 0;
+    if (start.value_or(0) < VerifyFirst) {
         valid = false;
-    } else if (isPosition(start)) {
-        PosiFirst = ToInt16(start);
+    } else if (first != 0) {
+        PosiFirst = static_cast<std::int16_t>(first);
     }
-    if (end > VerifyLast) {
+    if (end && *end > VerifyLast) {
         valid = false;
-    } else if (isPosition(end)) {
-        PosiLast = ToInt16(end);
+    } else if (last != 0) {
+        PosiLast = static_cast<std::int16_t>(last);
     }
     if (!valid) {
         ShowTexts({1610});

@@ -10,6 +10,7 @@
 #include "platform/fault.h"
 #include "position/check_result.h"
 #include "position/flex_grid.h"
+#include "position/posi_columns.h"
 #include "position/posi_table.h"
 
 #include <exception>
@@ -17,9 +18,9 @@
 
 namespace qdw8 {
 
-std::array<std::int32_t, kAxes> CtStrokeLimit{};
-
 namespace {
+
+std::array<std::int32_t, kAxes> strokeLimit{};
 
 /// The block that holds the actuator of an axis, and where its stroke end stands in the reply.
 constexpr int ActuatorBlock(std::size_t axis) {
@@ -62,8 +63,8 @@ bool GoesTooFar(int gridRow) {
             continue;
         }
         const int column = kAxisColumns * (static_cast<int>(axis) + 1);
-        const double shown = RoundHalfEven(NumberFromText(Trim(GridText(gridRow, column))));
-        if (shown > CtStrokeLimit[axis]) {
+        const auto shown = CellNumber(column - 1, GridText(gridRow, column));
+        if (!shown || RoundHalfEven(*shown) > CtStrokeLimit[axis]) {
             return true;
         }
     }
@@ -91,6 +92,8 @@ std::int16_t Stop() {
 
 } // namespace
 
+std::array<std::int32_t, kAxes>& CtStrokeLimit = strokeLimit;
+
 std::int16_t PosiKakikomimaeParaCheck() {
     try {
         TransferRunFlag = kClear;
@@ -99,7 +102,6 @@ std::int16_t PosiKakikomimaeParaCheck() {
             return Stop();
         }
         const std::string list = ListTooFar();
-        GridHome();
         if (list.empty()) {
             return 0;
         }
@@ -111,7 +113,7 @@ std::int16_t PosiKakikomimaeParaCheck() {
 }
 
 void ResetStrokeCheck() {
-    CtStrokeLimit.fill(0);
+    strokeLimit = {};
 }
 
 } // namespace qdw8

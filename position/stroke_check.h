@@ -9,7 +9,7 @@
 namespace qdw8 {
 
 /// Stroke ends that the controller itself holds, pulses; 0 for an axis out of use.
-extern std::array<std::int32_t, kAxes> CtStrokeLimit;
+extern std::array<std::int32_t, kAxes>& CtStrokeLimit;
 
 /// Asks the controller for its alarm state, its axes in use and its stroke ends, and compares the
 /// positions of the working range with them. 0 pass: the transfer dialog is up and the port open.

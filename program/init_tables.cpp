@@ -8,7 +8,7 @@
 #include "device/device_list.h"
 #include "link/link_reset.h"
 #include "parameter/para_reset.h"
-#include "position/posi_table.h"
+#include "position/position_reset.h"
 #include "setup/detail_edit.h"
 
 namespace qdw8 {

@@ -21,7 +21,6 @@
 #include "setup/device_copies.h"
 
 #include <exception>
-#include <filesystem>
 #include <optional>
 
 namespace qdw8 {
@@ -56,11 +55,14 @@ std::optional<FileAnswer> AskFile() {
     return ThePlatform().CommonDialog1.ShowFile(question);
 }
 
-void TakeFileRange() {
+void TestFileRange() {
     const bool noData = FileFirst == 0 && FileLast == 0;
     if (noData || FileLast < FileFirst) {
         throw Fault("the file's rows can't be shown");
     }
+}
+
+void TakeFileRange() {
     GridFirst = PosiFirst = FileFirst;
     GridLast = PosiLast = FileLast;
     GridRowCount = static_cast<std::int16_t>(FileLast - FileFirst + 1);
@@ -142,19 +144,22 @@ bool Open(const DevicesBefore& before) {
     if (answer->path.empty() || !ReadPosiFileWithTries(answer->path)) {
         return false;
     }
-    TakeFileRange();
+    TestFileRange();
     if (!SettleDevices(before)) {
         return false;
     }
+    TakeFileRange();
     ShowAxes();
     PosiStageToTable();
     ConvertTableToMm();
     QdDataHyoji_3();
     CalcMaxStrokeMm();
     ShowUnitScale();
-    PosiFolder = std::filesystem::path(answer->path).parent_path().string();
-    ShowPosiFileName(FileNameOnly(answer->title));
+    TakePosiFile(answer->path);
     PosiDirtyFlag = kClear;
+    if (IsSet(FileCommentCut)) {
+        ShowTexts({3020});
+    }
     return true;
 }
 

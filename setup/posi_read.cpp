@@ -47,6 +47,9 @@ bool AskRange() {
 }
 
 void ShowWhatCame() {
+    GridFirst = PosiFirst;
+    GridLast = PosiLast;
+    GridRowCount = static_cast<std::int16_t>(GridLast - GridFirst + 1);
     PosiStageToTable();
     ConvertTableToMm();
     QdDataHyoji_3();
@@ -54,30 +57,27 @@ void ShowWhatCame() {
     PosiDirtyFlag = kClear;
 }
 
-void ReadChosenRange(const RangesBefore& before) {
+/// True: the rows have come. Until then grid and range variables say what the grid shows, and a
+/// save in the middle of the read saves that.
+bool ReadChosenRange() {
     const PollHeld held;
+    const std::int16_t first = PosiFirst;
+    const std::int16_t last = PosiLast;
     TransferCancelFlag = kClear;
-    SavedGridFirst = GridFirst;
-    SavedGridLast = GridLast;
-    GridFirst = PosiFirst;
-    GridLast = PosiLast;
-    GridRowCount = static_cast<std::int16_t>(GridLast - GridFirst + 1);
     GoOnLine();
     const std::int16_t compared = MatchControllerSettings();
     if (compared != 0) {
         ShowBox(compared == 1 ? TextLines({108, 425}) : ResText(108));
         CloseCtPort();
-        return;
+        return false;
     }
+    PosiFirst = first; // devices taken over bring a check of the whole grid with them
+    PosiLast = last;
     const std::int16_t result = ReadPosidataFromCt();
-    if (result == 0) {
-        ShowWhatCame();
-        return;
-    }
     if (result == 2) {
         ShowTexts({425});
     }
-    before.putBack();
+    return result == 0;
 }
 
 void Read() {
@@ -85,15 +85,17 @@ void Read() {
         return;
     }
     const RangesBefore before;
-    if (!AskRange()) {
-        before.putBack();
-        return;
-    }
+    bool read = false;
     try {
-        ReadChosenRange(before);
+        read = AskRange() && ReadChosenRange();
     } catch (const std::exception&) {
         before.putBack();
         throw;
+    }
+    if (read) {
+        ShowWhatCame();
+    } else {
+        before.putBack();
     }
 }
 

@@ -3,6 +3,7 @@
 #include "device/Module2Calc.h"
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
+#include "position/position_reset.h"
 
 namespace qdw8::test {
 

@@ -235,7 +235,8 @@ TEST_F(PositionTest, EnterGoesAlongTheRowAndIntoANewLine) {
 
     GoToCell(2, 1);
     ASSERT_TRUE(Edit("9", kKeyTab));
-    EXPECT_EQ(at(), std::pair(2, 1)) << "only Enter moves";
+    EXPECT_EQ(at(), std::pair(2, 2)) << "Tab goes one cell to the right";
+    GoToCell(2, 1);
     EXPECT_FALSE(Edit("99", kKeyEnter));
     SetEditText("11");
     EXPECT_TRUE(CommitEdit()); // a click elsewhere: the refused Enter is forgotten

@@ -91,15 +91,17 @@ TEST_F(PositionTest, PastedTextIsTakenAsItIsAndStopsAtTheEdges) {
     GoToCell(2, 1);
     mnuEditLinePaste_Click();
     EXPECT_EQ(cell(1, kComment), "20");
-    EXPECT_EQ(cell(1, kItpl), "17");
-    EXPECT_EQ(cell(2, kVel), "abc");
+    EXPECT_EQ(cell(1, kSm), "19");
+    EXPECT_EQ(cell(1, kItpl), "#") << "17 is cut, and must not become 1";
+    EXPECT_EQ(cell(2, kVel), "a#");
     EXPECT_EQ(cell(2, kAcc), "3");
     EXPECT_EQ(platform.beeps, 0);
 
     platform.clipboard.assign(100'000'000, 'x'); // one cell, and no more than that is held
     GoToCell(2, 20);
+    platform.expectBox("Comments longer than 40 characters were cut.");
     mnuEditCellPaste_Click();
-    EXPECT_EQ(cell(1, kComment).size(), 100'000'000U);
+    EXPECT_EQ(cell(1, kComment), std::string(40, 'x'));
 }
 
 TEST_F(PositionTest, EachCommandWantsItsSelection) {

@@ -124,18 +124,6 @@ TEST_F(PositionTest, WithoutACurrentLineABoxSaysSo) {
     EXPECT_EQ(flgdData().rows.size(), 4U);
 }
 
-TEST_F(PositionTest, FreshRowsAreNumberedAndColoured) {
-    GridFirst = 7;
-    PosiFirst = 8; // the working range doesn't number the rows
-    Init_FlexGrid(1, 3);
-    EXPECT_EQ(flgdData().rows.size(), 5U);
-    EXPECT_EQ(GridText(4, 0), "9");
-    EXPECT_EQ(GridText(4, 1), "30");
-    EXPECT_EQ(GridText(4, 20), "");
-    EXPECT_EQ(flgdData().rows[4].colour[5], CellColour::OffAxis);
-    EXPECT_EQ(flgdData().rows[4].colour[13], CellColour::Band);
-}
-
 TEST_F(PositionTest, RandomEditsLeaveGridNumbersAndRangesInStep) {
     std::mt19937 random(20240817); // NOLINT: the same every time
     const auto pick = [&random](int lowest, int highest) {

@@ -44,7 +44,6 @@ TEST_P(CellLimits, DecideOverTheRow) {
     EXPECT_EQ(PosiErrorCount, 0);
     EXPECT_TRUE(ResultRows().empty());
     EXPECT_EQ(PosiRowError[1], given.passes ? kClear : kSet);
-    EXPECT_EQ(cell(2, given.column), given.text) << "the grid stays as the user left it";
 }
 
 INSTANTIATE_TEST_SUITE_P(

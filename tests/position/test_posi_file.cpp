@@ -52,11 +52,13 @@ TEST_F(PosiFileTest, TheFileIsByteForByteAsLaidDown) {
     type(6, 12 + kPosi, "4799");
     type(6, kItpl, "1");
     type(6, kSm, "20");
-    type(6, kComment, "原点 A\"B€");
+    type(6, kComment, "原点 A'B€");
     DevSetting[0].NewType = kClear;
-    PosiFileName = "table";
-    PosiFolder = folder;
+    TakePosiFile(folder + "/table.qdd");
     PosiDirtyFlag = kSet;
+    platform.expectBox("These characters of the comments cannot be written to the file:\r\n€\r\n"
+                       "They are saved as \"?\". Save the data all the same?",
+                       BoxButtons::YesNo, BoxAnswer::Yes);
     SavePosiFile();
     EXPECT_EQ(
         read("table.qdd"),
@@ -67,7 +69,7 @@ TEST_F(PosiFileTest, TheFileIsByteForByteAsLaidDown) {
         "0\",\" 0\",\" 30\",\" 2\",\" 0\",\" 0\",\" 0\",\" 0\",\" 0\",\"first\"\r\n"
         "6,\" 30\",\" 3\",\" 0\",\" 0\",\" 30\",\" 3\",\" 0\",\" 0\",\" 30\",\" 3\",\" 0\",\" "
         "0\",\" 30\",\" 2\",\" 0\",\" 4799\",\" 1\",\" 0\",\" 20\",\"\x8C\xB4\x93\x5F "
-        "A\"B?\"\r\n");
+        "A'B?\"\r\n");
     EXPECT_EQ(PosiDirtyFlag, kClear);
     EXPECT_EQ(SaveCancelledFlag, kClear);
     EXPECT_EQ(ThePanel().lblFileName, "table");
@@ -90,8 +92,7 @@ TEST_F(PosiFileTest, WithoutAFileYetSaveAsksForAName) {
 
 TEST_F(PosiFileTest, AFailingSaveIsTriedSixTimesAndLosesNothing) {
     showRows(1, 1);
-    PosiFileName = "abc";
-    PosiFolder = folder + "/missing";
+    TakePosiFile(folder + "/missing/abc.qdd");
     PosiDirtyFlag = kSet;
     platform.expectBox(kSaveError);
     SavePosiFile();
@@ -103,8 +104,7 @@ TEST_F(PosiFileTest, AFailingSaveIsTriedSixTimesAndLosesNothing) {
 
 TEST_F(PosiFileTest, ASaveAsThatFailsLeavesTheFolderOfTheDocument) {
     showRows(1, 2);
-    PosiFileName = "abc";
-    PosiFolder = folder;
+    TakePosiFile(folder + "/abc.qdd");
     platform.expectScreen("frmSelectPosiNo3");
     platform.expectBox(kWriteQuestion, BoxButtons::OkCancel, BoxAnswer::Ok);
     platform.expectFile(question("Save Position Data as ..."),

@@ -16,8 +16,7 @@ protected:
     NewTest() {
         showRows(3, 4);
         type(3, kComment, "old");
-        PosiFileName = "abc";
-        PosiFolder = folder;
+        TakePosiFile(path("abc.qdd"));
     }
     void expectRange(const char* start, const char* end) {
         platform.expectScreen("frmSelectPosiNo3", [start, end] {

@@ -48,10 +48,12 @@ protected:
         showRows(first, static_cast<std::int16_t>(pick(first, std::min(first + 60, 999))));
         for (int position = GridFirst; position <= GridLast; ++position) {
             for (int axis = 0; axis < kAxes; ++axis) {
-                const AccLimits acc = AccLimitsOf(axis);
+                const PosiLimits acc = LimitsOf(4 * axis + kAcc);
                 const AxisDevice& device = DevSetting[static_cast<std::size_t>(axis)];
                 type(position, 4 * axis + kVel, std::to_string(pick(1, 60)));
-                type(position, 4 * axis + kAcc, std::to_string(pick(acc.lowest, acc.highest)));
+                type(position, 4 * axis + kAcc,
+                     std::to_string(
+                         pick(static_cast<int>(acc.lowest), static_cast<int>(acc.highest))));
                 type(position, 4 * axis + kWay, std::to_string(pick(0, 3)));
                 type(position, 4 * axis + kPosi, std::to_string(pick(0, device.MaxPulse)));
             }

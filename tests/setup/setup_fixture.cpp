@@ -10,6 +10,7 @@
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
 #include "position/posi_table.h"
+#include "position/position_reset.h"
 #include "setup/detail_edit.h"
 
 #include <cstdlib>

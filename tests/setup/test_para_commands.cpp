@@ -8,6 +8,7 @@
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
 #include "position/posi_table.h"
+#include "position/position_reset.h"
 #include "setup/controller_devices.h"
 
 namespace qdw8::test {

@@ -28,7 +28,7 @@ namespace {
 class GridEditing : public WindowTest {
 protected:
     GridEditing() {
-        ResetGridEditor();
+        ResetGridCursor();
         for (AxisDevice& device : DevSetting) {
             device = {" 44", "L", 100, kSet, kClear, kSet, kSet, 2, 400, 0.005, 20000, 100};
         }
@@ -352,19 +352,18 @@ TEST_F(GridEditing, ACommandAClickAndTheKeysThatMoveCommit) {
     EXPECT_FALSE(editing());
 }
 
-TEST_F(GridEditing, TabCommitsAndGoesOnThroughTheWindow) {
+TEST_F(GridEditing, TabCommitsAndGoesOnThroughTheRow) {
     show(1, 3);
     click(2, 1);
     type("9");
     key(Qt::Key_Tab);
     EXPECT_FALSE(editing());
     EXPECT_EQ(GridText(2, 1), "9");
-    EXPECT_EQ(current(), (Place{2, 1}));
-    EXPECT_FALSE(grid->hasFocus());
-    grid->setFocus();
-    type("8");
+    EXPECT_EQ(current(), (Place{2, 2})) << "one cell to the right";
+    EXPECT_TRUE(grid->hasFocus());
+    type("2");
     key(Qt::Key_Backtab, Qt::ShiftModifier);
-    EXPECT_EQ(GridText(2, 1), "8");
+    EXPECT_EQ(GridText(2, 2), "2");
     EXPECT_FALSE(grid->hasFocus());
     EXPECT_FALSE(editor->hasFocus());
 }

@@ -162,8 +162,8 @@ void CellEditor::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 bool CellEditor::focusNextPrevChild(bool next) {
-    flgdData_KeyDownEdit(kKeyTab);
-    if (CommitEdit()) {
+    flgdData_KeyDownEdit(next ? kKeyTab : 0);
+    if (CommitEdit() && !next) {
         keys.leave(next);
     }
     return true;
