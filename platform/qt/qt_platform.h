@@ -19,8 +19,10 @@ void InstallQtPlatform();
 /// A timer must be disabled before the `Timer` itself goes away.
 void InstallQtTimers();
 
-/// The serial line on the system's serial port. `OnComm` is called from the event loop, never
-/// from within another member; characters that come together give one call. Handshaking is 0
+/// The serial line on the system's serial port. Characters come by whole lines, up to a line feed:
+/// what a line lacks yet is neither counted nor read, and a line of more than 4096 characters
+/// comes cut. `OnComm` is called from the event loop, never from within another member; lines that
+/// come together give one call. Handshaking is 0
 /// none, 1 XON/XOFF or 2 RTS/CTS. `CommEvent` is 2 after characters came and 1007 after an error
 /// closed the port.
 void InstallQtSerial();

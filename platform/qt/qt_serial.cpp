@@ -14,12 +14,17 @@
 #include <memory>
 #include <optional>
 #include <sys/ioctl.h>
+#include <termios.h>
+#include <unistd.h>
 
 namespace qdw8 {
 namespace {
 
 constexpr int kCharactersCame = 2;
 constexpr int kLineLost = 1007;
+
+/// Characters of a line, its end among them, that the system keeps.
+constexpr std::size_t kSystemLine = 4096;
 
 constexpr int kLowLatency = static_cast<int>(ASYNC_LOW_LATENCY);
 
@@ -87,6 +92,21 @@ void AskForLowLatency(int handle) {
     }
 }
 
+/// Has the system hand over whole lines. A reply is one line, and many drivers deliver it character
+/// by character: the program would otherwise be woken fifty times a row for nothing.
+void AskForWholeLines(int handle) {
+    termios modes{};
+    if (::tcgetattr(handle, &modes) != 0) {
+        return;
+    }
+    modes.c_lflag |= static_cast<tcflag_t>(ICANON);
+    // No character but the line's end means anything.
+    for (const int special : {VEOF, VEOL, VEOL2, VERASE, VKILL, VWERASE, VREPRINT, VLNEXT}) {
+        modes.c_cc[special] = _POSIX_VDISABLE;
+    }
+    ::tcsetattr(handle, TCSANOW, &modes);
+}
+
 void ApplySettings(SerialLine& line) {
     QSerialPort& port = line.port;
     const LineSettings& want = line.settings;
@@ -112,6 +132,7 @@ void OpenLine(SerialLine& line) {
     }
     line.open = true;
     AskForLowLatency(line.port.handle());
+    AskForWholeLines(line.port.handle());
 }
 
 std::optional<QSerialPort::Parity> ParityOf(const QString& letter) {
@@ -184,10 +205,25 @@ void Send(SerialLine& line, const std::string& text) {
     }
 }
 
+/// Of a line that is longer than its buffer the system drops the characters in front of the line's
+/// end. The CR among them is put back: without it the noise would go on into the next reply.
+std::string WithCarriageReturns(std::string text) {
+    std::size_t begin = 0;
+    for (std::size_t end = text.find('\n'); end != std::string::npos;
+         end = text.find('\n', begin)) {
+        if (end - begin + 1 >= kSystemLine && text[end - 1] != '\r') {
+            text.insert(end++, 1, '\r');
+        }
+        begin = end + 1;
+    }
+    return text;
+}
+
 std::string Receive(SerialLine& line) {
     RequireOpen(line);
     const qint64 count = line.inputLen > 0 ? line.inputLen : std::numeric_limits<qint64>::max();
-    return line.port.read(qMin(count, line.port.bytesAvailable())).toStdString();
+    return WithCarriageReturns(
+        line.port.read(qMin(count, line.port.bytesAvailable())).toStdString());
 }
 
 int WaitingCharacters(SerialLine& line) {
