@@ -94,6 +94,7 @@ void PutReceiverAtRest() {
     Receive();
     if (!IsSet(ReplyAwaitedFlag)) {
         ReplyBuffer.clear();
+        MSComm1().DropInput();
     }
 }
 

@@ -15,13 +15,13 @@ struct FileQuestion {
     enum class Kind { Open, Save };
     Kind kind = Kind::Open;
     std::string title;
-    std::string filter;     ///< "Position Data(*.qdd)|*.qdd|All Files(*.*)|*.*"
+    std::string filter; ///< "Position Data(*.qdd)|*.qdd|All Files(*.*)|*.*"
     /// Without the point. A name to save under gets it unless it ends so, in capitals or not, and
     /// that name is the one that the user is asked about; a name that is nothing but the extension
     /// is none. A name to open gets it if there is no such file.
     std::string defaultExt;
-    std::string fileName;   ///< proposed name; empty for none
-    std::string folder;     ///< folder to start in; empty: the platform's choice
+    std::string fileName; ///< proposed name; empty for none
+    std::string folder;   ///< folder to start in; empty: the platform's choice
     int flags = 0;
 };
 

@@ -28,12 +28,16 @@ struct SerialControl {
     /// Sends the text, one byte a character. Throws `Fault` if the port is not open or the text
     /// can't be sent.
     std::function<void(const std::string&)> Output;
-    /// Number of characters that have come and were not read yet; 0 if the port is closed.
+    /// Number of characters that have come and were not read yet; 0 if the port is closed. The
+    /// beginning of a line may be held back until its line feed has come.
     std::function<int()> InBufferCount;
     /// How many characters `Input` hands over; 0 is all that have come.
     std::function<void(int)> SetInputLen;
     /// Takes characters out of the buffer. Throws `Fault` if the port is not open.
     std::function<std::string()> Input;
+    /// Drops all that has come and was not read, half a line that is held back among it. Does
+    /// nothing if the port is closed. Never faults.
+    std::function<void()> DropInput;
     /// The last communication event, as a number.
     std::function<int()> CommEvent;
 

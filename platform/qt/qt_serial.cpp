@@ -271,6 +271,11 @@ void InstallQtSerial() {
     control.InBufferCount = [line] { return WaitingCharacters(*line); };
     control.SetInputLen = [line](int count) { line->inputLen = count; };
     control.Input = [line] { return Receive(*line); };
+    control.DropInput = [line] {
+        if (line->open) {
+            line->port.clear(QSerialPort::Input);
+        }
+    };
     control.CommEvent = [line] { return line->commEvent; };
 }
 

@@ -98,6 +98,16 @@ TEST_F(QtSerial, ALineComesWholeWithOneNoticeHoweverItsCharactersCome) {
     EXPECT_EQ(port.Input(), "");
 }
 
+TEST_F(QtSerial, WhatCameCanBeDroppedHalfALineToo) {
+    farEndSends("whole\nhalf");
+    EXPECT_TRUE(PumpUntil([&] { return notices == 1; }));
+    port.DropInput();
+    EXPECT_EQ(port.InBufferCount(), 0);
+    farEndSends("good\r\n");
+    EXPECT_TRUE(PumpUntil([&] { return notices == 2; }));
+    EXPECT_EQ(port.Input(), "good\r\n");
+}
+
 TEST_F(QtSerial, ALineLongerThanTheSystemKeepsEndsAllTheSame) {
     for (int i = 0; i < 60; ++i) {
         farEndSends(std::string(100, 'x'));

@@ -133,6 +133,7 @@ void ScriptedPlatform::installSerial() {
         }
     };
     serial.InBufferCount = [this] { return static_cast<int>(inputBuffer.size()); };
+    serial.DropInput = [this] { inputBuffer.clear(); };
     serial.SetInputLen = [](int) {};
     serial.Input = [this] {
         if (!portOpen || inputFaults) {
