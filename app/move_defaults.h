@@ -6,14 +6,16 @@
 /// acceleration of each pair is that of the model `QD-61F`.
 namespace qdw8 {
 
-extern std::int16_t VelOf100Pls; ///< speed of a pulse feed, 1 to 60
-extern std::int16_t AccOf100Pls; ///< acceleration of a pulse feed, 1 to 3
-extern std::int16_t AccOf100Pls2;
-extern std::int16_t AccOfJog; ///< acceleration of JOG, 1 to 3
-extern std::int16_t AccOfJog2;
+extern std::int16_t& VelOf100Pls; ///< speed of a pulse feed, 1 to 60
+extern std::int16_t& AccOf100Pls; ///< acceleration of a pulse feed, 1 to 3
+extern std::int16_t& AccOf100Pls2;
+extern std::int16_t& AccOfJog; ///< acceleration of JOG, 1 to 3
+extern std::int16_t& AccOfJog2;
 
 /// Loads all five from the settings. A stored JOG acceleration outside 1 to 3 reads as 1, not as
 /// its default.
 void ReadMoveDefaults();
+
+void ResetMoveDefaults();
 
 } // namespace qdw8

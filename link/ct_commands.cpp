@@ -1,9 +1,7 @@
 #include "link/ct_commands.h"
 
-#include "app/boxes.h"
 #include "app/main_panel.h"
 #include "app/number_forms.h"
-#include "link/exchange.h"
 #include "link/line_state.h"
 #include "link/port.h"
 #include "link/receiver.h"
@@ -18,7 +16,8 @@ constexpr std::int16_t kReplyMs = 1000;
 constexpr std::int16_t kCommitMs = 2000;
 constexpr std::int16_t kNoLimit = 0;
 
-using Transaction = std::int16_t (*)(const std::string&, std::int16_t, const std::string&);
+using Transaction = std::int16_t (*)(const std::string&, std::int16_t, const std::string&,
+                                     std::size_t);
 
 /// Waits until the line is free. False: a dead line keeps it taken.
 bool WaitForLine() {
@@ -30,7 +29,7 @@ bool WaitForLine() {
 
 /// One exchange behind the gate; without `limit` the time limit stays as the last command left it.
 std::int16_t Run(Transaction transaction, const std::string& word, std::int16_t length,
-                 const std::string& data, std::optional<std::int16_t> limit) {
+                 const std::string& data, std::size_t echoed, std::optional<std::int16_t> limit) {
     if (!WaitForLine()) {
         return 1;
     }
@@ -38,31 +37,30 @@ std::int16_t Run(Transaction transaction, const std::string& word, std::int16_t 
         ReplyTimeoutMs = *limit;
     }
     CtBusyFlag = kSet;
-    const std::int16_t result = transaction(word, length, data);
+    const std::int16_t result = transaction(word, length, data, echoed);
     CtBusyFlag = kClear;
     return result;
 }
 
 std::int16_t Safe(const std::string& word, std::int16_t length, const std::string& data = {},
                   std::int16_t limit = kReplyMs) {
-    return Run(SendCtCommand, word, length, data, limit);
+    return Run(SendCtCommand, word, length, data, 0, limit);
 }
 
 std::int16_t Once(const std::string& word, std::int16_t length, const std::string& data = {},
                   std::optional<std::int16_t> limit = kReplyMs) {
-    return Run(SendCtCommandOnce, word, length, data, limit);
+    return Run(SendCtCommandOnce, word, length, data, 0, limit);
 }
 
 /// A read whose reply repeats the number asked for.
 std::int16_t ReadNumbered(const std::string& word, std::int16_t length, const std::string& number) {
-    if (Safe(word, length, number) != 0) {
-        return 1;
-    }
-    if (Mid(ReplyText, 4, number.size()) != number) {
-        ShowWrongData();
-        return 1;
-    }
-    return 0;
+    return Run(SendCtCommand, word, length, number, number.size(), kReplyMs);
+}
+
+/// A request that the reply repeats whole.
+std::int16_t OnceEchoed(const std::string& word, std::int16_t length, const std::string& data,
+                        std::int16_t limit = kReplyMs) {
+    return Run(SendCtCommandOnce, word, length, data, data.size(), limit);
 }
 
 std::string MaskDigit() {
@@ -72,7 +70,7 @@ std::string MaskDigit() {
 } // namespace
 
 std::int16_t CheckCtStatus() {
-    const std::int16_t result = Once("0CM", 6, "1");
+    const std::int16_t result = OnceEchoed("0CM", 6, "1");
     if (result == 0) {
         SetOnlineState();
     } else {
@@ -82,13 +80,13 @@ std::int16_t CheckCtStatus() {
 }
 
 std::int16_t PollCtStatus() {
-    return Run(SendCtCommandQuiet, "0CM", 6, "1", kReplyMs);
+    return Run(SendCtCommandQuiet, "0CM", 6, "1", 1, kReplyMs);
 }
 
 std::int16_t SetCtMode(std::int16_t mode) {
     GoOnLine();
     const bool known = mode >= 0 && mode <= 2;
-    return Once("0CM", 7, "0" + std::to_string(known ? mode : 0));
+    return OnceEchoed("0CM", 7, "0" + std::to_string(known ? mode : 0));
 }
 
 std::int16_t SendAlarmReset() {
@@ -135,11 +133,11 @@ std::int16_t ReadAxisVersion(int axis) {
 }
 
 std::int16_t MoveToPosition(int position, int kind) {
-    return Once(kind == 1 ? "0MM" : "0MP", 9, HexField(position, 3) + MaskDigit());
+    return OnceEchoed(kind == 1 ? "0MM" : "0MP", 9, HexField(position, 3) + MaskDigit());
 }
 
 std::int16_t RunGroup(int group) {
-    return Once("0MG", 7, HexField(group, 2), kNoLimit);
+    return OnceEchoed("0MG", 7, HexField(group, 2), kNoLimit);
 }
 
 std::int16_t JogRun(const std::string& data) {
@@ -161,7 +159,7 @@ std::int16_t ReadPresentPosition() {
     for (const Flag off : AxisOff) {
         axes = static_cast<std::int16_t>(axes + (IsSet(off) ? 0 : 1));
     }
-    return Once("0RC", static_cast<std::int16_t>(6 + 5 * axes), mask);
+    return OnceEchoed("0RC", static_cast<std::int16_t>(6 + 5 * axes), mask);
 }
 
 std::int16_t ReadParaBlock(int block) {
@@ -208,16 +206,11 @@ std::int16_t ReadOutputs() {
     return Once("0RO", 11);
 }
 std::int16_t WriteOutputs(const std::string& digits) {
-    return Once("0WO", 11, digits);
-}
-
-void ShowWrongData() {
-    ShowTexts({384, 385});
+    return OnceEchoed("0WO", 11, digits);
 }
 
 std::int16_t ReadParaBlock0Quiet() {
-    const std::int16_t result = Run(SendCtCommandQuiet, "0RD", 38, "0", kReplyMs);
-    return result == 0 && Mid(ReplyText, 4, 1) == "0" ? std::int16_t{0} : std::int16_t{1};
+    return Run(SendCtCommandQuiet, "0RD", 38, "0", 1, kReplyMs);
 }
 
 } // namespace qdw8

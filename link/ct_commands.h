@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/Module1.h"
+#include "link/exchange.h"
 
 #include <cstdint>
 #include <string>
@@ -9,9 +9,10 @@
 ///
 /// Every wrapper waits until no other exchange runs, sets `ReplyTimeoutMs` and `CtBusyFlag`, runs
 /// the exchange and clears `CtBusyFlag`. Results: 0 good (the reply stands in `ReplyText`), 1
-/// failed; the exchange has then told the user, unless the line stayed taken by a dead one. A reply
-/// that carries another row, group, macro or block number than the one asked for counts as failed
-/// too: one late reply would otherwise shift every row behind it.
+/// failed; the exchange has then told the user, unless the line stayed taken by a dead one. What
+/// the controller repeats of the request is compared, but for the writes of rows, whose echo
+/// `SendMany` judges: one late reply would otherwise shift every row behind it, or pass for another
+/// answer.
 namespace qdw8 {
 
 // ---- link and status ----
@@ -78,9 +79,6 @@ std::int16_t ReadInputs();
 std::int16_t ReadOutputs();
 /// `0WO` and six hexadecimal digits.
 std::int16_t WriteOutputs(const std::string& digits);
-
-/// The box for a reply that can't belong to the request.
-void ShowWrongData();
 
 /// `0RD` of block 0 without any box, for the silent read of the axes in use.
 std::int16_t ReadParaBlock0Quiet();

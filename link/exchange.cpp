@@ -16,6 +16,8 @@
 namespace qdw8 {
 namespace {
 
+constexpr std::size_t kWord = 3; ///< characters of a command word
+
 /// How the three forms of the exchange differ.
 enum class Manner {
     Resend, ///< sends again after a time-out, tells the user
@@ -23,8 +25,9 @@ enum class Manner {
     Quiet   ///< no box at all
 };
 
+/// Nobody is told of a line any more when the program is about to end.
 bool IsTalking(Manner manner) {
-    return manner != Manner::Quiet;
+    return manner != Manner::Quiet && !IsSet(ProgramEndFlag);
 }
 
 /// A wait for the answer to the plain question has the limit of the command before it; where that
@@ -67,7 +70,11 @@ void Send(const std::string& frame, std::int16_t limit) {
 }
 
 void WaitForReply() {
-    PumpUntil([] { return IsSet(ReplyDoneFlag) || IsSet(TimeoutFlag); });
+    // A wait without limit must not outlive the program.
+    PumpUntil([] {
+        return IsSet(ReplyDoneFlag) || IsSet(TimeoutFlag) ||
+               (ReplyTimeoutMs == 0 && IsSet(ProgramEndFlag));
+    });
 }
 
 void DecodeReply(Manner manner) {
@@ -105,13 +112,12 @@ void FailPort(Manner manner) {
     SetOfflineState();
 }
 
-/// The port closed itself under the exchange. A port that was closed for the end of the program is
-/// no news.
+/// The port closed itself under the exchange.
 void FailPortGone(Manner manner) {
     CommErrorFlag = kSet;
     CloseCtPortForce();
     SetOfflineState();
-    if (IsTalking(manner) && !IsSet(ProgramEndFlag)) {
+    if (IsTalking(manner)) {
         ShowPortBox();
     }
 }
@@ -147,9 +153,9 @@ bool WaitForAnswerOrUser() {
         if (IsSet(TimeoutFlag) && UserWaitsForLine()) {
             OfferGiveUp();
         }
-        return IsSet(ReplyDoneFlag) || IsSet(GrpMoveStopFlag);
+        return IsSet(ReplyDoneFlag) || IsSet(GrpMoveStopFlag) || IsSet(ProgramEndFlag);
     });
-    const bool givenUp = IsSet(GrpMoveStopFlag);
+    const bool givenUp = IsSet(GrpMoveStopFlag) || !IsSet(ReplyDoneFlag);
     GrpMoveStopFlag = kClear;
     return !givenUp;
 }
@@ -182,7 +188,7 @@ void Recover(Manner manner, bool wrongLength) {
 }
 
 std::int16_t Exchange(const std::string& word, std::int16_t length, const std::string& data,
-                      Manner manner) {
+                      std::size_t echoed, Manner manner) {
     if (OpenCtPortWithTries() != 0) {
         FailPort(manner);
         return 1;
@@ -194,10 +200,10 @@ std::int16_t Exchange(const std::string& word, std::int16_t length, const std::s
         CommErrorFlag = kClear;
         Send(frame, ReplyTimeoutMs);
         WaitForReply();
-        if (!IsSet(TimeoutFlag)) {
+        if (IsSet(ReplyDoneFlag)) {
             break;
         }
-        if (manner != Manner::Resend || resends == kRetries) {
+        if (manner != Manner::Resend || resends == kRetries || IsSet(ProgramEndFlag)) {
             FailTimeout(manner);
             return 1;
         }
@@ -206,12 +212,18 @@ std::int16_t Exchange(const std::string& word, std::int16_t length, const std::s
         FailErrorReply(manner);
         return 1;
     }
-    if (ReplyText.substr(0, 3) != frame.substr(0, 3)) {
+    if (ReplyText.compare(0, kWord, frame, 0, kWord) != 0) {
         Recover(manner, false);
         return 1;
     }
     if (ReplyText.size() != static_cast<std::size_t>(length)) {
         Recover(manner, true);
+        return 1;
+    }
+    if (ReplyText.compare(0, kWord + echoed, frame, 0, kWord + echoed) != 0) {
+        if (IsTalking(manner)) {
+            ShowWrongData();
+        }
         return 1;
     }
     AlarmFlag = kClear;
@@ -221,9 +233,9 @@ std::int16_t Exchange(const std::string& word, std::int16_t length, const std::s
 }
 
 std::int16_t ExchangeGuarded(const std::string& word, std::int16_t length, const std::string& data,
-                             Manner manner) {
+                             std::size_t echoed, Manner manner) {
     try {
-        return Exchange(word, length, data, manner);
+        return Exchange(word, length, data, echoed, manner);
     } catch (const PortGone&) {
         FailPortGone(manner);
         return 1;
@@ -244,18 +256,23 @@ std::int16_t ExchangeGuarded(const std::string& word, std::int16_t length, const
 
 } // namespace
 
-std::int16_t SendCtCommand(const std::string& word, std::int16_t length, const std::string& data) {
-    return ExchangeGuarded(word, length, data, Manner::Resend);
+std::int16_t SendCtCommand(const std::string& word, std::int16_t length, const std::string& data,
+                           std::size_t echoed) {
+    return ExchangeGuarded(word, length, data, echoed, Manner::Resend);
 }
 
 std::int16_t SendCtCommandOnce(const std::string& word, std::int16_t length,
-                               const std::string& data) {
-    return ExchangeGuarded(word, length, data, Manner::Once);
+                               const std::string& data, std::size_t echoed) {
+    return ExchangeGuarded(word, length, data, echoed, Manner::Once);
 }
 
 std::int16_t SendCtCommandQuiet(const std::string& word, std::int16_t length,
-                                const std::string& data) {
-    return ExchangeGuarded(word, length, data, Manner::Quiet);
+                                const std::string& data, std::size_t echoed) {
+    return ExchangeGuarded(word, length, data, echoed, Manner::Quiet);
+}
+
+void ShowWrongData() {
+    ShowTexts({384, 385});
 }
 
 } // namespace qdw8

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -21,14 +22,21 @@ namespace qdw8 {
 /// can't be believed the wait for the controller's answer has no end of its own; from one time
 /// limit on the user is offered to give it up (`OfferGiveUp`), which ends it with 1, off line.
 ///
+/// `echoed` characters of the data come back behind the word. Others there are the answer to
+/// another request: the result is 1 with the box of `ShowWrongData`, and line and alarm stay as
+/// they are.
+///
 /// Sends again up to five times after a time-out: for reads and writes that are safe to repeat.
 std::int16_t SendCtCommand(const std::string& word, std::int16_t length,
-                           const std::string& data = {});
+                           const std::string& data = {}, std::size_t echoed = 0);
 /// Never sends twice: for what acts on the machine or is timed by the user.
 std::int16_t SendCtCommandOnce(const std::string& word, std::int16_t length,
-                               const std::string& data = {});
+                               const std::string& data = {}, std::size_t echoed = 0);
 /// Never sends twice and shows no box: for background traffic.
 std::int16_t SendCtCommandQuiet(const std::string& word, std::int16_t length,
-                                const std::string& data = {});
+                                const std::string& data = {}, std::size_t echoed = 0);
+
+/// The box for a reply that can't belong to the request.
+void ShowWrongData();
 
 } // namespace qdw8

@@ -3,6 +3,7 @@
 #include "app/Module1.h"
 #include "app/command_states.h"
 #include "app/main_panel.h"
+#include "app/move_defaults.h"
 #include "app/transfer_dialog.h"
 #include "device/axis_device.h"
 #include "device/device_list.h"
@@ -18,6 +19,7 @@ void InitTables() {
     ResetCommandStates();
     ResetMainPanel();
     ResetTransferDialog();
+    ResetMoveDefaults();
     ResetModule3Tusin();
     ResetDevices();
     ResetDeviceList();

@@ -1,12 +1,43 @@
 #include "link/link_fixture.h"
 
-#include "link/Module3Tusin.h"
+#include "app/main_panel.h"
+#include "link/alarm.h"
+#include "link/line_state.h"
+#include "link/port.h"
+#include "link/receiver.h"
 
-#include <utility>
+#include <map>
 
 namespace qdw8::test {
+namespace {
+
+/// The word of an event; empty for one that a story leaves out.
+std::string WordOf(const std::string& event) {
+    static const std::map<std::string, std::string> words{
+        {"close", "close"},
+        {"off", "off"},
+        {"line breaks", "breaks"},
+        {"send 0CM0", "again"},
+        {"box Ok: " + box::kPort, "port"},
+        {"box Ok: " + box::kTimeout, "timeout"},
+        {"box Ok: " + box::kError, "error"},
+        {"box Ok: " + box::kHoming, "homing"},
+        {"box Ok: " + box::kSensor, "sensor"},
+        {"box Ok: " + box::kUnlisted, "unlisted"},
+        {"box Ok: " + box::kLength, "length"},
+        {"box Ok: " + box::kWrongData, "wrong data"},
+        {"box Ok: " + box::kNoErrorList, "no list"}};
+    const auto found = words.find(event);
+    if (found != words.end()) {
+        return found->second;
+    }
+    return event.starts_with("send ") ? "send" : event.starts_with("box") ? event : "";
+}
+
+} // namespace
 
 LinkBench::LinkBench() {
+    platform.recordsBoxes = true;
     ErrorList.fill({});
     ErrorList[0].code = "2";
     ErrorList[1] = {"13", "Homing not completed"};
@@ -14,8 +45,12 @@ LinkBench::LinkBench() {
     GoOnLine();
     SetOnlineState();
     ClearAlarmDisplay();
-    seen = ThePanel();
-    Screens().frmMainPanel = [this] { notePanel(); };
+    Screens().frmMainPanel = [this, lit = true]() mutable {
+        if (lit && !ThePanel().imgGreenLedOnline) {
+            platform.events.emplace_back("off");
+        }
+        lit = ThePanel().imgGreenLedOnline;
+    };
 }
 
 void LinkBench::letAlarmStand() {
@@ -25,48 +60,39 @@ void LinkBench::letAlarmStand() {
     SetPanel(&MainPanel::imgAlarmLed, true);
     SetPanel(&MainPanel::lblAlarmNo, ErrorNo);
     SetPanel(&MainPanel::lblErrorComment, ErrorText);
-    newEvents();
 }
 
-std::vector<std::string> LinkBench::newEvents() {
-    return std::exchange(platform.events, {});
+std::string LinkBench::story() {
+    std::string text;
+    std::size_t sends = 0;
+    for (const std::string& event : platform.events) {
+        const std::string word = WordOf(event);
+        if (word == "send" || word == "again") {
+            text += std::to_string(platform.sentAt[sends++]) + " ";
+        }
+        text += word.empty() ? "" : word + " ";
+    }
+    if (!text.empty()) {
+        text.pop_back();
+    }
+    platform.events.clear();
+    platform.sent.clear();
+    platform.sentAt.clear();
+    return text + ", " + std::to_string(platform.now);
 }
 
 std::string LinkBench::state() {
     std::string text;
     const auto add = [&text](bool on, const char* name) {
-        text += on ? std::string(name) + " " : "";
+        text += on ? (text.empty() ? "" : " ") + std::string(name) : "";
     };
     add(IsSet(OffLineFlag), "OffLine");
     add(IsSet(OnLineFlag), "OnLine");
-    add(MSComm1().PortOpen(), "PortOpen");
     add(IsSet(CommErrorFlag), "CommError");
     add(IsSet(AlarmFlag), "Alarm");
     add(IsSet(AlarmNotResettableFlag), "NotResettable");
     add(IsSet(ErrorFoundFlag), "ErrorFound");
-    add(IsSet(CtBusyFlag), "CtBusy");
-    add(timerTimeout.enabled, "timerTimeout");
-    if (!text.empty()) {
-        text.pop_back();
-    }
     return text;
-}
-
-void LinkBench::notePanel() {
-    const MainPanel& panel = ThePanel();
-    const auto note = [this](bool changed, const std::string& event) {
-        if (changed) {
-            platform.events.push_back(event);
-        }
-    };
-    const auto word = [](bool on) { return on ? "on" : "off"; };
-    note(panel.imgGreenLedOnline != seen.imgGreenLedOnline,
-         std::string("online lamp ") + word(panel.imgGreenLedOnline));
-    note(panel.imgAlarmLed != seen.imgAlarmLed,
-         std::string("alarm lamp ") + word(panel.imgAlarmLed));
-    note(panel.lblAlarmNo != seen.lblAlarmNo, "alarm No. " + panel.lblAlarmNo);
-    note(panel.lblErrorComment != seen.lblErrorComment, "alarm text " + panel.lblErrorComment);
-    seen = panel;
 }
 
 } // namespace qdw8::test

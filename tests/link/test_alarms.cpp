@@ -1,207 +1,131 @@
 // The error list and the decoding of error replies.
 
-#include "link/Module3Tusin.h"
+#include "app/main_panel.h"
+#include "link/alarm.h"
 #include "link/ct_commands.h"
+#include "link/line_state.h"
 #include "link/link_fixture.h"
+#include "link/port.h"
+#include "platform/whole_file.h"
 
 #include <filesystem>
-#include <fstream>
-#include <optional>
-#include <unistd.h>
 
 namespace qdw8::test {
 namespace {
 
-class AlarmTest : public LinkTest {
-protected:
-    AlarmTest() : folder(testing::TempDir() + "qdw8_alarms_" + std::to_string(getpid())) {
-        std::filesystem::create_directories(folder);
-        ThePlatform().programFolder = folder;
-    }
-    ~AlarmTest() override { std::filesystem::remove_all(folder); }
+using AlarmTest = LinkTest;
 
-    void writeList(const std::string& bytes, const std::string& name = "erroreng.lst") const {
-        std::ofstream(folder + "/" + name, std::ios::binary) << bytes;
-    }
-    /// The list as it would come if it could not be read.
-    void loseList() {
-        platform.expectBox(box::kNoErrorList);
+void Decode(const std::string& reply) {
+    ErrorReplyText = reply + "\r\n";
+    DecodeCtError();
+}
+
+// The number behind the last "_" of a file's name is how many rows come of it. All but the good
+// ones are told.
+TEST_F(AlarmTest, ListsAreReadFieldByFieldAndBrokenOnesTold) {
+    leaveListsBehind();
+    int lists = 0;
+    for (const auto& file :
+         std::filesystem::directory_iterator(QDW8_SOURCE_DIR "/tests/link/lists")) {
+        const std::string name = file.path().stem().string();
+        SCOPED_TRACE(name);
+        writeFile("erroreng.lst", ReadWholeFile(file.path().string()));
+        platform.boxes.clear();
         LoadErrorList();
-        platform.checkAllAsked();
-        newEvents();
-    }
-    static void decode(const std::string& reply) {
-        ErrorReplyText = reply + "\r\n";
-        DecodeCtError();
-    }
-
-    std::string folder;
-};
-
-std::string Rows(int count, const std::string& head) {
-    std::string text = head + "\r\n";
-    for (int row = 1; row <= count; ++row) {
-        text += "\"2" + std::to_string(row % 10) + "\",\"row " + std::to_string(row) + "\"\r\n";
-    }
-    return text;
-}
-
-TEST_F(AlarmTest, ListIsReadFieldByField) {
-    writeList("2\r\n\"13\",\"Homing, not completed\"\r\n24\r\nHome sensor\r\n");
-    ErrorListMissingFlag = kSet;
-    LoadErrorList();
-    EXPECT_FALSE(IsSet(ErrorListMissingFlag));
-    EXPECT_EQ(ErrorList[0].code, "2");
-    EXPECT_EQ(ErrorList[1].code, "13");
-    EXPECT_EQ(ErrorList[1].message, "Homing, not completed");
-    EXPECT_EQ(ErrorList[2].code, "24");
-    EXPECT_EQ(ErrorList[2].message, "Home sensor");
-    EXPECT_EQ(ErrorList[3].code, "");
-}
-
-TEST_F(AlarmTest, FortyRowsAreTheMost) {
-    writeList(Rows(40, "40"));
-    LoadErrorList();
-    EXPECT_FALSE(IsSet(ErrorListMissingFlag));
-    EXPECT_EQ(ErrorList[40].message, "row 40");
-}
-
-TEST_F(AlarmTest, ListThatCannotBeReadIsToldAndItsRowsSoFarAreKept) {
-    struct Row {
-        const char* what;
-        std::optional<std::string> bytes;
-        std::size_t kept;
-    };
-    for (const Row& row :
-         {Row{"missing", {}, 0}, Row{"empty", "", 0}, Row{"41 rows", Rows(41, "41"), 40},
-          Row{"41 rows told, 3 there", Rows(3, "41"), 3}, Row{"broken off", Rows(2, "3"), 2},
-          Row{"no count", Rows(2, "many"), 0}, Row{"count with more", Rows(2, "2x"), 0},
-          Row{"negative count", Rows(2, "-2"), 0},
-          Row{"quote without end", "1\r\n\"11\",\"x", 0}}) {
-        SCOPED_TRACE(row.what);
-        std::filesystem::remove(folder + "/erroreng.lst");
-        if (row.bytes) {
-            writeList(*row.bytes);
+        const bool good = name.starts_with("good");
+        EXPECT_EQ(IsSet(ErrorListMissingFlag), !good);
+        EXPECT_EQ(platform.boxes,
+                  good ? std::vector<std::string>{} : std::vector{box::kNoErrorList});
+        std::size_t rows = 0;
+        while (rows < kErrorListRows && !ErrorList[rows + 1].message.empty()) {
+            ++rows;
         }
-        ErrorListMissingFlag = kClear;
-        platform.expectBox(box::kNoErrorList);
-        LoadErrorList();
-        platform.checkAllAsked();
-        EXPECT_TRUE(IsSet(ErrorListMissingFlag));
-        std::size_t kept = 0;
-        while (kept + 1 < ErrorList.size() && !ErrorList[kept + 1].message.empty()) {
-            ++kept;
+        EXPECT_EQ(rows, std::stoul(name.substr(name.rfind('_') + 1)));
+        if (name == "good_2") {
+            EXPECT_EQ(ErrorList[1].message, "Homing, not completed");
+            EXPECT_EQ(ErrorList[2].code + ErrorList[2].message, "24Home sensor");
         }
-        EXPECT_EQ(kept, row.kept);
+        ++lists;
     }
-}
-
-TEST_F(AlarmTest, EachLanguageHasItsList) {
-    writeList("1\r\n\"13\",\"English\"\r\n");
-    writeList("1\r\n\"13\",\"\x8C\xB4\x93\x5F\"\r\n", "errorjpn.lst");
-    LoadErrorList();
-    EXPECT_EQ(ErrorList[1].message, "English");
+    EXPECT_EQ(lists, 10);
+    writeFile("errorjpn.lst", "1\r\n\"13\",\"\x8C\xB4\x93\x5F\"\r\n");
     LanguageBase = 0;
     LoadErrorList();
     EXPECT_EQ(ErrorList[1].message, "原点");
+    std::filesystem::remove(pathOf("errorjpn.lst"));
+    LoadErrorList();
+    EXPECT_TRUE(IsSet(ErrorListMissingFlag));
 }
 
 TEST_F(AlarmTest, DecodingTakesClassAndCode) {
     struct Row {
-        std::string reply;
+        const char* reply;
         bool lasting;
-        std::string number;
-        std::string text; ///< empty: not in the list
+        const char* number;
+        std::string text = "No error information in the error List";
     };
+    const std::string homing = "Homing not completed";
     ErrorList[0].code = "3";
     ErrorList[3] = {"1a", "small letter"};
-    for (const Row& row :
-         {Row{"0%%013", false, "3", "Homing not completed"},
-          Row{"0%%0x3", false, "3", "Homing not completed"},
-          Row{"0%%013 and more", false, "3", "Homing not completed"},
-          Row{"0%%134", true, "4", "Home sensor not detected"},
-          Row{"0%%Z34", true, "4", "Home sensor not detected"}, Row{"0%%034", false, "4", ""},
-          Row{"0%%133", true, "3", ""}, Row{"0%%01a", false, "a", "small letter"},
-          Row{"0%%01A", false, "A", ""},
-          // What is missing is empty, and no class is the class that lasts.
-          Row{"0%%01", false, "", ""}, Row{"0%%0", false, "", ""}, Row{"0%%", true, "", ""}}) {
+    for (const Row& row : {Row{"0%%013", false, "3", homing}, Row{"0%%0x3", false, "3", homing},
+                           Row{"0%%013 and more", false, "3", homing},
+                           Row{"0%%Z34", true, "4", "Home sensor not detected"},
+                           Row{"0%%034", false, "4"}, Row{"0%%133", true, "3"},
+                           Row{"0%%01a", false, "a", "small letter"}, Row{"0%%01A", false, "A"},
+                           // What is missing is empty, and no class is the class that lasts.
+                           Row{"0%%01", false, ""}, Row{"0%%", true, ""}}) {
         SCOPED_TRACE(row.reply);
-        decode(row.reply);
+        Decode(row.reply);
         EXPECT_EQ(IsSet(AlarmNotResettableFlag), row.lasting);
         EXPECT_EQ(ErrorNo, row.number);
         EXPECT_EQ(ThePanel().lblAlarmNo, row.number);
-        EXPECT_EQ(IsSet(ErrorFoundFlag), !row.text.empty());
-        const std::string text =
-            row.text.empty() ? "No error information in the error List" : row.text;
-        EXPECT_EQ(ErrorText, text);
-        EXPECT_EQ(ThePanel().lblErrorComment, text);
+        EXPECT_EQ(IsSet(ErrorFoundFlag), !row.text.starts_with("No error"));
+        EXPECT_EQ(ErrorText, row.text);
+        EXPECT_EQ(ThePanel().lblErrorComment, row.text);
         EXPECT_TRUE(ThePanel().imgAlarmLed);
     }
-}
-
-TEST_F(AlarmTest, CountRowTakesPart) {
-    // A list of 13 rows: row 0 matches class 1 and code 3 before the row that is meant.
-    ErrorList[0].code = "13";
-    decode("0%%013");
-    EXPECT_TRUE(IsSet(ErrorFoundFlag));
-    EXPECT_EQ(ErrorText, "");
-    EXPECT_EQ(ThePanel().lblErrorComment, "");
-}
-
-TEST_F(AlarmTest, RowsBehindTheCountAreNotLookedAt) {
     ErrorList[0].code = "1";
-    decode("0%%134");
-    EXPECT_FALSE(IsSet(ErrorFoundFlag));
+    Decode("0%%134");
+    EXPECT_FALSE(IsSet(ErrorFoundFlag)) << "rows behind the count are not looked at";
+    ErrorList[0].code = "13";
+    Decode("0%%013");
+    EXPECT_EQ(ErrorText, "") << "row 0 takes part, with the count as its code";
+    EXPECT_TRUE(IsSet(ErrorFoundFlag));
 }
 
-TEST_F(AlarmTest, NoErrorIsLiteralInBothLanguages) {
+// Once for each error reply that a user's exchange or the idle receiver gets; but not a second time
+// while it is up, and never for the quiet poll.
+TEST_F(AlarmTest, MissingListIsToldOnceForAReply) {
     LanguageBase = 0;
     letAlarmStand();
     platform.answer("0RH1");
-    EXPECT_EQ(ReadHomeStatus(), 0);
-    EXPECT_EQ(ThePanel().lblErrorComment, "No Error");
-    EXPECT_EQ(ThePanel().lblAlarmNo, "");
-}
-
-TEST_F(AlarmTest, WithoutAListATalkingExchangeTellsOnce) {
-    decode("0%%134");
-    loseList();
+    ReadHomeStatus();
+    EXPECT_EQ(ThePanel().lblErrorComment, "No Error") << "in both languages";
+    LanguageBase = 10000;
+    ErrorListMissingFlag = kSet;
     platform.answer("0%%013");
-    platform.expectBox(box::kNoErrorList);
-    // The fields are as the last decode left them, and so is the class.
-    platform.expectBox(box::kSensor);
-    EXPECT_EQ(ReadHomeStatus(), 1);
-    EXPECT_EQ(newEvents(),
-              (std::vector<std::string>{"open 1", "settings 9600,N,8,1", "send 0RH",
-                                        "receive 0%%013", "box Ok: " + box::kNoErrorList,
-                                        "box Ok: " + box::kSensor, "close", "online lamp off"}));
-    EXPECT_EQ(state(), "OffLine Alarm NotResettable ErrorFound");
-}
-
-TEST_F(AlarmTest, WithoutAListTheRecoveryTellsOnce) {
-    loseList();
+    ReadHomeStatus();
+    EXPECT_EQ(platform.boxes, (std::vector{box::kNoErrorList, box::kError + "\r\n[Old alarm]"}));
     platform.answer("0ZZ1");
     platform.answer("0%%013");
-    platform.expectBox(box::kNoErrorList);
-    platform.expectBox("Communication error occurs!\r\n[]");
-    EXPECT_EQ(ReadHomeStatus(), 1);
-}
-
-TEST_F(AlarmTest, WithoutAListTheIdleReceiverTellsOnce) {
-    loseList();
-    OpenCtPort();
-    platform.arrive(10, "0%%013\r\n");
-    platform.expectBox(box::kNoErrorList);
-    platform.run(20);
-    EXPECT_EQ(state(), "OnLine PortOpen Alarm");
-    EXPECT_FALSE(ThePanel().imgAlarmLed);
-}
-
-TEST_F(AlarmTest, WithoutAListThePollKeepsQuiet) {
-    loseList();
+    ReadHomeStatus();
+    EXPECT_EQ(platform.boxes.size(), 4U);
     platform.answer("0%%013");
     EXPECT_EQ(PollCtStatus(), 1);
-    EXPECT_EQ(state(), "OnLine Alarm");
+    EXPECT_EQ(platform.boxes.size(), 4U);
+    OpenCtPort();
+    ThePlatform().ShowMessageBox = [this](const BoxQuestion& question) {
+        platform.boxes.push_back(question.text);
+        platform.arrive(10, "0%%014\r\n");
+        platform.run(20);
+        return BoxAnswer::Ok;
+    };
+    for (int reply = 0; reply < 2; ++reply) {
+        platform.arrive(10, "0%%013\r\n");
+        platform.run(100);
+    }
+    EXPECT_EQ(platform.boxes.size(), 6U);
+    EXPECT_FALSE(ThePanel().imgAlarmLed);
 }
 
 } // namespace
