@@ -99,13 +99,8 @@ void PutReceiverAtRest() {
 }
 
 void GoOnLine() {
-    if (IsSet(OffLineFlag) && !IsSet(ReplyAwaitedFlag) && MSComm1().PortOpen() &&
-        MSComm1().InBufferCount() > 0) {
-        try {
-            MSComm1().Input();
-        } catch (const std::exception&) {
-            CloseCtPortForce(); // the command opens it anew, or tells that it can't
-        }
+    if (IsSet(OffLineFlag) && !IsSet(ReplyAwaitedFlag)) {
+        MSComm1().DropInput();
     }
     OffLineFlag = kClear;
     OnLineFlag = kSet;
