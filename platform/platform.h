@@ -27,7 +27,8 @@ struct SettingsStore {
 
 /// The system clipboard, text form, UTF-8.
 struct Clipboard {
-    std::function<std::string()> GetText; ///< empty if it holds no text
+    /// Empty if it holds no text. Of more than a million characters only the first whole rows.
+    std::function<std::string()> GetText;
     std::function<void(const std::string&)> SetText;
     std::function<void()> Clear;
 };

@@ -37,13 +37,27 @@ ScreenSize PrimaryScreenSize() {
     std::_Exit(0);
 }
 
+/// More than any table takes.
+constexpr qsizetype kClipboardBound = qsizetype{1} << 20;
+
+/// The clipboard may hold any number of characters. What lies beyond the bound goes by whole rows,
+/// or at least by whole cells: half a number would be another number.
+std::string ClipboardText() {
+    const QString text = QGuiApplication::clipboard()->text();
+    if (text.size() <= kClipboardBound) {
+        return text.toStdString();
+    }
+    const QStringView start = QStringView(text).first(kClipboardBound);
+    const qsizetype rows = start.lastIndexOf(u'\n') + 1;
+    const qsizetype cells = rows > 0 ? rows : start.lastIndexOf(u'\t') + 1;
+    return start.first(cells > 0 ? cells : kClipboardBound).toString().toStdString();
+}
+
 } // namespace
 
 void InstallQtDesktop() {
     Platform& platform = ThePlatform();
-    platform.TheClipboard.GetText = [] {
-        return QGuiApplication::clipboard()->text().toStdString();
-    };
+    platform.TheClipboard.GetText = ClipboardText;
     platform.TheClipboard.SetText = [](const std::string& text) {
         QGuiApplication::clipboard()->setText(QString::fromStdString(text));
     };

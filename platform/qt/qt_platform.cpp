@@ -1,5 +1,7 @@
 #include "platform/qt/qt_platform.h"
 
+#include "platform/qt/dialog_places.h"
+
 namespace qdw8 {
 
 void InstallQtPlatform() {
@@ -11,6 +13,7 @@ void InstallQtPlatform() {
     InstallQtSettings();
     InstallQtDesktop();
     InstallQtInputMethod();
+    InstallQtDialogPlaces();
 }
 
 } // namespace qdw8

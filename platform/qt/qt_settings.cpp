@@ -2,6 +2,8 @@
 #include "platform/qt/qt_platform.h"
 
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
 
@@ -14,6 +16,22 @@ QString KeyOf(const std::string& section, const std::string& key) {
     return QString::fromStdString(section) + u'/' + QString::fromStdString(key);
 }
 
+/// Many times what the program ever stores.
+constexpr qint64 kLargestStore = 64 * 1024;
+
+/// The file of the store. One that would take the program's time and memory at each start, or hold
+/// it up for ever, is moved out of the way; if that can't be, the store lives for the run alone.
+QString UsableStore(const QString& path) {
+    const QFileInfo store(path);
+    const bool usable =
+        !store.exists() || store.isDir() || (store.isFile() && store.size() <= kLargestStore);
+    QString aside = path + QStringLiteral(".aside");
+    for (int number = 1; !usable && QFileInfo::exists(aside) && number < 100; ++number) {
+        aside = path + QStringLiteral(".aside%1").arg(number);
+    }
+    return usable || QFile::rename(path, aside) ? path : path + QStringLiteral("/none");
+}
+
 } // namespace
 
 void InstallQtSettings() {
@@ -22,8 +40,8 @@ void InstallQtSettings() {
     QDir().mkpath(folder);
     ThePlatform().settingsFolder = folder.toStdString();
 
-    auto store =
-        std::make_shared<QSettings>(folder + QStringLiteral("/settings.ini"), QSettings::IniFormat);
+    auto store = std::make_shared<QSettings>(UsableStore(folder + QStringLiteral("/settings.ini")),
+                                             QSettings::IniFormat);
     ThePlatform().Settings.GetSetting = [store](const std::string& section, const std::string& key,
                                                 const std::string& fallback) {
         return store->value(KeyOf(section, key), QString::fromStdString(fallback))

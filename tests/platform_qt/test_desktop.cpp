@@ -11,21 +11,29 @@
 namespace qdw8 {
 namespace {
 
-TEST(QtDesktop, TheClipboardHoldsText) {
+TEST(QtDesktop, TheClipboardHoldsTextAndTheScreenHasASize) {
     InstallQtDesktop();
     Clipboard& clipboard = ThePlatform().TheClipboard;
     clipboard.SetText("1\t位置\r\n2\t");
     EXPECT_EQ(clipboard.GetText(), "1\t位置\r\n2\t");
     clipboard.Clear();
     EXPECT_EQ(clipboard.GetText(), "");
+    EXPECT_GE(ThePlatform().GetScreenSize().width, 320);
+    EXPECT_EQ(BesideProgram("x"), QCoreApplication::applicationDirPath().toStdString() + "/x");
 }
 
-TEST(QtDesktop, KnowsScreenAndProgramFolder) {
+TEST(QtDesktop, OfAHugeClipboardTheFirstWholeRowsOrCellsAreTaken) {
     InstallQtDesktop();
-    const ScreenSize screen = ThePlatform().GetScreenSize();
-    EXPECT_GE(screen.width, 320);
-    EXPECT_GE(screen.height, 200);
-    EXPECT_EQ(BesideProgram("x"), QCoreApplication::applicationDirPath().toStdString() + "/x");
+    for (const char* end : {"\n", "\t"}) {
+        QString text;
+        for (int i = 0; i < 300'000; ++i) {
+            text += "1234567" + QString(end);
+        }
+        ThePlatform().TheClipboard.SetText(text.toStdString());
+        const std::string taken = ThePlatform().TheClipboard.GetText();
+        EXPECT_LE(taken.size(), 1U << 20U);
+        EXPECT_TRUE(taken.ends_with("1234567" + std::string(end)));
+    }
 }
 
 TEST(QtDesktopDeathTest, TheEndComesAtOnceAndClosesThePort) {

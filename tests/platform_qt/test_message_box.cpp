@@ -1,9 +1,11 @@
 #include "platform/platform.h"
+#include "platform/qt/dialog_places.h"
 #include "platform/qt/qt_platform.h"
 #include "pump_until.h"
 
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -13,8 +15,28 @@ namespace {
 
 class QtMessageBox : public ::testing::Test {
 protected:
-    QtMessageBox() { InstallQtMessageBox(); }
-    ~QtMessageBox() override { SetStandardTexts({}); }
+    QtMessageBox() {
+        InstallQtMessageBox();
+        InstallQtDialogPlaces();
+        window->setGeometry(100, 80, 500, 400);
+        window->show();
+        EXPECT_TRUE(PumpUntil([&] { return window->isActiveWindow(); }));
+    }
+    ~QtMessageBox() override {
+        SetStandardTexts({});
+        delete window;
+    }
+
+    /// Shows a box, does that to it, and gives the answer.
+    static BoxAnswer ask(BoxButtons buttons, const std::function<void(QMessageBox& box)>& act,
+                         const BoxQuestion& like = {}) {
+        WhenShown("MessageBox", [&](QWidget& box) { act(dynamic_cast<QMessageBox&>(box)); });
+        BoxQuestion question = like;
+        question.buttons = buttons;
+        return ThePlatform().ShowMessageBox(question);
+    }
+
+    QPointer<QWidget> window = new QWidget;
 };
 
 void Click(QWidget& box, const char* button) {
@@ -23,90 +45,92 @@ void Click(QWidget& box, const char* button) {
     QTest::mouseClick(found, Qt::LeftButton);
 }
 
-TEST_F(QtMessageBox, EveryButtonAnswersForItself) {
+TEST_F(QtMessageBox, EveryButtonAnswersForItselfAndClosingForTheMildest) {
     const struct {
-        const char* click;
         BoxButtons buttons;
-        BoxAnswer answer;
+        std::vector<std::pair<const char*, BoxAnswer>> answers;
+        bool closes = true;
     } rows[] = {
-        {"Ok", BoxButtons::Ok, BoxAnswer::Ok},
-        {"Ok", BoxButtons::OkCancel, BoxAnswer::Ok},
-        {"Cancel", BoxButtons::OkCancel, BoxAnswer::Cancel},
-        {"Yes", BoxButtons::YesNo, BoxAnswer::Yes},
-        {"No", BoxButtons::YesNo, BoxAnswer::No},
-        {"Yes", BoxButtons::YesNoCancel, BoxAnswer::Yes},
-        {"No", BoxButtons::YesNoCancel, BoxAnswer::No},
-        {"Cancel", BoxButtons::YesNoCancel, BoxAnswer::Cancel},
+        {BoxButtons::Ok, {{"Ok", BoxAnswer::Ok}}},
+        {BoxButtons::OkCancel, {{"Ok", BoxAnswer::Ok}, {"Cancel", BoxAnswer::Cancel}}},
+        {BoxButtons::YesNo, {{"Yes", BoxAnswer::Yes}, {"No", BoxAnswer::No}}, false},
+        {BoxButtons::YesNoCancel,
+         {{"Yes", BoxAnswer::Yes}, {"No", BoxAnswer::No}, {"Cancel", BoxAnswer::Cancel}}},
     };
     for (const auto& row : rows) {
-        WhenShown("MessageBox", [&](QWidget& box) { Click(box, row.click); });
-        EXPECT_EQ(ThePlatform().ShowMessageBox({"text", row.buttons, "", BoxIcon::None}),
-                  row.answer)
-            << row.click;
+        for (const auto& [name, answer] : row.answers) {
+            EXPECT_EQ(ask(row.buttons, [&](QWidget& box) { Click(box, name); }), answer) << name;
+        }
+        for (const bool byKey : {false, true}) {
+            const auto close = [&](QWidget& box) {
+                byKey ? QTest::keyClick(&box, Qt::Key_Escape) : static_cast<void>(box.close());
+                EXPECT_NE(box.isVisible(), row.closes);
+                if (box.isVisible()) {
+                    Click(box, "No");
+                }
+            };
+            EXPECT_EQ(ask(row.buttons, close), row.answers.back().second);
+        }
     }
-}
-
-TEST_F(QtMessageBox, ClosingAnswersTheMildestChoice) {
-    const auto escape = [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); };
-    const auto close = [](QWidget& box) { box.close(); };
-    const struct {
-        BoxButtons buttons;
-        BoxAnswer answer;
-    } rows[] = {{BoxButtons::Ok, BoxAnswer::Ok},
-                {BoxButtons::OkCancel, BoxAnswer::Cancel},
-                {BoxButtons::YesNoCancel, BoxAnswer::Cancel}};
-    for (const auto& row : rows) {
-        WhenShown("MessageBox", escape);
-        EXPECT_EQ(ThePlatform().ShowMessageBox({"text", row.buttons, "", {}}), row.answer);
-        WhenShown("MessageBox", close);
-        EXPECT_EQ(ThePlatform().ShowMessageBox({"text", row.buttons, "", {}}), row.answer);
-    }
-
-    WhenShown("MessageBox", [&](QWidget& box) {
-        escape(box);
-        EXPECT_TRUE(box.isVisible());
-        close(box);
-        EXPECT_TRUE(box.isVisible());
-        Click(box, "Yes");
-    });
-    EXPECT_EQ(ThePlatform().ShowMessageBox({"text", BoxButtons::YesNo, "", {}}), BoxAnswer::Yes);
 }
 
 TEST_F(QtMessageBox, ShowsTextTitleIconAndWordsAsGiven) {
     StandardTexts texts;
     texts.yes = "はい(&Y)";
     SetStandardTexts(texts);
-    QWidget window;
-    window.show();
-    EXPECT_TRUE(PumpUntil([&] { return window.isActiveWindow(); }));
-
-    WhenShown("MessageBox", [&](QWidget& widget) {
-        auto& box = dynamic_cast<QMessageBox&>(widget);
-        EXPECT_EQ(box.text().toStdString(), "<b>line\n\nline</b>");
+    const BoxQuestion question{"<b>line\r\n\r\nline</b>", {}, "", BoxIcon::Question};
+    const auto look = [&](QMessageBox& box) {
+        EXPECT_EQ(box.text(), "<b>line\n\nline</b>");
         EXPECT_EQ(box.textFormat(), Qt::PlainText);
-        EXPECT_EQ(box.windowTitle().toStdString(), "QD-W8");
+        EXPECT_EQ(box.windowTitle(), "QD-W8");
         EXPECT_EQ(box.icon(), QMessageBox::Question);
-        EXPECT_EQ(box.parentWidget(), &window);
+        EXPECT_EQ(box.parentWidget(), window);
         EXPECT_EQ(box.findChild<QPushButton*>("Yes")->text().toStdString(), "はい(&Y)");
         Click(box, "No");
-    });
-    ThePlatform().ShowMessageBox(
-        {"<b>line\r\n\r\nline</b>", BoxButtons::YesNo, "", BoxIcon::Question});
+    };
+    ask(BoxButtons::YesNo, look, question);
+    const auto lookAtTitle = [&](QMessageBox& box) {
+        EXPECT_EQ(box.windowTitle(), "Select");
+        Click(box, "Ok");
+    };
+    ask(BoxButtons::Ok, lookAtTitle, {"text", {}, "Select", BoxIcon::Stop});
+}
 
-    WhenShown("MessageBox", [&](QWidget& box) {
-        EXPECT_EQ(box.windowTitle().toStdString(), "Select");
+TEST_F(QtMessageBox, StandsOverItsWindowAndGoesAlongUntilTheUserMovesIt) {
+    const auto isCentred = [&](const QWidget& box) {
+        return (box.frameGeometry().center() - window->frameGeometry().center()).manhattanLength() <
+               4;
+    };
+    for (int round = 0; round < 2; ++round) {
+        ask(BoxButtons::Ok, [&](QMessageBox& box) {
+            EXPECT_TRUE(isCentred(box));
+            window->move(200 + round, 150);
+            EXPECT_TRUE(PumpUntil([&] { return isCentred(box); }));
+            box.move(3, 3);
+            window->move(100, 80);
+            QCoreApplication::processEvents();
+            EXPECT_EQ(box.pos(), QPoint(3, 3));
+            Click(box, "Ok");
+        });
+    }
+    window->move(-450, -350);
+    const QRect screen = window->screen()->availableGeometry();
+    ask(BoxButtons::Ok, [&](QMessageBox& box) {
+        EXPECT_TRUE(screen.contains(box.frameGeometry()));
         Click(box, "Ok");
     });
-    ThePlatform().ShowMessageBox({"text", BoxButtons::Ok, "Select", BoxIcon::Stop});
+    QDialog large(window);
+    large.resize(screen.size() * 2);
+    large.show();
+    EXPECT_TRUE(screen.contains(large.frameGeometry()));
+    QDialog placed(window);
+    placed.move(5, 6);
+    placed.show();
+    EXPECT_EQ(placed.pos(), QPoint(5, 6));
 }
 
 TEST_F(QtMessageBox, AWindowThatGoesTakesItsBoxAlong) {
-    auto* window = new QWidget;
-    window->show();
-    EXPECT_TRUE(PumpUntil([&] { return window->isActiveWindow(); }));
-    WhenShown("MessageBox", [&](QWidget&) { delete window; });
-    EXPECT_EQ(ThePlatform().ShowMessageBox({"text", BoxButtons::OkCancel, "", {}}),
-              BoxAnswer::Cancel);
+    EXPECT_EQ(ask(BoxButtons::OkCancel, [&](QWidget&) { delete window; }), BoxAnswer::Cancel);
 }
 
 } // namespace
