@@ -43,20 +43,20 @@ QString Link() {
     return ports + QStringLiteral("/com1");
 }
 
-void End() {
+/// What comes and goes on the line, also from a simulator of the story before in this home.
+QString TraceFile() {
+    return qEnvironmentVariable("QDW8_USER_HOME") + QStringLiteral("/trace");
+}
+
+void Start(Told options) {
     if (simulator != nullptr) {
         simulator->closeWriteChannel();
         simulator->waitForFinished(kDeadline);
     }
-    simulator = nullptr;
-}
-
-void Start(Told options) {
-    End();
     simulator = std::make_unique<QProcess>();
-    simulator->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    simulator->setStandardErrorFile(TraceFile(), QIODevice::Append);
     simulator->start(QStringLiteral(SIMULATOR_PROGRAM),
-                     QStringList{"--control", "--link", Link()} + options);
+                     QStringList{"--control", "--trace", "--link", Link()} + options);
     if (const QString said = ReadLine(); !said.startsWith(QStringLiteral("qd-k8-sim ready on "))) {
         Fail(said);
     }
@@ -64,13 +64,11 @@ void Start(Told options) {
 
 /// How often the state was asked for.
 int Polls() {
-    const QStringList asked = Tell(QStringLiteral("stats")).filter(QStringLiteral("0CM "));
-    return asked.value(0).mid(4).toInt();
+    return Tell("stats").filter("0CM ").value(0).mid(4).toInt();
 }
 
 void WaitPolls(Told told) {
     const int enough = Polls() + told.value(0).toInt();
-    WaitFor([] { return true; });
     while (Polls() < enough) {
         WaitFor([] { return true; });
     }
@@ -87,6 +85,12 @@ QString Written() {
         }
     }
     return numbers.join(u' ');
+}
+
+/// The last frame that went to the controller.
+QString LastHeard() {
+    const QString trace = QString::fromLatin1(ContentOf(TraceFile()));
+    return trace.section("-> ", -1).section("\\r", 0, 0);
 }
 
 void Write(const QString& name, const QByteArray& content) {
@@ -122,12 +126,12 @@ void ExpectSaved(Told told) {
 Words ControllerWords() {
     return {
         {"simulator", Start},
-        {"simulator-ends", [](Told) { End(); }},
         {"dead-link", [](Told) { QFile::link(QStringLiteral("no-such-device"), Link()); }},
         {"tell", [](Told told) { Tell(told.join(u' ')); }},
         {"asked", [](Told told) { ExpectNow(Tell("stats").join(u'\n'), told.join(u'\n')); }},
         {"polls", WaitPolls},
         {"written", [](Told told) { ExpectNow(Written(), told.join(u' ')); }},
+        {"last-heard", [](Told told) { ExpectNow(LastHeard(), told.value(0)); }},
         {"positions-file", WritePositions},
         {"copy-file", CopyFile},
         {"saved", ExpectSaved},

@@ -125,18 +125,6 @@ void Enter(Told told) {
     }
 }
 
-/// CELL TEXT OLD: the text is refused; the edit box stays and has the old one again.
-void EnterRefused(Told told) {
-    GoTo({told.value(0)});
-    KeyIn(told.value(1));
-    Expect([] { return ReadText(kEditBox); }, told.value(1));
-    Press({"Return"});
-    Expect([] { return ReadText(kEditBox); }, told.value(2));
-    Picture(QStringLiteral("refused"));
-    Press({"Escape"});
-    WaitAt(CellOf(told[0]));
-}
-
 /// FIRST LAST [pulses]: what the controller holds there is what the grid should show.
 void WantPositions(Told told) {
     wanted = PositionRows(told.value(0).toInt(), told.value(1).toInt(), told.size() < 3);
@@ -181,7 +169,6 @@ Words GridWords() {
         {"cell", GoTo},
         {"at", [](Told told) { WaitAt(CellOf(told.value(0))); }},
         {"enter", Enter},
-        {"refused", EnterRefused},
         {"reads", [](Told told) { ExpectCell(CellOf(told.value(0)), told.value(1)); }},
         {"want", WantPositions},
         {"grid", [](Told) { ExpectGrid(); }},

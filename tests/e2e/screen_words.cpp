@@ -1,7 +1,9 @@
 #include "hands.h"
 #include "words.h"
 
+#include <QClipboard>
 #include <QFile>
+#include <QGuiApplication>
 #include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
@@ -39,17 +41,9 @@ void WaitGone(const QPointer<QWidget>& window) {
     WaitFor([&window] { return window.isNull() || !window->isVisible(); }, Boxes::AreFine);
 }
 
-void Dismiss(Told told) {
-    const QPointer<QWidget> window = WindowOf(told.value(0));
-    Click(told[0]);
-    WaitGone(window);
-}
-
-/// By the Enter key: names that begin alike may lie over the buttons of a file dialog, and the
-/// first click would only put them away.
-void Confirm(Told told) {
-    const QPointer<QWidget> window = WindowOf(told.value(0));
-    Press({"Return"});
+void Dismiss(const QString& control, const std::function<void()>& act) {
+    const QPointer<QWidget> window = WindowOf(control);
+    act();
     WaitGone(window);
 }
 
@@ -90,6 +84,16 @@ void AnswerBox(const QString& text, const QString& button, const QString& pictur
     WaitGone(QPointer<QWidget>(box));
 }
 
+/// Presses Ok on whatever boxes come, one at least, until the control can be used.
+void PutUpWithBoxes(Told told) {
+    const auto isUp = [] { return BoxOnTop() != nullptr; };
+    WaitFor(isUp, Boxes::AreFine);
+    while (OnGui(isUp)) {
+        AnswerBox(OnGui([] { return BoxOnTop()->text(); }), "Ok", "box");
+        WaitFor([&] { return isUp() || Ready(told.value(0)) != nullptr; }, Boxes::AreFine);
+    }
+}
+
 /// The question of a choice and what it offers; where a line is broken is the window's affair.
 void ExpectQuestion(Told told) {
     WaitReady(QStringLiteral("frmSelection"));
@@ -99,6 +103,13 @@ void ExpectQuestion(Told told) {
         Expect([&] { return ReadText(label).simplified().remove(u' '); },
                QString(told[i]).remove(u' '));
     }
+}
+
+void SetClipboard(Told told) {
+    OnGui([&] {
+        QGuiApplication::clipboard()->setText(told.value(0));
+        return true;
+    });
 }
 
 /// The lamps that are lit, of Port, Online, Home, Alarm: "PO" after a start on line, "-" for none.
@@ -121,7 +132,7 @@ void WaitProgress(Told told) {
 }
 
 void Close() {
-    WaitReady(QStringLiteral("frmMain"));
+    WaitFor([] { return Seen("frmMain") != nullptr; });
     CloseWindow(OnGui([] { return Seen(QStringLiteral("frmMain")); }));
 }
 
@@ -139,8 +150,10 @@ void End(Told told) {
 Words ScreenWords() {
     return {
         {"click", [](Told told) { Click(told.value(0)); }},
-        {"dismiss", Dismiss},
-        {"confirm", Confirm},
+        {"dismiss", [](Told told) { Dismiss(told.value(0), [&] { Click(told[0]); }); }},
+        // Names that begin alike may lie over the buttons of a file dialog, and the first click
+        // would only put them away.
+        {"confirm", [](Told told) { Dismiss(told.value(0), [] { Press({"Return"}); }); }},
         {"menu", Menu},
         {"type", [](Told told) { Type(told.value(0), told.value(1)); }},
         {"pick", [](Told told) { Pick(told.value(0), told.value(1)); }},
@@ -151,7 +164,9 @@ Words ScreenWords() {
         {"lamps", [](Told told) { Expect(Lamps, told.value(0)); }},
         {"progress", WaitProgress},
         {"box", [](Told told) { AnswerBox(told.value(0), told.value(1), told.value(2, "box")); }},
+        {"boxes-until", PutUpWithBoxes},
         {"question", ExpectQuestion},
+        {"clipboard", SetClipboard},
         {"picture", [](Told told) { Picture(told.value(0)); }},
         {"close", [](Told) { Close(); }},
         {"end", End},
