@@ -28,6 +28,7 @@ using enum Command;
 
 constexpr int kLampSide = 18;
 constexpr int kSpacing = 6;
+constexpr int kFrameMargin = 6;
 
 // 12400 by 8250 and 15360 by 10755 twips, at 15 twips a pixel.
 constexpr QSize kSmallSize{827, 550};
@@ -70,6 +71,7 @@ frmMain::frmMain(const CommandTable& commands, MainWindowEvents handlers)
 QGridLayout* frmMain::addButtons(QGroupBox& frame, Frame which) {
     auto* layout = new QGridLayout;
     layout->setSpacing(kSpacing);
+    layout->setContentsMargins(kFrameMargin, kFrameMargin, kFrameMargin, kFrameMargin);
     BuildButtons(frame, *layout, which, controls, table,
                  [this](Command command) { chosen(command); });
     return layout;
@@ -113,6 +115,7 @@ QGroupBox* frmMain::makeStatusFrame() {
              makeLamp(*frame, "imgHomeGreen", "imgHomeWhite", kGreen, 217, 321),
              makeLamp(*frame, "imgAlarmLed", "imgAlarmWhite", kRed, 214, 0)};
     auto* lampRow = new QHBoxLayout;
+    lampRow->setSpacing(0);
     for (const Lamp& lamp : lamps) {
         auto* place = new QGridLayout;
         place->setSpacing(kSpacing / 2);
@@ -143,11 +146,14 @@ QGroupBox* frmMain::makeStatusFrame() {
     alarm->addWidget(number, 0, 0);
     alarm->addWidget(alarmNo, 0, 1);
     alarm->addWidget(alarmText, 0, 2, 2, 1);
-    alarm->addLayout(addButtons(*frame, Frame::OnLine), 1, 0, 1, 2);
+    QGridLayout* reset = addButtons(*frame, Frame::OnLine);
+    reset->setContentsMargins(0, 0, 0, 0);
+    alarm->addLayout(reset, 1, 0, 1, 2);
     alarm->setColumnStretch(2, 1);
 
     auto* layout = new QVBoxLayout(frame);
     layout->setSpacing(kSpacing);
+    layout->setContentsMargins(kFrameMargin, kFrameMargin, kFrameMargin, kFrameMargin);
     layout->addLayout(lampRow);
     layout->addLayout(alarm, 1);
     return frame;
