@@ -11,6 +11,7 @@
 #include "windows/device/frmDevice2.h"
 #include "windows/device/frmDevice3.h"
 #include "windows/dialogs/frmDataShogo.h"
+#include "windows/dialogs/frmGiveUp.h"
 #include "windows/dialogs/frmProcessing.h"
 #include "windows/dialogs/frmSelectPosiNo2.h"
 #include "windows/dialogs/frmSelectPosiNo3.h"
@@ -38,6 +39,7 @@ struct Windows {
     std::unique_ptr<frmMain> main;
     std::unique_ptr<frmTrance> trance;
     std::unique_ptr<frmProcessing> processing;
+    std::unique_ptr<frmGiveUp> giveUp;
 };
 
 Windows& TheWindows() {
@@ -74,6 +76,7 @@ void ShowMain(bool small) {
         MainWindowEvents{RunCommand, frmMain_QueryUnload, frmMain_Unload, flgdData_RowColChange});
     windows.trance = std::make_unique<frmTrance>(windows.main.get());
     windows.processing = std::make_unique<frmProcessing>(windows.main.get());
+    windows.giveUp = std::make_unique<frmGiveUp>(windows.main.get());
     windows.main->loadResources();
     windows.main->showSized(small);
 }
@@ -103,6 +106,7 @@ void WireScreens() {
     };
     screens.frmTrance = Tell(&Windows::trance, &frmTrance::showState);
     screens.frmProcessing = Tell(&Windows::processing, &frmProcessing::showState);
+    screens.frmGiveUp = Tell(&Windows::giveUp, &frmGiveUp::showState);
     screens.languageSettled = DressForLanguage;
     screens.frmMainShow = ShowMain;
     screens.frmMainClose = [] { TheWindows().main->close(); };

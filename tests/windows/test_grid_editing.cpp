@@ -498,29 +498,60 @@ TEST_F(GridEditing, WhatASpreadsheetProgramCopiesIsOfferedAndTaken) {
     EXPECT_FALSE(IsEnabled(Command::mnuEditCellPaste));
 }
 
-TEST_F(GridEditing, APasteIntoTheEditBoxPassesTheFilterOfItsColumn) {
+TEST_F(GridEditing, APasteIntoTheEditBoxGoesInWholeOrNotAtAll) {
     show(1, 3);
-    const std::vector<std::tuple<int, const char*, const char*>> cases{
-        {1, "4x5x6", "45"}, {4, "1,234 pls", "1234"}, {3, "9", "0"}, {20, "a\tb\r\nc", "a"}};
+    const std::string full(40, 'c');
+    const std::vector<std::tuple<int, std::string, std::string>> cases{
+        {1, "45\r\n", "45"},  {1, "4x5", "30"},     {4, "1,234", "0"},
+        {4, "-5", "0"},       {4, "12345678", "0"}, {20, "a\tb", ""},
+        {20, "\"a\"", "'a'"}, {20, full, full},     {20, full + "c", ""}};
     for (const auto& [column, outside, stands] : cases) {
-        copyOutside(outside);
+        copyOutside(outside.c_str());
         click(2, column);
         key(Qt::Key_F2);
         key(Qt::Key_V, Qt::ControlModifier);
-        EXPECT_EQ(editor->text(), column == 3 ? "" : stands) << column;
-        EXPECT_EQ(flgdData().edit.text, editor->text().toStdString());
+        EXPECT_EQ(editor->text().toStdString(), stands) << outside;
+        EXPECT_EQ(flgdData().edit.text, stands) << outside;
         key(Qt::Key_Escape);
     }
-    EXPECT_TRUE(commands.empty());
-    copyOutside(std::string(60, 'c').c_str());
+    EXPECT_EQ(platform.beeps, 6);
+    // A quote that is typed is seen to change, and the cursor stays where it is.
     click(2, 20);
     type("ab");
-    key(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(editor->text().size(), 40);
-    // And out of it.
+    key(Qt::Key_Left);
+    type("\"");
+    EXPECT_EQ(editor->text(), "a'b");
+    EXPECT_EQ(editor->cursorPosition(), 2);
     key(Qt::Key_A, Qt::ControlModifier);
     key(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(clipboard(), "ab" + std::string(38, 'c'));
+    EXPECT_EQ(clipboard(), "a'b");
+    EXPECT_TRUE(commands.empty());
+}
+
+TEST_F(GridEditing, WithoutACurrentCellAKeyOnlyEnters) {
+    show(1, 300);
+    grid->verticalScrollBar()->setValue(100);
+    GridHome();
+    for (const Qt::Key nothing : {Qt::Key_7, Qt::Key_F2, Qt::Key_Return, Qt::Key_Delete}) {
+        key(nothing);
+        EXPECT_FALSE(editing());
+        EXPECT_EQ(current(), (Place{0, 0}));
+    }
+    key(Qt::Key_Down);
+    EXPECT_EQ(current(), (Place{102, 1})) << "where the user looks";
+    EXPECT_EQ(PosiDirtyFlag, kClear);
+}
+
+TEST_F(GridEditing, DeleteEmptiesComments) {
+    show(1, 3);
+    SetGridText(2, 20, "one");
+    SetGridText(3, 20, "two");
+    click(2, 1);
+    key(Qt::Key_Delete);
+    drag(2, 20, 3, 20);
+    key(Qt::Key_Delete);
+    EXPECT_EQ(GridText(2, 1) + GridText(2, 20) + GridText(3, 20), "30");
+    EXPECT_EQ(PosiDirtyFlag, kSet);
 }
 
 // ---- everything together ----

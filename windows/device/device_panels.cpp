@@ -80,6 +80,18 @@ DevicePanels::DevicePanels(DeviceForm& shown, QWidget* parent) : QWidget(parent)
     showForm();
 }
 
+DevicePanels::~DevicePanels() {
+    // A list that has the focus tells when it loses it, and when it is destroyed it does: by then
+    // the form may be gone.
+    for (const AxisControls& made : axes) {
+        for (QComboBox* list :
+             {made.comboDeviceSize, made.comboDeviceSpeed, made.comboDeviceStroke}) {
+            list->disconnect(this);
+            list->lineEdit()->disconnect(this);
+        }
+    }
+}
+
 void DevicePanels::makeAxis(std::size_t axis) {
     constexpr std::int16_t kCaption = 1405;
     AxisControls& made = axes[axis];
@@ -262,9 +274,12 @@ void DevicePanels::nameControls() {
                                         static_cast<QAbstractButton*>(made.chkNewOrOld)}) {
             name(*button, button->text());
         }
-        name(*made.comboDeviceSize, made.captions[0]->text());
-        name(*made.comboDeviceSpeed, made.captions[1]->text());
-        name(*made.comboDeviceStroke, made.captions[2]->text());
+        const std::array<QComboBox*, 3> lists{made.comboDeviceSize, made.comboDeviceSpeed,
+                                              made.comboDeviceStroke};
+        for (std::size_t i = 0; i < lists.size(); ++i) {
+            name(*lists[i], made.captions[i]->text());
+            name(*lists[i]->lineEdit(), made.captions[i]->text());
+        }
     }
 }
 

@@ -21,6 +21,7 @@ namespace qdw8 {
 class DevicePanels : public QWidget {
 public:
     DevicePanels(DeviceForm& form, QWidget* parent);
+    ~DevicePanels() override;
 
     /// Shows the form again.
     void showForm();

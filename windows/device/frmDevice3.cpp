@@ -4,6 +4,7 @@
 #include "setup/device_set.h"
 #include "setup/device_write.h"
 #include "windows/controls/load_form_resources.h"
+#include "windows/controls/placing.h"
 #include "windows/device/device_panels.h"
 
 #include <QBoxLayout>
@@ -13,6 +14,7 @@ namespace qdw8 {
 
 frmDevice3::frmDevice3(QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmDevice3"));
+    KeepCentred(*this);
     OpenDevice3(form);
     panels = new DevicePanels(form, this);
     QBoxLayout* buttons = FillDeviceWindow(*this, *panels, form.cautionShown);

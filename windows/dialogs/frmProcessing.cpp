@@ -2,6 +2,7 @@
 
 #include "app/Module1.h"
 #include "windows/controls/load_form_resources.h"
+#include "windows/controls/placing.h"
 
 #include <QLabel>
 #include <QVBoxLayout>
@@ -15,8 +16,9 @@ constexpr int kWidthCharacters = 40;
 } // namespace
 
 frmProcessing::frmProcessing(QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint) {
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint), home(parent) {
     setObjectName(QStringLiteral("frmProcessing"));
+    KeepCentred(*this);
     SetNumbers(*this, 1901);
     auto* text = new QLabel(this);
     text->setObjectName(QStringLiteral("lblProcessing"));
@@ -33,8 +35,12 @@ void frmProcessing::showState() {
     const bool wanted = IsSet(ProcessingShownFlag);
     if (wanted && !isVisible()) {
         LoadFormResources(*this);
+        PutInFront(*this, home);
+        show();
+    } else if (!wanted && isVisible()) {
+        hide();
+        setParent(home, windowFlags());
     }
-    setVisible(wanted);
 }
 
 } // namespace qdw8

@@ -14,6 +14,9 @@ public:
     void showState();
 
     void reject() override {}
+
+private:
+    QWidget* home;
 };
 
 } // namespace qdw8

@@ -1,6 +1,9 @@
 #include "windows/dialogs/frmSyogoKekka.h"
 
 #include "position/check_result.h"
+#include "position/flex_grid.h"
+#include "position/grid_cursor.h"
+#include "position/posi_table.h"
 #include "windows/controls/group_header.h"
 #include "windows/controls/load_form_resources.h"
 #include "windows/controls/texts.h"
@@ -90,7 +93,22 @@ public:
         if (orientation == Qt::Horizontal && role == GroupHeader::kGroupRole) {
             return Group(section);
         }
+        if (orientation == Qt::Horizontal && role == Qt::AccessibleTextRole) {
+            return section == 0 ? Label(0)
+                                : QString(Group(section) + QLatin1Char(' ') + Label(section));
+        }
         return {};
+    }
+
+    /// Position and table column that a cell of the window stands for; its number stands for the
+    /// first column that failed.
+    std::pair<int, int> cellAt(const QModelIndex& index) const {
+        const ResultRow& row = rows[static_cast<std::size_t>(index.row())];
+        int column = index.column() - 1;
+        for (std::size_t failed = 0; column < 0; ++failed) {
+            column = row.failed.test(failed) ? static_cast<int>(failed) : -1;
+        }
+        return {row.position, column};
     }
 
 private:
@@ -133,6 +151,11 @@ frmSyogoKekka::frmSyogoKekka(QWidget* parent) : QDialog(parent) {
     close->setDefault(true);
     SetNumbers(*close, 2202);
     connect(close, &QPushButton::clicked, this, [this] { hide(); });
+    connect(table, &QTableView::doubleClicked, this, [this](const QModelIndex& cell) {
+        hide();
+        const auto [position, column] = static_cast<ResultModel*>(table->model())->cellAt(cell);
+        GoToCell(position - GridFirst + kGridHeadRows, column + 1);
+    });
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(close);

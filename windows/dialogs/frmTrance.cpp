@@ -2,6 +2,7 @@
 
 #include "app/transfer_dialog.h"
 #include "windows/controls/load_form_resources.h"
+#include "windows/controls/placing.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -21,9 +22,10 @@ constexpr int kPaintMs = 40;
 } // namespace
 
 frmTrance::frmTrance(QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint), home(parent),
       text(new QLabel(this)), bar(new QProgressBar(this)), cancel(new QPushButton(this)) {
     setObjectName(QStringLiteral("frmTrance"));
+    KeepCentred(*this);
     SetNumbers(*this, 2401);
     text->setObjectName(QStringLiteral("lblSetumei"));
     text->setTextFormat(Qt::PlainText);
@@ -56,7 +58,10 @@ void frmTrance::showState() {
     const TransferDialog& dialog = TheTransferDialog();
     if (!dialog.shown) {
         later.stop();
-        hide();
+        if (isVisible()) {
+            hide();
+            setParent(home, windowFlags());
+        }
         return;
     }
     const bool opens = !isVisible();
@@ -81,7 +86,14 @@ void frmTrance::showState() {
         later.start(kPaintMs);
     }
     if (opens) {
+        PutInFront(*this, home);
         show();
+    }
+}
+
+void frmTrance::reject() {
+    if (TheTransferDialog().cancelShown) {
+        cmdTranceCancel_Click();
     }
 }
 

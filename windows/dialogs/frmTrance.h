@@ -10,8 +10,9 @@ class QPushButton;
 
 namespace qdw8 {
 
-/// The transfer dialog. It shows `TheTransferDialog()`, stands on the screen without blocking, and
-/// only the end of the transfer takes it away.
+/// The transfer dialog, in front of the window that started the work. It shows
+/// `TheTransferDialog()`, stands on the screen without blocking, and only the end of the transfer
+/// takes it away.
 class frmTrance : public QDialog {
 public:
     explicit frmTrance(QWidget* parent = nullptr);
@@ -20,11 +21,13 @@ public:
     /// a transfer; the bar is painted at most every 40 ms and at its end.
     void showState();
 
-    void reject() override {}
+    /// Escape is Cancel where there is one.
+    void reject() override;
 
 private:
     void showValue();
 
+    QWidget* home;
     QLabel* text;
     QProgressBar* bar;
     QPushButton* cancel;

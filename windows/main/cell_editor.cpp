@@ -96,30 +96,26 @@ void CellEditor::beginWith(const QString& typed) {
 }
 
 void CellEditor::take() {
-    taken = text().toStdString();
-    SetEditText(taken);
-    const int length = std::max(flgdData().edit.maxLength, static_cast<int>(text().size()));
-    if (length != maxLength()) {
-        const int at = cursorPosition();
-        setMaxLength(length); // puts the cursor to the end
+    SetEditText(text().toStdString());
+    taken = flgdData().edit.text;
+    const QString held = QString::fromStdString(taken);
+    const int at = cursorPosition();
+    const int length = std::max(flgdData().edit.maxLength, static_cast<int>(held.size()));
+    // The rules may have changed a character; and a longer maximum puts the cursor to the end.
+    if (held != text() || length != maxLength()) {
+        setMaxLength(length);
+        setText(held);
         setCursorPosition(at);
     }
 }
 
 void CellEditor::paste() {
-    QString pasted = QGuiApplication::clipboard()->text();
-    // A cell is one line, and a tab is the border between two.
-    pasted.truncate(static_cast<int>(
-        std::find_if(pasted.begin(), pasted.end(), [](QChar c) { return c < QLatin1Char(' '); }) -
-        pasted.begin()));
-    QString passing;
-    for (const QChar character : pasted) {
-        if (IsComment() || PassesKeyFilter(character)) {
-            passing += character;
-        }
-    }
     const auto room = flgdData().edit.maxLength - text().size() + selectedText().size();
-    insert(passing.left(std::max<qsizetype>(room, 0)));
+    const auto whole = TextToPaste(QGuiApplication::clipboard()->text().toStdString(),
+                                   static_cast<int>(std::max<qsizetype>(room, 0)));
+    if (whole) {
+        insert(QString::fromStdString(*whole));
+    }
 }
 
 void CellEditor::keyPressEvent(QKeyEvent* event) {

@@ -33,6 +33,9 @@ constexpr int kFrameMargin = 6;
 // 12400 by 8250 and 15360 by 10755 twips, at 15 twips a pixel.
 constexpr QSize kSmallSize{827, 550};
 constexpr QSize kFullSize{1024, 717};
+/// Room for what a window manager puts around a window: its frame isn't known before it stands on
+/// the screen.
+constexpr QSize kFrameAround{10, 40};
 
 } // namespace
 
@@ -236,7 +239,7 @@ void frmMain::loadResources() {
 void frmMain::showSized(bool small) {
     QSize size = small ? kSmallSize : kFullSize;
     if (const QScreen* on = screen()) {
-        size = size.boundedTo(on->availableSize());
+        size = size.boundedTo(on->availableSize() - kFrameAround);
     }
     resize(size);
     show();

@@ -59,6 +59,8 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     }
     switch (role) {
     case Qt::DisplayRole: return labels[section];
+    case Qt::AccessibleTextRole:
+        return QString(groupHeads[section] + QLatin1Char(' ') + labels[section]);
     case GroupHeader::kGroupRole:
     case Qt::ToolTipRole: return groupHeads[section];
     default: return {};

@@ -1,11 +1,11 @@
 #include "windows/main/grid_view.h"
 
 #include "position/grid_editor.h"
-#include "position/posi_table.h"
 #include "windows/controls/group_header.h"
 #include "windows/controls/texts.h"
 #include "windows/main/cell_editor.h"
 #include "windows/main/grid_delegate.h"
+#include "windows/main/grid_keys.h"
 #include "windows/main/grid_model.h"
 
 #include <QAbstractButton>
@@ -20,7 +20,6 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <numeric>
 
 namespace qdw8 {
 namespace {
@@ -28,10 +27,6 @@ namespace {
 constexpr int kBodyColumns = kGridColumns - 1;
 constexpr int kLastColumn = kGridCommentColumn - 1; // the comment
 
-constexpr int kCellPadding = 6;
-// Width of the comment, in digits.
-constexpr int kLeastComment = 14;
-constexpr int kFullComment = 60;
 /// More changed cells than this are other data, not an edit.
 constexpr int kManyCells = 100;
 
@@ -103,7 +98,7 @@ GridView::GridView(Events handlers, QWidget* parent)
     horizontalHeader()->viewport()->installEventFilter(this);
     connect(qApp, &QApplication::focusChanged, &alive,
             [this](QWidget*, QWidget* now) { focusMoved(now); });
-    fitColumns();
+    widths.fit(*this);
 }
 
 void GridView::loadResources() {
@@ -136,7 +131,7 @@ void GridView::refresh() {
 
 void GridView::refreshHeads() {
     if (cells->refreshHeads()) {
-        fitColumns();
+        widths.fit(*this);
     }
 }
 
@@ -384,62 +379,12 @@ void GridView::keyPressEvent(QKeyEvent* event) {
         QCoreApplication::sendEvent(editor, event);
         return;
     }
-    const auto run = [this](Command command) {
-        if (events.command) {
-            events.command(command);
-        }
-    };
-    goToScreen(*event);
-    const GridSelection selected = InUnit();
-    if (event->matches(QKeySequence::Copy)) {
-        const bool lines = std::min(selected.col, selected.colSel) == 1 &&
-                           std::max(selected.col, selected.colSel) == kGridCommentColumn;
-        run(lines ? Command::mnuEditLineCopy : Command::mnuEditCellCopy);
-        return;
-    }
-    if (event->matches(QKeySequence::Paste)) {
-        const bool lines = IsSet(LineCopiedFlag) && selected.col == 1;
-        run(lines ? Command::mnuEditLinePaste : Command::mnuEditCellPaste);
-        return;
-    }
-    const QString typed = TypedText(*event);
-    if (!typed.isEmpty()) {
-        beginTyping(*event, typed);
-        return;
-    }
-    switch (event->key()) {
-    case Qt::Key_F2: StartEdit(); return;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        if (!StartEdit()) {
-            // A cell of an axis out of use: on to the next one, as behind an edit.
-            flgdData_KeyDownEdit(kKeyEnter);
-            flgdData_AfterEdit();
-        }
-        return;
-    default: break;
-    }
-    QTableView::keyPressEvent(event);
-    handBackNow();
-}
-
-/// Commands send the cursor home. The first key that means a cell begins with the first line on the
-/// screen, so that the user stays where he looks.
-void GridView::goToScreen(const QKeyEvent& event) {
-    const bool means = event.key() == Qt::Key_F2 || event.key() == Qt::Key_Return ||
-                       event.key() == Qt::Key_Enter || event.key() == Qt::Key_Down ||
-                       event.key() == Qt::Key_Up || event.key() == Qt::Key_Left ||
-                       event.key() == Qt::Key_Right || !TypedText(event).isEmpty();
-    if (means && flgdData().row < kGridHeadRows && cells->rowCount() > 0) {
-        GoToCell(rowsOnScreen().first + kGridHeadRows, 1);
-    }
-}
-
-void GridView::beginTyping(const QKeyEvent& event, const QString& text) {
-    // A character that the column doesn't take does nothing, as in the edit box itself.
-    if (PassesKeyFilter(text) && StartEdit()) {
-        flgdData_KeyDownEdit(EditKeyOf(event));
-        editor->beginWith(text);
+    const GridKeys keys{
+        events.command, [this](const QString& text) { editor->beginWith(text); },
+        [this] { return cells->rowCount() > 0 ? rowsOnScreen().first + kGridHeadRows : 0; }};
+    if (!RunGridKey(*event, keys)) {
+        QTableView::keyPressEvent(event);
+        handBackNow();
     }
 }
 
@@ -467,54 +412,15 @@ QVariant GridView::inputMethodQuery(Qt::InputMethodQuery query) const {
                                 : QTableView::inputMethodQuery(query);
 }
 
-void GridView::fitColumns() {
-    const QFontMetrics font = fontMetrics();
-    const auto wide = [&font](const QString& text) { return font.horizontalAdvance(text); };
-    verticalHeader()->setMinimumSectionSize(font.height());
-    verticalHeader()->setDefaultSectionSize(font.height() + kCellPadding);
-    verticalHeader()->setFixedWidth(wide(QStringLiteral("0000")) + 2 * kCellPadding);
-    horizontalHeader()->setMinimumSectionSize(wide(QStringLiteral("00")));
-    const int digits = wide(QStringLiteral("00")) + 2 * kCellPadding;
-    const int position = wide(QStringLiteral("000.000")) + 2 * kCellPadding;
-    int heads = 0;
-    for (int column = 0; column < kLastColumn; ++column) {
-        const bool isPosition = column < kItpl && column % kAxisColumns == kPosi;
-        const QString label = cells->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
-        int width = std::max(isPosition ? position : digits, wide(label) + kCellPadding);
-        if (isPosition) {
-            // The head over the axis names its actuator; its last column makes the room for it.
-            const QString head =
-                cells->headerData(column, Qt::Horizontal, GroupHeader::kGroupRole).toString();
-            width = std::max(width, wide(head) + kCellPadding - heads);
-        }
-        heads = column % kAxisColumns == kPosi ? 0 : heads + width;
-        leastWidths[static_cast<std::size_t>(column)] = width;
-    }
-    spreadColumns();
-}
-
-void GridView::spreadColumns() {
-    const int digit = fontMetrics().horizontalAdvance(QLatin1Char('0'));
-    const int taken = std::accumulate(leastWidths.begin(), leastWidths.end(), 0);
-    const int left = viewport()->width() - taken;
-    // Once the comment is as long as it can get, the other columns have a share in the room.
-    const int spare = (left - digit * kFullComment) / kLastColumn;
-    const int more = std::clamp(spare, 0, digit * 2);
-    for (int column = 0; column < kLastColumn; ++column) {
-        setColumnWidth(column, leastWidths[static_cast<std::size_t>(column)] + more);
-    }
-    setColumnWidth(kLastColumn, std::max(digit * kLeastComment, left - more * kLastColumn));
-}
-
 void GridView::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
-    spreadColumns();
+    widths.spread(*this);
 }
 
 void GridView::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
-        fitColumns();
+        widths.fit(*this);
     }
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "app/command_states.h"
+#include "windows/main/grid_columns.h"
 
 #include <QTableView>
 #include <QTimer>
-#include <array>
 #include <functional>
 #include <utility>
 
@@ -73,8 +73,6 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
 
 private:
-    void fitColumns();
-    void spreadColumns();
     void focusChanged();
     void showLock();
     void showSelection();
@@ -85,12 +83,10 @@ private:
     void selectionMoved();
     void handBack();
     void handBackNow();
-    void goToScreen(const QKeyEvent& event);
-    void beginTyping(const QKeyEvent& event, const QString& text);
     std::pair<int, int> rowsOnScreen() const;
 
     GridModel* cells;
-    std::array<int, 19> leastWidths{}; ///< of all columns but the comment
+    GridColumns widths;
     QLabel* corner;
     CellEditor* editor = nullptr;
     Events events;
