@@ -40,6 +40,8 @@ std::int16_t OpenCtPort() {
             port.SetSettings("9600,N,8,1");
             port.SetCDTimeout(3000);
             port.SetHandshaking(0);
+            // What the driver still holds came before anybody asked.
+            port.DropInput();
         }
         return 0;
     } catch (const std::exception&) {
