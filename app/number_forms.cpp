@@ -2,10 +2,10 @@
 
 #include "platform/fault.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <limits>
 
 namespace qdw8 {
@@ -15,28 +15,11 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-int HexDigit(char c) {
-    if (IsDigit(c)) {
-        return c - '0';
-    }
-    if (c >= 'A' && c <= 'F') {
-        return c - 'A' + 10;
-    }
-    if (c >= 'a' && c <= 'f') {
-        return c - 'a' + 10;
-    }
-    return -1;
-}
-
 double LeadingHex(std::string_view digits) {
+    const std::size_t end = digits.find_first_not_of("0123456789ABCDEFabcdef");
+    digits = digits.substr(0, end);
     double value = 0;
-    for (const char c : digits) {
-        const int digit = HexDigit(c);
-        if (digit < 0) {
-            break;
-        }
-        value = value * 16 + digit;
-    }
+    std::from_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::hex);
     return value;
 }
 
@@ -55,17 +38,16 @@ struct Digits {
 
 Digits DigitsOf(double value, int count = kDoubleDigits) {
     std::array<char, 40> text{};
-    std::snprintf(text.data(), text.size(), "%.*e", count - 1, std::fabs(value));
-    const std::string_view view(text.data());
+    const auto written = std::to_chars(text.data(), text.data() + text.size(), std::fabs(value),
+                                       std::chars_format::scientific, count - 1);
+    const std::string_view view(text.data(), static_cast<std::size_t>(written.ptr - text.data()));
     const std::size_t e = view.find('e');
     std::string digits(1, view[0]);
     digits.append(view.substr(2, e - 2));
-    const std::string_view exponent = view.substr(e + 1);
-    int power = 0;
-    for (const char c : exponent.substr(1)) {
-        power = power * 10 + (c - '0');
-    }
-    return {digits, exponent[0] == '-' ? -power : power};
+    int exponent = 0;
+    const std::size_t power = view[e + 1] == '+' ? e + 2 : e + 1;
+    std::from_chars(view.data() + power, view.data() + view.size(), exponent);
+    return {digits, exponent};
 }
 
 /// Writes digits with the point behind the first `exponent + 1` of them.
@@ -108,45 +90,29 @@ std::string PlainForm(double value, int count) {
 } // namespace
 
 double NumberFromText(std::string_view text) {
-    while (!text.empty() && text.front() == ' ') {
-        text.remove_prefix(1);
-    }
-    if (text.size() >= 2 && text[0] == '&' && (text[1] == 'H' || text[1] == 'h')) {
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    if (text.starts_with("&H") || text.starts_with("&h")) {
         return LeadingHex(text.substr(2));
     }
-    std::string number;
-    std::size_t at = 0;
-    if (at < text.size() && (text[at] == '-' || text[at] == '+')) {
-        if (text[at] == '-') {
-            number += '-';
-        }
-        ++at;
+    if (text.starts_with('+')) {
+        text.remove_prefix(1);
     }
-    bool anyDigit = false;
-    bool point = false;
-    for (; at < text.size(); ++at) {
-        if (text[at] == '.' && !point) {
-            point = true;
-            number += anyDigit ? "." : "0.";
-        } else if (IsDigit(text[at])) {
-            anyDigit = true;
-            number += text[at];
-        } else {
-            break;
-        }
-    }
-    if (!anyDigit) {
-        return 0;
+    const std::size_t sign = text.starts_with('-') ? 1 : 0;
+    const std::size_t first = text.find_first_not_of('.', sign);
+    if (first == text.npos || !IsDigit(text[first]) || first > sign + 1) {
+        return 0; // "inf" and "nan" are no numbers, and ".." begins none
     }
     double value = 0;
-    const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
+    const auto result =
+        std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
     if (result.ec == std::errc::result_out_of_range) {
-        if (number.find_first_of("123456789") > number.find('.')) {
+        const std::string_view digits =
+            text.substr(0, static_cast<std::size_t>(result.ptr - text.data()));
+        if (digits.find_first_of("123456789") > digits.find('.')) {
             return 0; // too small for any double
         }
         // So many digits that no double holds them: a figure beyond every limit, not a small one.
-        return number[0] == '-' ? -std::numeric_limits<double>::max()
-                                : std::numeric_limits<double>::max();
+        return sign != 0 ? -std::numeric_limits<double>::max() : std::numeric_limits<double>::max();
     }
     return value;
 }
@@ -280,25 +246,23 @@ std::string HexField(std::int64_t value, int width) {
     if (value < 0 || (value >> (4 * width)) != 0) {
         return "X";
     }
-    std::string text(static_cast<std::size_t>(width), '0');
-    for (std::size_t i = text.size(); i > 0; --i) {
-        text[i - 1] = "0123456789ABCDEF"[value & 0xF];
-        value >>= 4;
+    std::array<char, 16> digits{};
+    const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), value, 16);
+    std::string text(digits.data(), written.ptr);
+    for (char& digit : text) {
+        digit = static_cast<char>(digit >= 'a' ? digit - 'a' + 'A' : digit);
     }
-    return text;
+    return std::string(static_cast<std::size_t>(width) - text.size(), '0') + text;
 }
 
 std::int32_t HexValue(std::string_view digits) {
-    if (digits.empty() || digits.size() > 7) {
-        throw Fault("a hexadecimal field is missing or too long");
-    }
+    constexpr std::size_t kLongest = 7;
     std::int32_t value = 0;
-    for (const char c : digits) {
-        const int digit = HexDigit(c);
-        if (digit < 0) {
-            throw Fault("a hexadecimal field holds something else");
-        }
-        value = value * 16 + digit;
+    const char* end = digits.data() + digits.size();
+    const auto result = std::from_chars(digits.data(), end, value, 16);
+    if (digits.size() > kLongest || result.ec != std::errc{} || result.ptr != end || value < 0 ||
+        digits.front() == '-') {
+        throw Fault("a hexadecimal field is missing, too long or holds something else");
     }
     return value;
 }
