@@ -2,6 +2,7 @@
 // the characters take on the wire, and against a bare write-and-read loop on the same terminal.
 //
 //     bench_line paced      one read at 9600 baud, about a minute
+//     bench_line single     the same over a driver that delivers single characters
 //     bench_line write      one write of the same rows at 9600 baud
 //     bench_line blocks     all parameter blocks of four axes at 9600 baud
 //     bench_line unpaced    reads and bare loops in turn, as fast as both ends can
@@ -18,9 +19,9 @@
 #include "platform/platform.h"
 #include "platform/qt/qt_platform.h"
 #include "position/posi_table.h"
-#include "position/position_reset.h"
 #include "position/posi_transfer.h"
 #include "position/posi_write.h"
+#include "position/position_reset.h"
 #include "windows/dialogs/frmTrance.h"
 
 #include <QApplication>
@@ -159,8 +160,9 @@ int MeasureUnpaced(const std::string& device) {
 
 int main(int argc, char** argv) {
     const std::string mode = argc == 2 ? argv[1] : "";
-    if (mode != "paced" && mode != "write" && mode != "blocks" && mode != "unpaced") {
-        std::fprintf(stderr, "usage: bench_line paced|write|blocks|unpaced\n");
+    if (mode != "paced" && mode != "single" && mode != "write" && mode != "blocks" &&
+        mode != "unpaced") {
+        std::fprintf(stderr, "usage: bench_line paced|single|write|blocks|unpaced\n");
         return 2;
     }
     QApplication application(argc, argv);
@@ -189,6 +191,10 @@ int main(int argc, char** argv) {
     if (mode == "unpaced") {
         options << "--unpaced";
     }
+    if (mode == "single") {
+        options << "--handful"
+                << "1";
+    }
     QProcess simulator;
     simulator.start(QDW8_SIMULATOR, options);
     if (!simulator.waitForReadyRead(5000)) {
@@ -196,7 +202,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     int result = 1;
-    if (mode == "paced") {
+    if (mode == "paced" || mode == "single") {
         result = MeasurePaced("999 rows read", kReadSeconds, ReadTable);
     } else if (mode == "write") {
         result = ReadTable() < 0 ? 1 : MeasurePaced("999 rows written", kWriteSeconds, WriteTable);
