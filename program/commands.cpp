@@ -11,6 +11,7 @@
 #include "position/posi_file.h"
 #include "position/posi_new.h"
 #include "position/posi_verify.h"
+#include "program/shutdown.h"
 #include "setup/change_device.h"
 #include "setup/line_commands.h"
 #include "setup/posi_open.h"
@@ -181,6 +182,7 @@ void Start(Command command, const CommandRow& row) {
         ShowTexts({397}); // each routine has a handler of its own; this keeps the rest from the
                           // toolkit
     }
+    EndIfConfirmed();
     GiveEditCommandsBack();
     // A button that was pressed gives the focus back: the next key is meant for the grid, not for
     // the button once more or for the one beside it.
@@ -228,7 +230,7 @@ void RunCommand(Command command) {
 }
 
 void GiveEditCommandsBack() {
-    if (flgdData().row >= kGridHeadRows) {
+    if (IsSet(LineSelectedFlag)) {
         EditCMD_Yuko();
     }
 }

@@ -2,6 +2,7 @@
 
 #include "app/Module1.h"
 #include "app/boxes.h"
+#include "app/command_states.h"
 #include "app/settings.h"
 #include "app/string_table.h"
 #include "link/Module3Tusin.h"
@@ -11,18 +12,37 @@
 
 namespace qdw8 {
 
-bool frmMain_QueryUnload() {
+namespace {
+
+bool UserConfirms() {
     if (!IsSet(PosiDirtyFlag)) {
-        if (AskBox(ResText(390), BoxButtons::OkCancel) != BoxAnswer::Ok) {
-            return false;
-        }
-        CloseCtPortForce();
-        return true;
+        return AskBox(ResText(390), BoxButtons::OkCancel) == BoxAnswer::Ok;
     }
     switch (AskBox(ResText(391), BoxButtons::YesNoCancel)) {
     case BoxAnswer::Yes: SavePosiFileAs(); return !IsSet(SaveCancelledFlag);
     case BoxAnswer::No: return true;
     default: return false;
+    }
+}
+
+} // namespace
+
+bool frmMain_QueryUnload() {
+    if (IsSet(ProgramEndFlag) || !UserConfirms()) {
+        return false;
+    }
+    if (CommandsTaken()) {
+        ProgramEndFlag = kSet;
+        return false;
+    }
+    CloseCtPortForce();
+    return true;
+}
+
+void EndIfConfirmed() {
+    if (IsSet(ProgramEndFlag)) {
+        CloseCtPortForce();
+        frmMain_Unload();
     }
 }
 

@@ -24,6 +24,7 @@
 #include "position/posi_table.h"
 #include "program/commands.h"
 #include "program/init_tables.h"
+#include "program/shutdown.h"
 #include "setup/change_device.h"
 #include "setup/controller_devices.h"
 #include "setup/detail_edit.h"
@@ -164,12 +165,18 @@ void ChooseDevices() {
         const Choosing choosing;
         cmdChangeDev_Click();
     }
+    if (IsSet(ProgramEndFlag)) {
+        return;
+    }
     TakeOutAxesWithoutLead();
     RepaintAxes();
 }
 
 /// Off line: the devices come from the settings, and the user may choose others.
 void StartOffLine() {
+    if (IsSet(ProgramEndFlag)) {
+        return;
+    }
     if (ReadDeviceSettings() == 1) {
         ShowTexts({4, 5});
     } else {
@@ -239,6 +246,7 @@ void Main() {
         }
     }
     EditCMD_Muko();
+    EndIfConfirmed();
 }
 
 void frmMain_Load() {

@@ -2,7 +2,6 @@
 
 #include "setup/device_set.h"
 #include "windows/controls/load_form_resources.h"
-#include "windows/controls/placing.h"
 #include "windows/device/device_panels.h"
 
 #include <QBoxLayout>
@@ -12,7 +11,6 @@ namespace qdw8 {
 
 frmDevice2::frmDevice2(QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmDevice2"));
-    KeepCentred(*this);
     OpenDevice2(form);
     panels = new DevicePanels(form, this);
     QBoxLayout* buttons = FillDeviceWindow(*this, *panels, form.cautionShown);

@@ -4,7 +4,6 @@
 #include "setup/device_set.h"
 #include "setup/device_write.h"
 #include "windows/controls/load_form_resources.h"
-#include "windows/controls/placing.h"
 #include "windows/device/device_panels.h"
 
 #include <QBoxLayout>
@@ -14,7 +13,6 @@ namespace qdw8 {
 
 frmDevice3::frmDevice3(QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmDevice3"));
-    KeepCentred(*this);
     OpenDevice3(form);
     panels = new DevicePanels(form, this);
     QBoxLayout* buttons = FillDeviceWindow(*this, *panels, form.cautionShown);

@@ -1,7 +1,6 @@
 #include "windows/dialogs/frmDataShogo.h"
 
 #include "windows/controls/load_form_resources.h"
-#include "windows/controls/placing.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -19,7 +18,6 @@ constexpr int kButtonPadding = 12; ///< left and right of a button's text, beyon
 
 frmDataShogo::frmDataShogo(QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmDataShogo"));
-    KeepCentred(*this);
     SetNumbers(*this, 1701);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);

@@ -1,8 +1,8 @@
 #include "windows/dialogs/frmGiveUp.h"
 
 #include "app/transfer_dialog.h"
+#include "windows/controls/in_front.h"
 #include "windows/controls/load_form_resources.h"
-#include "windows/controls/placing.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -38,7 +38,6 @@ frmGiveUp::frmGiveUp(QWidget* parent)
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(text);
     layout->addLayout(buttons);
-    KeepCentred(*this);
 }
 
 void frmGiveUp::showState() {
@@ -49,8 +48,7 @@ void frmGiveUp::showState() {
         PutInFront(*this, home);
         show();
     } else if (!offer.shown && isVisible()) {
-        hide();
-        setParent(home, windowFlags());
+        TakeAway(*this, home);
     }
 }
 

@@ -1,8 +1,8 @@
 #include "windows/dialogs/frmProcessing.h"
 
 #include "app/Module1.h"
+#include "windows/controls/in_front.h"
 #include "windows/controls/load_form_resources.h"
-#include "windows/controls/placing.h"
 
 #include <QLabel>
 #include <QVBoxLayout>
@@ -18,7 +18,6 @@ constexpr int kWidthCharacters = 40;
 frmProcessing::frmProcessing(QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint), home(parent) {
     setObjectName(QStringLiteral("frmProcessing"));
-    KeepCentred(*this);
     SetNumbers(*this, 1901);
     auto* text = new QLabel(this);
     text->setObjectName(QStringLiteral("lblProcessing"));
@@ -38,8 +37,7 @@ void frmProcessing::showState() {
         PutInFront(*this, home);
         show();
     } else if (!wanted && isVisible()) {
-        hide();
-        setParent(home, windowFlags());
+        TakeAway(*this, home);
     }
 }
 

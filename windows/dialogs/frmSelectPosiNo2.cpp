@@ -1,7 +1,6 @@
 #include "windows/dialogs/frmSelectPosiNo2.h"
 
 #include "windows/controls/load_form_resources.h"
-#include "windows/controls/placing.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -20,7 +19,6 @@ constexpr int kIndent = 24;
 
 frmSelectPosiNo2::frmSelectPosiNo2(QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmSelectPosiNo2"));
-    KeepCentred(*this);
     SetNumbers(*this, 1601);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);

@@ -1,7 +1,6 @@
 #include "windows/dialogs/frmSelectPosiNo3.h"
 
 #include "windows/controls/load_form_resources.h"
-#include "windows/controls/placing.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -18,7 +17,6 @@ constexpr int kSpacing = 8;
 
 frmSelectPosiNo3::frmSelectPosiNo3(QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmSelectPosiNo3"));
-    KeepCentred(*this);
     SetNumbers(*this, 1601);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);

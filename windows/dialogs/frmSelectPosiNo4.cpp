@@ -1,7 +1,6 @@
 #include "windows/dialogs/frmSelectPosiNo4.h"
 
 #include "windows/controls/load_form_resources.h"
-#include "windows/controls/placing.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -56,7 +55,6 @@ QLabel* MakeNumber(QWidget& parent, const char* name, const std::string& text) {
 frmSelectPosiNo4::frmSelectPosiNo4(bool common, QWidget* parent)
     : QDialog(parent), overlap(common) {
     setObjectName(QStringLiteral("frmSelectPosiNo4"));
-    KeepCentred(*this);
     SetNumbers(*this, 1601);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);

@@ -1,7 +1,6 @@
 #include "windows/dialogs/frmSelection.h"
 
 #include "windows/controls/load_form_resources.h"
-#include "windows/controls/placing.h"
 #include "windows/controls/texts.h"
 
 #include <QHBoxLayout>
@@ -37,7 +36,6 @@ QString Broken(const QString& text, const QFont& font, int width) {
 frmSelection::frmSelection(const SelectionQuestion& question, QWidget* parent)
     : QDialog(parent), mustAnswer(question.mustAnswer) {
     setObjectName(QStringLiteral("frmSelection"));
-    KeepCentred(*this);
     setWindowTitle(QString::fromStdString(question.title));
     const int width = fontMetrics().horizontalAdvance(QLatin1Char('0')) * kLineCharacters;
 

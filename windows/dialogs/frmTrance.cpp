@@ -1,8 +1,8 @@
 #include "windows/dialogs/frmTrance.h"
 
 #include "app/transfer_dialog.h"
+#include "windows/controls/in_front.h"
 #include "windows/controls/load_form_resources.h"
-#include "windows/controls/placing.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -25,7 +25,6 @@ frmTrance::frmTrance(QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint), home(parent),
       text(new QLabel(this)), bar(new QProgressBar(this)), cancel(new QPushButton(this)) {
     setObjectName(QStringLiteral("frmTrance"));
-    KeepCentred(*this);
     SetNumbers(*this, 2401);
     text->setObjectName(QStringLiteral("lblSetumei"));
     text->setTextFormat(Qt::PlainText);
@@ -59,8 +58,7 @@ void frmTrance::showState() {
     if (!dialog.shown) {
         later.stop();
         if (isVisible()) {
-            hide();
-            setParent(home, windowFlags());
+            TakeAway(*this, home);
         }
         return;
     }
