@@ -58,23 +58,23 @@ private:
         }
     }
 
-    void goes(const QObject* object) {
-        const auto isIt = [object](const PlacedDialog& one) { return one.dialog == object; };
-        for (const PlacedDialog& one : placed) {
-            if (isIt(one)) {
-                one.dialog->setAttribute(Qt::WA_Moved,
-                                         false); // the next time over the window again
+    void goes(QObject* object) {
+        std::erase_if(placed, [object](const PlacedDialog& one) {
+            if (QWidget* dialog = one.dialog; dialog != nullptr && dialog == object) {
+                dialog->setAttribute(Qt::WA_Moved, false); // the next time over the window again
+                return true;
             }
-        }
-        std::erase_if(placed, [&](const PlacedDialog& one) { return !one.dialog || isIt(one); });
+            return one.dialog.isNull();
+        });
     }
 
     void windowMoved(const QObject* object) {
         for (PlacedDialog& one : placed) {
-            if (one.dialog && one.dialog->isModal() && one.dialog->parentWidget() != nullptr &&
-                one.dialog->parentWidget()->window() == object &&
-                (one.dialog->pos() - one.at).manhattanLength() <= kFrameShift) {
-                one.at = PlaceOver(*one.dialog->parentWidget()->window(), *one.dialog);
+            QWidget* dialog = one.dialog;
+            const QWidget* parent = dialog == nullptr ? nullptr : dialog->parentWidget();
+            if (parent != nullptr && parent->window() == object && dialog->isModal() &&
+                (dialog->pos() - one.at).manhattanLength() <= kFrameShift) {
+                one.at = PlaceOver(*parent->window(), *dialog);
             }
         }
     }
