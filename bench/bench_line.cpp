@@ -70,7 +70,7 @@ double ReadTable() {
     qdw8::PosiFirst = 1;
     qdw8::PosiLast = kRows;
     const auto begin = Clock::now();
-    const bool good = qdw8::ReadPosidataFromCt() == 0;
+    const bool good = qdw8::ReadPosidataFromCt() == qdw8::LineResult::Done;
     return good ? SecondsSince(begin) : -1;
 }
 
@@ -116,7 +116,7 @@ double WriteTable() {
         }
     }
     const auto begin = Clock::now();
-    const bool good = qdw8::WritePosidataToCt() == 0;
+    const bool good = qdw8::WritePosidataToCt() == qdw8::LineResult::Done;
     return good ? SecondsSince(begin) : -1;
 }
 

@@ -54,7 +54,7 @@ void ShowFullTable(bool mm) {
 void CheckAndCommit(benchmark::State& state) {
     ShowFullTable(state.range(0) != 0);
     for (auto _ : state) {
-        if (PosiDataCheck3() != 0) {
+        if (PosiDataCheck3() != PosiCheck::Committed) {
             state.SkipWithError("the rows are not clean");
         }
     }
@@ -85,7 +85,7 @@ void ReadFile(benchmark::State& state) {
     ShowFullTable(false);
     PosiFolder = std::filesystem::temp_directory_path().string();
     const std::string path = PosiFolder + "/qdw8-bench.qdd";
-    if (PosiDataCheck3() != 0 || SaveFileAs2("qdw8-bench.qdd") != 0) {
+    if (PosiDataCheck3() != PosiCheck::Committed || SaveFileAs2("qdw8-bench.qdd") != 0) {
         state.SkipWithError("no file to read");
     }
     for (auto _ : state) {
@@ -103,7 +103,7 @@ void VerifyWithFile(benchmark::State& state) {
     ShowFullTable(false);
     PosiFolder = std::filesystem::temp_directory_path().string();
     const std::string path = PosiFolder + "/qdw8-bench.qdd";
-    if (PosiDataCheck3() != 0 || SaveFileAs2("qdw8-bench.qdd") != 0) {
+    if (PosiDataCheck3() != PosiCheck::Committed || SaveFileAs2("qdw8-bench.qdd") != 0) {
         state.SkipWithError("no file to verify with");
     }
     int good = 0;

@@ -18,8 +18,6 @@
 
 namespace qdw8 {
 
-Flag CheckFaultedFlag = kClear;
-
 namespace {
 
 /// The widest field of a row on the line: five hexadecimal digits.
@@ -131,16 +129,16 @@ void CheckRows() {
     ThawGrid();
 }
 
-std::int16_t RunCheck() {
+PosiCheck RunCheck() {
     CheckRows();
     if (PosiErrorCount == 0) {
-        return 0;
+        return PosiCheck::Committed;
     }
     SyogoMode = 0;
     Screens().frmSyogoKekka();
     ClearPosiErrors();
     PosiErrorCount = 0;
-    return 1;
+    return PosiCheck::Refused;
 }
 
 } // namespace
@@ -154,8 +152,7 @@ std::int16_t Check_flgdLineNo() {
     return 0;
 }
 
-std::int16_t PosiDataCheck3() {
-    CheckFaultedFlag = kClear;
+PosiCheck PosiDataCheck3() {
     ClearPosiErrors();
     PosiRowError.fill(kClear);
     PosiErrorCount = 0;
@@ -163,35 +160,32 @@ std::int16_t PosiDataCheck3() {
         GridFirst = GridLast = 0;
     }
     if (GridFirst == 0 && GridLast == 0) {
-        return 2;
+        return PosiCheck::NoData;
     }
     if (!GridShowsItsRange() || PosiFirst < GridFirst || PosiLast > GridLast) {
         ShowNoData();
-        return 1;
+        return PosiCheck::Refused;
     }
     try {
         return RunCheck();
     } catch (const std::exception&) {
-        CheckFaultedFlag = kSet;
         ThawGridWholly();
-        return 0;
+        return PosiCheck::Faulted;
     }
 }
 
 bool TableTakesGrid(std::int16_t faultText) {
-    if (PosiDataCheck3() != 0) {
-        return false;
-    }
-    if (IsSet(CheckFaultedFlag)) {
+    const PosiCheck check = PosiDataCheck3();
+    if (check == PosiCheck::Faulted) {
         ShowTexts({faultText});
-        return false;
     }
-    return true;
+    return check == PosiCheck::Committed;
 }
 
 std::int16_t ChangeUnit(Flag mm) {
     TakeWholeGrid();
-    if (PosiDataCheck3() == 1 || IsSet(CheckFaultedFlag)) {
+    const PosiCheck check = PosiDataCheck3();
+    if (check == PosiCheck::Refused || check == PosiCheck::Faulted) {
         return 1;
     }
     DispMmFlag = mm;

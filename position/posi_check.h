@@ -10,15 +10,17 @@ namespace qdw8 {
 /// 0 the grid holds the rows that it says; 1 it doesn't, and a box has said so.
 std::int16_t Check_flgdLineNo();
 
-/// Tests the grid's rows of the working range and, only if all are clean, commits them to the
-/// table in whole; each cell shows then what was committed. The user's place stays. 0 clean and
-/// committed; 1 errors found, the result window was shown and `PosiRowError` tells the rows; 2 the
-/// grid holds no data. A cell whose number is too large for its width ends the check at once with 0
-/// and nothing committed.
-std::int16_t PosiDataCheck3();
+/// What became of a check.
+enum class PosiCheck : std::uint8_t {
+    Committed, ///< all rows were clean; the table holds what the grid shows
+    Refused,   ///< the result window, or a box, has told why; `PosiRowError` tells the rows
+    Faulted,   ///< a number too large for any cell, or a device without figures; nothing is told
+    NoData     ///< the grid holds no rows; nothing is told
+};
 
-/// -1 after a check that ended in a fault: it gave 0, and the table is not what the grid shows.
-extern Flag CheckFaultedFlag;
+/// Tests the grid's rows of the working range and, only if all are clean, commits them to the table
+/// in whole; each cell shows then what was committed. The user's place stays.
+PosiCheck PosiDataCheck3();
 
 /// `PosiDataCheck3` for a command that goes on with the table: true if the table now holds what the
 /// grid shows. A check that faulted is told with the text of the id, since going on would save or

@@ -1,14 +1,14 @@
 #include "position/posi_file.h"
 
 #include "app/boxes.h"
+#include "app/file_questions.h"
 #include "app/main_panel.h"
 #include "app/number_forms.h"
 #include "app/screens.h"
 #include "app/string_table.h"
+#include "app/waits.h"
 #include "device/axis_device.h"
-#include "link/Module3Tusin.h"
 #include "platform/cp932_text.h"
-#include "platform/platform.h"
 #include "platform/whole_file.h"
 #include "position/grid_display.h"
 #include "position/posi_check.h"
@@ -110,21 +110,10 @@ bool CommentsMayBeWritten() {
                                      BoxButtons::YesNo) == BoxAnswer::Yes;
 }
 
-/// Asks for a file to save, and gives its path. Nothing: cancelled.
+/// Asks for a file to save.
 std::optional<std::string> AskFileName(std::int16_t titleId) {
-    FileQuestion question;
-    question.kind = FileQuestion::Kind::Save;
-    question.title = ResText(titleId);
-    question.filter = ResText(351);
-    question.defaultExt = "qdd";
-    question.fileName = ResText(407);
-    question.folder = PosiFolder;
-    question.flags = kOverwritePrompt;
-    const auto answer = ThePlatform().CommonDialog1.ShowFile(question);
-    if (!answer || answer->path.empty()) {
-        return std::nullopt;
-    }
-    return answer->path;
+    const auto answer = AskFileToSave(kPosiFile, titleId, ResText(407), PosiFolder);
+    return answer ? std::optional(answer->path) : std::nullopt;
 }
 
 /// Writes the working range. The document counts as saved only if that is all that the grid shows.
@@ -141,18 +130,12 @@ bool WriteFile(const std::string& path) {
     }
 }
 
-/// Up to six tries, 100 ms apart.
 bool SaveWithTries(const std::string& path) {
-    // Counted here: an exchange that runs out of the pause uses the shared counter.
-    for (std::int16_t failed = 1; !WriteFile(path); ++failed) {
-        RetryCount = failed;
-        if (failed > kRetries) {
-            ShowTexts({422});
-            return false;
-        }
-        MsecTimer(kRetryPauseMs);
+    const bool saved = SixTries([&path] { return WriteFile(path); });
+    if (!saved) {
+        ShowTexts({422});
     }
-    return true;
+    return saved;
 }
 
 /// Runs the steps of a save command between the commands being taken away and given back. The

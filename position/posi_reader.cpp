@@ -4,8 +4,8 @@
 #include "app/field_reader.h"
 #include "app/number_forms.h"
 #include "app/string_table.h"
+#include "app/waits.h"
 #include "device/axis_device.h"
-#include "link/Module3Tusin.h"
 #include "platform/cp932_text.h"
 #include "platform/fault.h"
 #include "platform/whole_file.h"
@@ -129,18 +129,11 @@ std::int16_t ReadPosiFile(const std::string& path) {
 }
 
 bool ReadPosiFileWithTries(const std::string& path) {
-    // Counted here: an exchange that runs out of the pause uses the shared counter.
-    for (std::int16_t failed = 1;; ++failed) {
-        if (ReadPosiFile(path) == 0) {
-            return true;
-        }
-        RetryCount = failed;
-        if (failed > kRetries) {
-            ShowTexts({484});
-            return false;
-        }
-        MsecTimer(kRetryPauseMs);
+    const bool read = SixTries([&path] { return ReadPosiFile(path) == 0; });
+    if (!read) {
+        ShowTexts({484});
     }
+    return read;
 }
 
 void ResetPosiReader() {

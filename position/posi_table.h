@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Module1.h"
+#include "app/file_questions.h"
 #include "position/posi_columns.h"
 
 #include <array>
@@ -19,6 +20,9 @@ namespace qdw8 {
 inline constexpr int kPosiRows = 1000;
 inline constexpr int kLastPosition = 999;
 /// Table columns 0 to 15 are four blocks of "VEL", "ACC", "WAY", "Posi", one for each axis.
+/// Position files `.qdd`.
+inline constexpr FileKind kPosiFile{351, "qdd"};
+
 /// One row: numbers of table columns 0 to 18, and the comment. Positions are pulses. The cells of a
 /// row that was never written count as empty.
 struct PosiRow {

@@ -1,14 +1,17 @@
 #include "position/posi_transfer.h"
 
-#include "app/boxes.h"
 #include "app/number_forms.h"
-#include "app/string_table.h"
-#include "app/transfer_dialog.h"
-#include "link/Module3Tusin.h"
 #include "link/ct_commands.h"
+#include "link/exchange.h"
+#include "link/port.h"
+#include "link/receiver.h"
 #include "platform/fault.h"
+#include "position/posi_columns.h"
 #include "position/posi_table.h"
 
+#include <array>
+#include <cstdint>
+#include <string>
 #include <vector>
 
 namespace qdw8 {
@@ -30,45 +33,35 @@ RowNumbers CutRow(const std::string& reply) {
     return numbers;
 }
 
-/// The rows of the working range, one exchange each. Stops early when cancelled.
-bool ReadRows(std::vector<RowNumbers>& rows) {
-    for (std::int16_t position = PosiFirst; position <= PosiLast; ++position) {
-        if (IsSet(TransferCancelFlag)) {
-            return true;
+} // namespace
+
+LineResult ReadPosidataFromCt() {
+    // What runs out of the waits, as a save before the end of the program, may move the range.
+    const std::int16_t first = PosiFirst;
+    const std::int16_t last = PosiLast;
+    const int count = last - first + 1;
+    std::vector<RowNumbers> rows;
+    const auto readRow = [&](int index) -> std::int16_t {
+        if (ReadPosiRow(first + index) != 0) {
+            return 1;
         }
-        if (ReadPosiRow(position) != 0) {
-            return false;
-        }
-        PosiFrameText[static_cast<std::size_t>(position) - 1] = ReplyText;
+        PosiFrameText[static_cast<std::size_t>(first + index) - 1] = ReplyText;
         try {
             rows.push_back(CutRow(ReplyText));
         } catch (const Fault&) {
             ShowWrongData();
-            return false;
+            return 1;
         }
-        SetTranceValue(static_cast<int>(rows.size()));
-    }
-    return true;
-}
-
-} // namespace
-
-std::int16_t ReadPosidataFromCt() {
-    TransferCancelFlag = kClear;
-    TransferRunFlag = kSet;
-    ShowTrance(PosiLast - PosiFirst + 2, ResText(368));
-    std::vector<RowNumbers> rows;
-    const bool good = ReadRows(rows);
+        return 0;
+    };
+    const LineResult result = ReadMany(count, {count + 1, 368, true}, readRow);
     CloseCtPort();
-    UnloadTrance();
-    TransferRunFlag = kClear;
-    if (!good) {
-        return 1;
+    PosiFirst = first;
+    PosiLast = last;
+    if (result != LineResult::Done) {
+        return result;
     }
-    if (IsSet(TransferCancelFlag)) {
-        return 2;
-    }
-    auto position = static_cast<std::size_t>(PosiFirst);
+    auto position = static_cast<std::size_t>(first);
     for (const RowNumbers& numbers : rows) {
         // The comment never travels: its cell keeps what the last file left there.
         for (std::size_t column = 0; column < kComment; ++column) {
@@ -76,7 +69,7 @@ std::int16_t ReadPosidataFromCt() {
         }
         ++position;
     }
-    return 0;
+    return result;
 }
 
 } // namespace qdw8

@@ -1,12 +1,13 @@
 #pragma once
 
-#include <cstdint>
+#include "link/batch.h"
 
-/// The rows of the position table, from the controller.
+/// The way of the position table from the controller.
 namespace qdw8 {
 
-/// Reads the rows of the working range into `PosiStage`, with the transfer dialog. 0 done; 1 an
-/// exchange failed; 2 cancelled by the user. After 1 and 2 `PosiStage` is as it was.
-std::int16_t ReadPosidataFromCt();
+/// Reads the rows of the working range into `PosiStage`, with the transfer dialog and its cancel
+/// button. Unless it is done `PosiStage` is as it was; the end of the program counts as a
+/// cancellation. The port is closed then unless it is kept.
+LineResult ReadPosidataFromCt();
 
 } // namespace qdw8

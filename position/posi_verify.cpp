@@ -7,7 +7,6 @@
 #include "link/Module3Tusin.h"
 #include "link/ct_commands.h"
 #include "link/supervision.h"
-#include "platform/platform.h"
 #include "position/check_result.h"
 #include "position/grid_display.h"
 #include "position/posi_check.h"
@@ -68,18 +67,6 @@ bool TakeRangeCancel() {
     return cancelled;
 }
 
-/// The whole path of the file; nothing when the user cancelled.
-std::optional<std::string> AskFile() {
-    FileQuestion question;
-    question.kind = FileQuestion::Kind::Open;
-    question.title = ResText(350);
-    question.filter = ResText(351);
-    question.defaultExt = "qdd";
-    question.flags = kFileMustExist;
-    const auto answer = ThePlatform().CommonDialog1.ShowFile(question);
-    return answer && !answer->path.empty() ? std::optional(answer->path) : std::nullopt;
-}
-
 void VerifyWithFile() {
     if (Check_flgdLineNo() != 0) {
         return;
@@ -88,8 +75,8 @@ void VerifyWithFile() {
     if (!TableTakesGrid(397)) {
         return;
     }
-    const auto path = AskFile();
-    if (!path || !ReadPosiFileWithTries(*path)) {
+    const auto file = AskFileToOpen(kPosiFile, 350);
+    if (!file || !ReadPosiFileWithTries(file->path)) {
         return;
     }
     const bool overlap = CompareFileRange() == 0;
@@ -97,7 +84,7 @@ void VerifyWithFile() {
     if (TakeRangeCancel() || !overlap) {
         return;
     }
-    ShowOutcome(ResText(352) + *path + ResText(353));
+    ShowOutcome(ResText(352) + file->path + ResText(353));
 }
 
 void VerifyWithController() {
@@ -108,17 +95,15 @@ void VerifyWithController() {
     if (TakeRangeCancel() || !TableTakesGrid(397)) {
         return;
     }
-    const PollHeld held;
-    GoOnLine();
+    const LineBatch batch;
     if (OpenCtPortForBatch() != 0) {
         return;
     }
     if (CheckCtStatus() != 0) {
         CommErrorFlag = kClear;
-        CloseCtPort();
         return;
     }
-    if (ReadPosidataFromCt() == 0) {
+    if (ReadPosidataFromCt() == LineResult::Done) {
         ShowOutcome(ResText(354));
     }
 }
@@ -130,12 +115,9 @@ void Run(void (*verify)(), std::int16_t faultId) {
     try {
         verify();
     } catch (const std::exception&) {
-        UnloadTrance();
-        CloseCtPort();
         ClearPosiErrors();
         ShowTexts({faultId});
     }
-    TransferRunFlag = kClear;
 }
 
 } // namespace

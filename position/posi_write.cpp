@@ -1,70 +1,46 @@
 #include "position/posi_write.h"
 
-#include "app/boxes.h"
 #include "app/number_forms.h"
-#include "app/string_table.h"
-#include "app/transfer_dialog.h"
-#include "link/Module3Tusin.h"
 #include "link/ct_commands.h"
+#include "link/exchange.h"
+#include "link/port.h"
+#include "platform/fault.h"
 #include "position/check_result.h"
+#include "position/posi_columns.h"
 #include "position/posi_table.h"
 
-#include <algorithm>
 #include <exception>
+#include <vector>
 
 namespace qdw8 {
 namespace {
 
 constexpr std::size_t kRowLength = 43;
 
+constexpr std::size_t kNumberLength = 3;
+
 bool IsWholeRow(const std::string& row) {
     return row.size() == kRowLength && row.find_first_not_of("0123456789ABCDEF") == row.npos;
 }
 
-bool IsSent(std::int16_t position) {
-    return !IsSet(PosiRowError[static_cast<std::size_t>(position) - 1]);
-}
-
-void BuildRows() {
+/// The frames of the working range. The echo of the position number is the whole verification.
+/// Faults on a row that has no form on the line: nothing goes out then.
+std::vector<LineWrite> BuildRows() {
+    std::vector<LineWrite> writes;
     for (std::int16_t position = PosiFirst; position <= PosiLast; ++position) {
-        if (IsSent(position)) {
-            PosiFrameText[static_cast<std::size_t>(position) - 1] = PosiRowText(position);
-        }
-    }
-}
-
-/// One row. False: it was not taken, and the user has been told.
-bool WriteRow(const std::string& row) {
-    if (!IsWholeRow(row)) {
-        ShowWrongData();
-        return false;
-    }
-    if (WritePosiRow(row) != 0) {
-        return false;
-    }
-    // The echo of the position number is the whole verification.
-    constexpr std::size_t kEcho = 6;
-    if (("0WP" + row).substr(0, kEcho) != ReplyText.substr(0, kEcho)) {
-        CloseCtPort();
-        CommErrorFlag = kSet;
-        ShowWrongData();
-        return false;
-    }
-    return true;
-}
-
-bool WriteRows() {
-    int done = 0;
-    for (std::int16_t position = PosiFirst; position <= PosiLast; ++position) {
-        if (!IsSent(position)) {
+        const auto index = static_cast<std::size_t>(position) - 1;
+        if (IsSet(PosiRowError[index])) {
             continue;
         }
-        if (!WriteRow(PosiFrameText[static_cast<std::size_t>(position) - 1])) {
-            return false;
+        const std::string row = PosiRowText(position);
+        if (!IsWholeRow(row)) {
+            throw Fault("a row has no form on the line");
         }
-        SetTranceValue(++done);
+        PosiFrameText[index] = row;
+        writes.push_back(
+            {[row] { return WritePosiRow(row); }, "0WP" + row.substr(0, kNumberLength)});
     }
-    return true;
+    return writes;
 }
 
 } // namespace
@@ -79,20 +55,15 @@ std::string PosiRowText(std::int16_t position) {
     return text;
 }
 
-std::int16_t WritePosidataToCt() {
+LineResult WritePosidataToCt() {
     try {
-        BuildRows();
-        TransferRunFlag = kSet;
-        ShowTrance(PosiLast - PosiFirst + 1, ResText(383));
-        const bool good = WriteRows();
-        UnloadTrance();
+        const LineResult result =
+            SendMany(BuildRows(), {PosiLast - PosiFirst + 1, 383, /*cancel=*/true});
         CloseCtPort();
-        return good ? 0 : 1;
+        return result;
     } catch (const std::exception&) {
-        UnloadTrance();
-        CloseCtPort();
-        ShowWrongData(); // a number that is no 32-bit number has no form on the line
-        return 1;
+        ShowWrongData();
+        return LineResult::Failed;
     }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "link/batch.h"
+
 #include <cstdint>
 #include <string>
 
@@ -11,9 +13,10 @@ namespace qdw8 {
 std::string PosiRowText(std::int16_t position);
 
 /// Writes the rows of the working range, one exchange each, but for those marked in `PosiRowError`,
-/// with the transfer dialog. 0 done: every row was acknowledged. 1 failed, and the user has been
-/// told: the rows before the failing one stay written. A row whose text is not whole is not sent.
-/// The dialog is gone then, and the port closed unless it is held.
-std::int16_t WritePosidataToCt();
+/// with the transfer dialog, whose button does nothing here. Done: every row was acknowledged. Any
+/// other result: the rows before stay written, and the user has been told, but for `Cancelled`,
+/// which is the end of the program. If any row has no form on the line none is sent. The dialog is
+/// gone then, and the port closed unless it is kept.
+LineResult WritePosidataToCt();
 
 } // namespace qdw8

@@ -113,24 +113,21 @@ bool ListFailedForAxisInUse() {
 } // namespace
 
 std::int16_t RecheckPositions() {
-    if (GridShowsItsRange()) {
-        // A command on a part of the table may have left its range behind; all rows hang on the
-        // devices.
-        PosiFirst = GridFirst;
-        PosiLast = GridLast;
-    }
-    const std::int16_t result = PosiDataCheck3();
+    // A command on a part of the table may have left its range behind; all rows hang on the
+    // devices.
+    TakeWholeGrid();
+    const PosiCheck check = PosiDataCheck3();
     // After a check that faulted the table is not what the grid shows: nothing is converted then,
     // and the user's rows stay on the screen.
-    if (result == 0 && !IsSet(CheckFaultedFlag)) {
+    if (check == PosiCheck::Committed) {
         if (IsSet(DispMmFlag)) {
             ConvertTableToPulse();
         } else {
             ConvertTableToMm();
         }
-        QdDataHyoji_3();
+        ShowTable();
     }
-    return result;
+    return check == PosiCheck::Refused ? 1 : 0;
 }
 
 void Change_Device() {

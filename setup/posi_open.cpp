@@ -1,6 +1,7 @@
 #include "setup/posi_open.h"
 
 #include "app/boxes.h"
+#include "app/file_questions.h"
 #include "app/screens.h"
 #include "app/string_table.h"
 #include "device/Module2Calc.h"
@@ -8,20 +9,16 @@
 #include "device/axis_texts.h"
 #include "device/device_name.h"
 #include "device/device_settings.h"
-#include "link/Module3Tusin.h"
 #include "parameter/factory_lists.h"
 #include "parameter/para_file.h"
 #include "platform/fault.h"
-#include "platform/platform.h"
 #include "position/grid_display.h"
 #include "position/posi_command.h"
-#include "position/posi_file.h"
 #include "position/posi_reader.h"
 #include "position/posi_table.h"
 #include "setup/device_copies.h"
 
 #include <exception>
-#include <optional>
 
 namespace qdw8 {
 
@@ -44,16 +41,6 @@ struct DevicesBefore {
         FileAxisOff = fileOff;
     }
 };
-
-std::optional<FileAnswer> AskFile() {
-    FileQuestion question;
-    question.kind = FileQuestion::Kind::Open;
-    question.title = ResText(364);
-    question.filter = ResText(351);
-    question.defaultExt = "qdd";
-    question.flags = kFileMustExist;
-    return ThePlatform().CommonDialog1.ShowFile(question);
-}
 
 void TestFileRange() {
     const bool noData = FileFirst == 0 && FileLast == 0;
@@ -136,12 +123,12 @@ void ShowAxes() {
 
 /// From the dialog to the filled grid. False: the document is the one of before.
 bool Open(const DevicesBefore& before) {
-    const auto answer = AskFile();
+    const auto answer = AskFileToOpen(kPosiFile, 364);
     if (!answer) {
         ShowTexts({367});
         return false;
     }
-    if (answer->path.empty() || !ReadPosiFileWithTries(answer->path)) {
+    if (!ReadPosiFileWithTries(answer->path)) {
         return false;
     }
     TestFileRange();

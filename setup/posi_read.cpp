@@ -37,7 +37,6 @@ bool OfferToSave() {
 
 /// Range and confirmation. False: the command ends here.
 bool AskRange() {
-    TransferRunFlag = kSet;
     Screens().frmSelectPosiNo2();
     if (IsSet(RangeCancelFlag)) {
         RangeCancelFlag = kClear;
@@ -60,24 +59,21 @@ void ShowWhatCame() {
 /// True: the rows have come. Until then grid and range variables say what the grid shows, and a
 /// save in the middle of the read saves that.
 bool ReadChosenRange() {
-    const PollHeld held;
+    const LineBatch batch;
     const std::int16_t first = PosiFirst;
     const std::int16_t last = PosiLast;
-    TransferCancelFlag = kClear;
-    GoOnLine();
     const std::int16_t compared = MatchControllerSettings();
     if (compared != 0) {
         ShowBox(compared == 1 ? TextLines({108, 425}) : ResText(108));
-        CloseCtPort();
         return false;
     }
     PosiFirst = first; // devices taken over bring a check of the whole grid with them
     PosiLast = last;
-    const std::int16_t result = ReadPosidataFromCt();
-    if (result == 2) {
+    const LineResult result = ReadPosidataFromCt();
+    if (result == LineResult::Cancelled && !IsSet(ProgramEndFlag)) {
         ShowTexts({425});
     }
-    return result == 0;
+    return result == LineResult::Done;
 }
 
 void Read() {
@@ -106,11 +102,8 @@ void ReadFromCt() {
     try {
         Read();
     } catch (const std::exception&) {
-        UnloadTrance();
-        CloseCtPort();
         ShowTexts({108});
     }
-    TransferRunFlag = kClear;
 }
 
 } // namespace qdw8

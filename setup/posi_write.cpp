@@ -3,13 +3,9 @@
 #include "app/boxes.h"
 #include "app/screens.h"
 #include "app/string_table.h"
-#include "app/transfer_dialog.h"
-#include "link/Module3Tusin.h"
+#include "app/waits.h"
 #include "link/axis_mask.h"
-#include "link/ct_commands.h"
-#include "link/supervision.h"
-#include "platform/platform.h"
-#include "position/check_result.h"
+#include "link/batch.h"
 #include "position/posi_check.h"
 #include "position/posi_command.h"
 #include "position/posi_table.h"
@@ -35,22 +31,6 @@ bool AskWhatToWrite() {
     return TableTakesGrid(397) && AskBox(ResText(375), BoxButtons::OkCancel) == BoxAnswer::Ok;
 }
 
-/// The controller stands still and is in the mode for writing. False: the command ends.
-bool PrepareController() {
-    const std::int16_t arrived = ReadArrivalStatus();
-    if (arrived != 1) {
-        if (arrived == 0) {
-            ShowTexts({424});
-        }
-        return false;
-    }
-    if (SetCtMode(1) != 0) {
-        ShowTexts({377});
-        return false;
-    }
-    return true;
-}
-
 /// Axes and actuators are those of the controller. False: the command ends.
 bool SettingsAgree() {
     if (ReadAxisMaskQuiet() != 0) {
@@ -70,32 +50,34 @@ bool SettingsAgree() {
     return true;
 }
 
-/// Back to the normal mode, with six tries.
-void FinishController() {
-    int tries = 0;
-    while (SetCtMode(0) != 0) {
-        if (++tries > kRetries) {
-            ShowTexts({377});
-            break;
-        }
-        MsecTimer(kRetryPauseMs);
+/// What is written in the writing mode. A run that stops before its last row leaves the controller
+/// in it, so that nothing moves by half a table; the end of the program ends it.
+void WriteRows() {
+    WritingMode mode;
+    if (!mode.begin()) {
+        return;
     }
-    ShowTexts({376});
+    LineResult result = LineResult::Failed;
+    if (SettingsAgree() && PosiKakikomimaeParaCheck() == 0) {
+        result = WritePosidataToCt();
+    }
+    if (result == LineResult::Done) {
+        mode.end(kRetries + 1);
+        ShowTexts({376});
+    } else if (!IsSet(ProgramEndFlag)) {
+        mode.leave();
+    }
 }
 
 void Write() {
     if (!AskWhatToWrite()) {
         return;
     }
-    const PollHeld held;
-    TransferCancelFlag = kClear;
     MsecTimer(1); // what is pending of events runs before the first frame
-    GoOnLine();
-    if (PrepareController() && SettingsAgree() && PosiKakikomimaeParaCheck() == 0 &&
-        WritePosidataToCt() == 0) {
-        FinishController();
+    const LineBatch batch;
+    if (StandsStill(OnFailure::Silent)) {
+        WriteRows();
     }
-    CloseCtPort();
 }
 
 } // namespace
@@ -106,11 +88,8 @@ void WriteToCt() {
     try {
         Write();
     } catch (const std::exception&) {
-        UnloadTrance();
-        CloseCtPort();
         ShowTexts({108});
     }
-    TransferRunFlag = kClear;
 }
 
 } // namespace qdw8

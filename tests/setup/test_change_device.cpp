@@ -451,7 +451,7 @@ TEST_F(ChangeTest, AFileSavedAfterAReadOpensAgainWithoutAQuestion) {
     ASSERT_EQ(TakeOverDevicesOfController(), 0);
     RepaintAxes();
     showRows(1, 3);
-    ASSERT_EQ(ReadPosidataFromCt(), 0);
+    ASSERT_EQ(ReadPosidataFromCt(), LineResult::Done);
     PosiFolder = folder;
     ASSERT_EQ(SaveFileAs2("read.qdd"), 0);
     platform.expectFile({FileQuestion::Kind::Open, "Open Position Data file",

@@ -437,10 +437,10 @@ TEST_F(GridEditing, TheCursorThatGoesHomeLeavesTheViewButOtherDataBeginAtTheTop)
     click(500, 3);
     const int there = grid->verticalScrollBar()->value();
     ASSERT_GT(there, 400);
-    EXPECT_EQ(PosiDataCheck3(), 0);
+    EXPECT_EQ(PosiDataCheck3(), PosiCheck::Committed);
     EXPECT_EQ(grid->verticalScrollBar()->value(), there);
     grid->verticalScrollBar()->setValue(700); // by hand
-    EXPECT_EQ(PosiDataCheck3(), 0);
+    EXPECT_EQ(PosiDataCheck3(), PosiCheck::Committed);
     EXPECT_EQ(grid->verticalScrollBar()->value(), 700);
     show(1, 200);
     EXPECT_EQ(grid->verticalScrollBar()->value(), 0);

@@ -1,12 +1,11 @@
 #include "device/Module2Calc.h"
-#include "file_fixture.h"
-#include "position/flex_grid.h"
-#include "position/grid_display.h"
-#include "position/posi_check.h"
+#include "platform/whole_file.h"
+#include "position/grid_clipboard.h"
+#include "position/posi_file.h"
 #include "position/posi_reader.h"
 #include "position/posi_transfer.h"
 #include "position/posi_write.h"
-#include "support/simulated_line.h"
+#include "position_bench.h"
 
 #include <random>
 
@@ -14,7 +13,7 @@ namespace qdw8::test {
 namespace {
 
 /// Tables made by chance, the same in every run: what holds for one of them holds for any.
-class AnyTable : public PosiFilesTest {
+class AnyTable : public PositionTest {
 protected:
     int pick(int lowest, int highest) {
         return std::uniform_int_distribution(lowest, highest)(random);
@@ -62,87 +61,54 @@ protected:
             type(position, kSm, std::to_string(pick(0, 20)));
             type(position, kComment, kComments[static_cast<std::size_t>(pick(0, 4))]);
         }
-        ASSERT_EQ(PosiDataCheck3(), 0);
+        ASSERT_EQ(PosiDataCheck3(), PosiCheck::Committed);
         QdDataHyoji_3(); // axes out of use show their fixed values from here on
-    }
-
-    static std::vector<std::string> gridTexts() {
-        std::vector<std::string> texts;
-        for (const FlexGrid::Row& row : flgdData().rows) {
-            texts.insert(texts.end(), row.text.begin(), row.text.end());
-        }
-        return texts;
     }
 
     std::mt19937 random{4711}; // NOLINT: the same in every run
 };
 
-TEST_F(AnyTable, SurvivesAFileByteForByte) {
+TEST_F(AnyTable, SurvivesFileControllerClipboardAndUnit) {
     PosiFolder = folder;
     for (int round = 0; round < 30; ++round) {
+        SCOPED_TRACE(round);
+        DispMmFlag = kClear;
         pickDevices();
         pickRows();
         ASSERT_FALSE(HasFatalFailure());
         const auto shown = gridTexts();
-        ASSERT_EQ(SaveFileAs2("a.qdd"), 0);
-        const std::string bytes = ReadWholeFile(path("a.qdd"));
         const std::int16_t first = GridFirst;
         const std::int16_t last = GridLast;
-
-        ClearPosiTable();
-        for (StageRow& row : PosiStage) {
-            row.fill({});
-        }
-        ResetGrid();
-        ASSERT_EQ(ReadPosiFile(path("a.qdd")), 0);
-        EXPECT_EQ(FileFirst, first);
-        EXPECT_EQ(FileLast, last);
-        PosiStageToTable();
-        ConvertTableToMm();
-        QdDataHyoji_3();
-        EXPECT_EQ(gridTexts(), shown);
-        ASSERT_EQ(PosiDataCheck3(), 0);
-        ASSERT_EQ(SaveFileAs2("b.qdd"), 0);
-        EXPECT_EQ(ReadWholeFile(path("b.qdd")), bytes);
-    }
-}
-
-TEST_F(AnyTable, SurvivesTheWayToTheControllerAndBack) {
-    SimulatedLine line(platform);
-    for (int round = 0; round < 20; ++round) {
-        pickDevices();
-        pickRows();
-        ASSERT_FALSE(HasFatalFailure());
-        auto shown = gridTexts();
-        ASSERT_EQ(WritePosidataToCt(), 0);
-        ClearPosiTable();
-        ResetGrid();
-        ASSERT_EQ(ReadPosidataFromCt(), 0);
-        for (int position = PosiFirst; position <= PosiLast; ++position) {
-            // The comment never travels.
-            const int row = position - PosiFirst + kGridHeadRows;
-            const int index = row * kGridColumns + kGridCommentColumn;
-            shown[static_cast<std::size_t>(index)].clear();
-        }
-        PosiStageToTable();
-        ConvertTableToMm();
-        QdDataHyoji_3();
-        EXPECT_EQ(gridTexts(), shown);
-    }
-}
-
-TEST_F(AnyTable, SurvivesASwitchOfTheUnitAndBack) {
-    for (int round = 0; round < 30; ++round) {
-        pickDevices();
-        DispMmFlag = kClear;
-        pickRows();
-        ASSERT_FALSE(HasFatalFailure());
-        const auto shown = gridTexts();
-        for (const Flag mm : {kSet, kClear}) {
-            ASSERT_EQ(PosiDataCheck3(), 0);
-            DispMmFlag = mm;
+        const auto showStage = [&](auto&& read) {
+            ASSERT_EQ(WritePosidataToCt(), LineResult::Done);
+            ClearPosiTable();
+            ResetGrid();
+            read();
+            PosiStageToTable();
+            ConvertTableToMm();
             QdDataHyoji_3();
-        }
+            EXPECT_EQ(gridTexts(), shown);
+        };
+        ASSERT_EQ(SaveFileAs2("a.qdd"), 0);
+        const std::string bytes = ReadWholeFile(pathOf("a.qdd"));
+        PosiStage.fill({});
+        showStage([&] { EXPECT_EQ(ReadPosiFile(pathOf("a.qdd")), 0); });
+        EXPECT_EQ(std::pair(FileFirst, FileLast), std::pair(first, last));
+        ASSERT_EQ(PosiDataCheck3(), PosiCheck::Committed);
+        ASSERT_EQ(SaveFileAs2("b.qdd"), 0);
+        EXPECT_EQ(ReadWholeFile(pathOf("b.qdd")), bytes);
+        // The comments never travel: they stay what the file left.
+        showStage([&] { EXPECT_EQ(ReadPosidataFromCt(), LineResult::Done); });
+
+        flgdData_RowColChange(kGridHeadRows, 1, last - first + kGridHeadRows, 20);
+        mnuEditLineCopy_Click();
+        ClearPosiTable();
+        QdDataHyoji_3();
+        GoToCell(kGridHeadRows, 1);
+        mnuEditLinePaste_Click();
+        EXPECT_EQ(gridTexts(), shown);
+        EXPECT_EQ(ChangeUnit(kSet), 0);
+        EXPECT_EQ(ChangeUnit(kClear), 0);
         EXPECT_EQ(gridTexts(), shown);
     }
 }

@@ -1,0 +1,388 @@
+#include "app/number_forms.h"
+#include "app/screens.h"
+#include "platform/whole_file.h"
+#include "position/posi_file.h"
+#include "position/posi_transfer.h"
+#include "position/posi_verify.h"
+#include "position/posi_write.h"
+#include "position/stroke_check.h"
+#include "position_bench.h"
+#include "setup/posi_read.h"
+#include "setup/posi_write.h"
+#include "support/every_step.h"
+
+#include <algorithm>
+
+namespace qdw8::test {
+namespace {
+
+const std::string kSaveFirst = "Save the editing data before reading data?";
+const std::string kRead = "Read the data from controller, OK?";
+const std::string kStopped = "Reading of data was stopped.";
+const std::string kSend = "Data is transmitted to controller,Yes?";
+const std::string kDone = "Completed data transmit.";
+const std::string kEqual = "Data : indicated and inside of controller\r\n\r\nResult of Verify - OK";
+
+/// A document of rows 1 to 25 that differs from what the controller holds, its current cell among
+/// them.
+struct TransferBench : PositionBench {
+    TransferBench() {
+        showRows(1, 25);
+        for (int position = 1; position <= 25; ++position) {
+            type(position, kPosi, std::to_string(100 + position));
+        }
+        GoToCell(7, 3);
+        EXPECT_EQ(PosiDataCheck3(), PosiCheck::Committed);
+    }
+    void expectReadOf(std::int16_t first, std::int16_t last) {
+        platform.expectBox(kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::No);
+        expectRange("frmSelectPosiNo2", first, last);
+        platform.expectBox(kRead, BoxButtons::OkCancel, BoxAnswer::Ok);
+    }
+    void expectWriteOf(std::int16_t first, std::int16_t last) {
+        expectRange("frmSelectPosiNo3", first, last);
+        platform.expectBox(kSend, BoxButtons::OkCancel, BoxAnswer::Ok);
+    }
+    void expectAsBefore() const {
+        ExpectRanges(1, 25);
+        EXPECT_EQ(cell(5, kPosi), "105");
+        EXPECT_EQ(std::pair(flgdData().row, flgdData().col), std::pair(7, 3));
+        ExpectAtRest(platform);
+    }
+    std::string fresh(int position) const {
+        return PosiRowText(static_cast<std::int16_t>(position)).substr(3);
+    }
+};
+using Transfer = Unit<TransferBench>;
+
+TEST(Read, EveryStep) {
+    EveryStep<TransferBench>(
+        [](TransferBench& bench) {
+            bench.expectReadOf(5, 7);
+            ReadFromCt();
+        },
+        [](TransferBench& bench, const Step& step) {
+            if (GridFirst == 5) {
+                ExpectRanges(5, 7);
+                EXPECT_EQ(bench.cell(5, kPosi) + bench.cell(7, kPosi), "1010");
+            } else {
+                bench.expectAsBefore();
+                EXPECT_FALSE(step.fault.empty());
+            }
+        });
+}
+
+TEST(Verify, EveryStep) {
+    int shown = 0;
+    EveryStep<TransferBench>(
+        [&shown](TransferBench& bench) {
+            shown = 0;
+            for (const int position : {5, 7}) {
+                bench.line.controller.setPositionRow(position, bench.fresh(position));
+            }
+            bench.expectRange("frmSelectPosiNo3", 5, 7);
+            bench.platform.expectScreen("frmSyogoKekka", [&shown] {
+                ++shown;
+                ASSERT_EQ(ResultRows().size(), 1U);
+                EXPECT_EQ(ResultRows()[0].position, 6);
+                EXPECT_EQ(ResultRows()[0].failed.to_ulong(), 1UL << kPosi);
+                EXPECT_EQ(SyogoMode, kSet);
+            });
+            PosiDataCtShogo();
+        },
+        [&shown](TransferBench& bench, const Step& step) {
+            bench.expectAsBefore();
+            EXPECT_LE(shown, step.boxes.empty() ? 1 : 0) << "nothing wrong is compared";
+            EXPECT_TRUE(shown == 1 || !step.fault.empty());
+            EXPECT_TRUE(ResultRows().empty());
+        },
+        {"dead", "short", "previous"}); // the rows are read as by the read
+}
+
+TEST(Write, EveryStep) {
+    std::vector<std::string> before;
+    EveryStep<TransferBench>(
+        [&before](TransferBench& bench) {
+            before = {bench.held(4), bench.held(5), bench.held(6), bench.held(7), bench.held(8)};
+            bench.expectWriteOf(5, 7);
+            WriteToCt();
+        },
+        [&before](TransferBench& bench, const Step& step) {
+            bench.expectAsBefore();
+            const bool done = std::count(step.boxes.begin(), step.boxes.end(), kDone) == 1;
+            EXPECT_TRUE(done || !step.fault.empty());
+            int written = 0; // rows that came, from the first on, and none behind them
+            while (written < 3 && bench.held(5 + written) == bench.fresh(5 + written)) {
+                ++written;
+            }
+            EXPECT_TRUE(!done || written == 3);
+            for (int position = 5 + written; position <= 8; ++position) {
+                EXPECT_EQ(bench.held(position), before[static_cast<std::size_t>(position) - 4]);
+            }
+            EXPECT_EQ(bench.held(4), before[0]);
+            if (step.fault.empty()) {
+                EXPECT_EQ(bench.line.controller.machine().mode, 0);
+            }
+        });
+}
+
+TEST_F(Transfer, EveryFigureOfARowIsReadAndShown) {
+    std::vector<std::string> steps;
+    Screens().frmTrance = [&steps] {
+        const TransferDialog& dialog = TheTransferDialog();
+        steps.push_back(dialog.lblSetumei + (dialog.cancelShown ? " cancel " : " ") +
+                        std::to_string(dialog.prgBar1) + "/" + std::to_string(dialog.prgBar1Max));
+    };
+    expectReadOf(999, 999);
+    ReadFromCt();
+    steps.resize(2);
+    const std::string text = "Reading data from controller... cancel ";
+    EXPECT_EQ(steps, (std::vector{text + "0/2", text + "1/2"}));
+    EXPECT_EQ(platform.sent.back(), "0RP3E7");
+    std::string row;
+    for (int column = 0; column <= kComment; ++column) {
+        row += cell(999, column) + " ";
+    }
+    EXPECT_EQ(row, "60 1 3 20000 30 3 0 0 30 3 0 0 1 1 0 4799 0 3 20  ");
+    EXPECT_DOUBLE_EQ(PosiUnitTable[999].mm[0], 100);
+    EXPECT_EQ(ThePanel().lblFileName + PosiFilePath, "Inside of C/T");
+    EXPECT_EQ(PosiDirtyFlag, kClear);
+    EXPECT_EQ(flgdData().row, 0) << "no cell is current";
+}
+
+TEST_F(Transfer, AFieldThatIsNoFigureStopsTheRead) {
+    addFault("0RP:2:reply=0RP006" + std::string(39, '0') + "Z");
+    expectReadOf(5, 7);
+    platform.expectBox(box::kWrongData);
+    ReadFromCt();
+    expectAsBefore();
+}
+
+TEST_F(Transfer, TheWaysOutBeforeTheFirstFrameSendNothing) {
+    platform.expectBox(kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::Cancel);
+    ReadFromCt();
+    platform.expectBox(kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::Yes);
+    platform.expectScreen("frmSelectPosiNo3", [] { RangeCancelFlag = kSet; });
+    ReadFromCt(); // saving was broken off, so nothing is overwritten
+    platform.expectBox(kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::No);
+    platform.expectScreen("frmSelectPosiNo2", [] { RangeCancelFlag = kSet; });
+    ReadFromCt();
+    platform.expectBox(kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::No);
+    expectRange("frmSelectPosiNo2", 100, 200);
+    platform.expectBox(kRead, BoxButtons::OkCancel, BoxAnswer::Cancel);
+    ReadFromCt();
+    for (const auto command : {WriteToCt, PosiDataCtShogo}) {
+        platform.expectScreen("frmSelectPosiNo3", [] { RangeCancelFlag = kSet; });
+        command();
+        EXPECT_EQ(RangeCancelFlag, kClear);
+    }
+    expectRange("frmSelectPosiNo3", 2, 3);
+    platform.expectBox(kSend, BoxButtons::OkCancel, BoxAnswer::Cancel);
+    WriteToCt();
+    type(3, kOut, "");
+    for (const auto command : {WriteToCt, PosiDataCtShogo}) {
+        expectRange("frmSelectPosiNo3", 2, 3);
+        platform.expectScreen("frmSyogoKekka", [] { EXPECT_EQ(SyogoMode, 0); });
+        command();
+    }
+    expectAsBefore();
+    platform.failingOpens = -1;
+    expectRange("frmSelectPosiNo3", 4, 5);
+    platform.expectBox(box::kPort);
+    PosiDataCtShogo();
+    ResetGrid();
+    for (const auto command : {WriteToCt, PosiDataCtShogo}) {
+        platform.expectBox(box::kNoData);
+        command();
+    }
+    EXPECT_TRUE(platform.sent.empty());
+}
+
+TEST_F(Transfer, ACancelOrTheEndOfTheProgramEndsAtTheNextRow) {
+    line.controller.setTurnaround(10);
+    const auto atRow = [this](int row, const std::function<void()>& happens) {
+        platform.onOutput = [row, happens, send = platform.onOutput](const std::string& text) {
+            if (text.find(HexField(row, 3)) == 3) {
+                happens();
+            }
+            send(text);
+        };
+    };
+    const auto output = platform.onOutput;
+    const auto endProgram = [] { ProgramEndFlag = kSet; };
+    atRow(9, cmdTranceCancel_Click);
+    expectReadOf(5, 20);
+    platform.expectBox(kStopped);
+    ReadFromCt();
+    expectAsBefore();
+    expectRange("frmSelectPosiNo3", 5, 20);
+    PosiDataCtShogo(); // without a word
+    expectAsBefore();
+    expectWriteOf(5, 20); // a write can't be cancelled
+    platform.expectBox(kDone);
+    WriteToCt();
+    EXPECT_EQ(held(20), fresh(20));
+    line.controller.clearCounters();
+
+    platform.onOutput = output;
+    atRow(9, endProgram);
+    expectReadOf(5, 20);
+    ReadFromCt();
+    ProgramEndFlag = kClear;
+    type(12, kPosi, "7");
+    expectWriteOf(5, 20);
+    WriteToCt();
+    EXPECT_EQ(line.controller.count("0RP"), 5);
+    EXPECT_EQ(line.controller.count("0WP"), 5);
+    EXPECT_NE(held(12), fresh(12));
+    EXPECT_EQ(platform.sent.back(), "0CM00");
+    expectAsBefore();
+}
+
+TEST_F(Transfer, ASaveInTheMiddleOfAReadSavesTheGridAsItStands) {
+    line.controller.setTurnaround(10);
+    expectReadOf(5, 20);
+    platform.after(100, [this] {
+        expectRange("frmSelectPosiNo3", 2, 3);
+        platform.expectBox("Write Data to the file,Yes?", BoxButtons::OkCancel, BoxAnswer::Ok);
+        expectFile(FileQuestion::Kind::Save, "Save Position Data as ...", pathOf("mid.qdd"));
+        EXPECT_EQ(std::pair(GridFirst, GridLast), std::pair(std::int16_t{1}, std::int16_t{25}));
+        SavePosiFileAs();
+    });
+    ReadFromCt();
+    EXPECT_NE(ReadWholeFile(pathOf("mid.qdd")).find("\r\n3,\" 30\",\" 3\",\" 0\",\" 103\""),
+              std::string::npos);
+    ExpectRanges(5, 20);
+    EXPECT_EQ(cell(20, kPosi), "10");
+}
+
+TEST_F(Transfer, OtherAxesOrDevicesArePutToTheUser) {
+    platform.settings.clear();
+    for (const std::int16_t choice : {kSelectionCancelled, std::int16_t{1}, std::int16_t{0}}) {
+        showRows(1, 25);
+        type(5, kPosi, "105");
+        GoToCell(7, 3);
+        DevSetting[0].DevStroke = 50;
+        line.controller.setAxisMask(0b0001);
+        expectReadOf(1, 2);
+        platform.expectSelection(
+            {"Select",
+             "Setting of AXIS and DEVICE differs by PC software and the controller. Which "
+             "processing is performed?",
+             {"A setting in a controller is read.", "A setting in a controller is disregarded."},
+             false},
+            choice);
+        if (choice == kSelectionCancelled) {
+            platform.expectBox(box::kStopped);
+        }
+        ReadFromCt();
+        platform.checkAllAsked();
+        EXPECT_EQ(DevSetting[0].DevStroke, choice == 0 ? 100 : 50);
+        EXPECT_EQ(AxisOff[3], FlagOf(choice == 0));
+        if (choice == kSelectionCancelled) {
+            expectAsBefore();
+        } else {
+            ExpectRanges(1, 2);
+        }
+    }
+    EXPECT_EQ(platform.settings["DevStroke1"], "100");
+}
+
+TEST_F(Transfer, AWriteStopsWhereAxesOrDevicesAreOthers) {
+    for (const unsigned axes : {0b1011U, 0b1001U}) {
+        line.controller.setAxisMask(axes);
+        DevSetting[0].DevStroke = axes == 0b1001U ? 50 : 100;
+        expectWriteOf(5, 6);
+        platform.expectBox("Axis setting by the side of PC and in side of controller unmatched."
+                           "\r\nPlease change the setting of Device by [Online Device Setting] or "
+                           "[detail edit].");
+        WriteToCt();
+        platform.checkAllAsked();
+        EXPECT_EQ(line.controller.machine().mode, 1) << "the mode stays";
+        expectAsBefore();
+    }
+    EXPECT_EQ(line.controller.count("0WP"), 0);
+    platform.recordsBoxes = true;
+    addFault("0RA:1:reply=0RA0");
+    expectRange("frmSelectPosiNo3", 5, 6);
+    WriteToCt();
+    EXPECT_EQ(platform.boxes.back(), box::kMoving);
+}
+
+TEST_F(Transfer, TheWholeOrderOfAWrite) {
+    std::vector<std::string> dialogs;
+    Screens().frmTrance = [&dialogs] {
+        const TransferDialog& dialog = TheTransferDialog();
+        dialogs.push_back(!dialog.shown
+                              ? "gone"
+                              : dialog.lblSetumei.substr(0, 4) + (dialog.cancelShown ? "* " : " ") +
+                                    std::to_string(dialog.prgBar1) + "/" +
+                                    std::to_string(dialog.prgBar1Max));
+    };
+    addFault("0CM00:*:error=03");
+    expectWriteOf(5, 6);
+    for (int i = 0; i < 6; ++i) { // the end of the mode is tried six times
+        platform.expectBox(box::kHoming);
+    }
+    platform.expectBox(box::kCommError);
+    platform.expectBox(kDone);
+    WriteToCt();
+    platform.sent.resize(14);
+    EXPECT_EQ(platform.sent,
+              (std::vector<std::string>{"0RA", "0CM01",                         // it stands still
+                                        "0RD0", "0RD6", "0RDC", "0RD6", "0RDC", // axes, devices
+                                        "0CM1", "0RD0", "0RD6", "0RDC",         // stroke check
+                                        "0WP0051E30000691E30000001E30000001E20000000000",
+                                        "0WP006" + fresh(6), "0CM00"}));
+    EXPECT_EQ(dialogs,
+              (std::vector<std::string>{"Comm 0/4", "Comm 1/4", "Comm 2/4", "Comm 3/4", "Comm 4/4",
+                                        "Send* 0/2", "Send* 1/2", "Send* 2/2", "gone"}));
+    EXPECT_EQ(CtStrokeLimit, (std::array<std::int32_t, kAxes>{20000, 0, 0, 4800}));
+}
+
+TEST_F(Transfer, PositionsBeyondTheControllersStrokeAreListed) {
+    const auto expectList = [this](const std::string& list) {
+        platform.expectBox("Some position data exceed the soft limit in the Parameter(Stroke).\r\n"
+                           "Confirm the position data indicated bellow, and try it again.\r\n"
+                           " <Position No. " +
+                           list + ">");
+    };
+    type(1, kPosi, "20000"); // the end itself is not too far
+    type(2, kPosi, "20001");
+    type(4, kAxis4 + kPosi, "4801");
+    expectWriteOf(1, 9);
+    expectList("2,4,");
+    WriteToCt();
+    // The rows are counted from the top of the grid: 3 to 5 has rows 1 to 3 tested.
+    type(3, kPosi, "x");
+    expectWriteOf(4, 6);
+    expectList("5,6,"); // and what is no number there isn't passed
+    WriteToCt();
+    EXPECT_EQ(line.controller.count("0WP"), 0);
+    expectWriteOf(4, 4); // so this one is not seen
+    platform.expectBox(kDone);
+    WriteToCt();
+    DispMmFlag = kSet; // a figure in mm is compared with a limit in pulses
+    showRows(1, 1);
+    type(1, kPosi, "100.4");
+    expectWriteOf(1, 1);
+    platform.expectBox(kDone);
+    WriteToCt();
+    EXPECT_EQ(held(1).substr(4, 5), "04E70") << "20080 pulses";
+}
+
+TEST_F(Transfer, ARowWithoutAFormOnTheLineKeepsAllRowsBack) {
+    for (const double wrong : {1048576.0, -1.0, 1e12}) {
+        PosiTable[7].number[kPosi] = wrong;
+        platform.expectBox(box::kWrongData);
+        EXPECT_EQ(WritePosidataToCt(), LineResult::Failed);
+    }
+    EXPECT_TRUE(platform.sent.empty());
+    PosiRowError[6] = kSet; // a marked row is left out
+    PosiFirst = 6;
+    EXPECT_EQ(WritePosidataToCt(), LineResult::Done);
+    EXPECT_EQ(platform.sent[1].substr(0, 6), "0WP008");
+}
+
+} // namespace
+} // namespace qdw8::test
