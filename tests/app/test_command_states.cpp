@@ -3,195 +3,133 @@
 #include "app/command_states.h"
 
 #include "app/screens.h"
+#include "platform/whole_file.h"
 
 #include <functional>
 #include <gtest/gtest.h>
+#include <map>
 #include <set>
+#include <sstream>
 #include <string>
-#include <vector>
 
 namespace qdw8 {
 namespace {
 
 using Names = std::set<std::string>;
 
-const Names kButtons{"cmdPosiSaveFile", "cmdPosiLoad",    "cmdPosiRead",      "cmdPosiVerify",
-                     "cmdOpenIoWin",    "cmdOpenMoveWin", "cmdOpenGrpWindow", "cmdSqMcrWinOpen",
-                     "cmdParaHyoji",    "cmdJogTeach",    "cmdReset"};
-const Names kLineButtons{"cmdInsertLine", "cmdDeleteLine"};
-const Names kToolBar{"New",   "Open",        "Save",     "Print", "Read",   "Load",
-                     "Shogo", "InputOutput", "MoveTest", "Group", "SqMacro"};
-const Names kToolBarEdit{"LineCopy", "LinePaste", "CellCopy", "CellPaste"};
-const Names kMenus{"mnuFileOpen",  "mnuFileGetfromCt", "mnuFileSave",      "mnuFileSaveAs",
-                   "mnuFileShogo", "mnuFileLoadtoCt",  "mnuFilePageSetup", "mnuFilePrint",
-                   "mnuEdit",      "mnuFuncCtversion", "mnuFunctionCt",    "mnuView",
-                   "mnuSettings"};
-const Names kLineMenus{"mnuEditGyoInsert", "mnuEditGyoDelete"};
-const Names kLineClip{"mnuEditLineCopy", "mnuEditLinePaste", "LineCopy", "LinePaste"};
-const Names kCellClip{"mnuEditCellCopy", "mnuEditCellPaste", "CellCopy", "CellPaste"};
+const std::map<std::string, std::function<void()>> kRoutines{
+    {"CMDBTN_Muko", CMDBTN_Muko},
+    {"CMDBTN_Yuko", CMDBTN_Yuko},
+    {"ToolBar_Muko", ToolBar_Muko},
+    {"ToolBar_Yuko", ToolBar_Yuko},
+    {"Menyu_Muko", Menyu_Muko},
+    {"Menyu_Yuko", Menyu_Yuko},
+    {"MenuFunction_Muko", MenuFunction_Muko},
+    {"MenuFunction_Yuko", MenuFunction_Yuko},
+    {"EditCMD_Muko", EditCMD_Muko},
+    {"LinePaste_Muko", LinePaste_Muko},
+    {"CellPasteYuko", CellPasteYuko},
+    {"CommandsAway", [] { const CommandsAway away; }},
+    {"EditCMD_Yuko", EditCMD_Yuko},
+    {"LineCopied",
+     [] {
+         LineCopiedFlag = kSet;
+         EditCMD_Yuko();
+     }},
+    {"CellCopied", [] {
+         LineCopiedFlag = 1;
+         CellCopiedFlag = kSet;
+         EditCMD_Yuko();
+     }}};
 
-Names operator+(Names all, const Names& more) {
-    all.insert(more.begin(), more.end());
-    return all;
-}
-
-Names operator-(Names all, const Names& fewer) {
-    for (const std::string& name : fewer) {
-        all.erase(name);
-    }
-    return all;
-}
-
-std::vector<Command> AllCommands() {
-    std::vector<Command> commands;
+template<typename Act> void ForEachCommand(const Act& act) {
     for (std::size_t i = 0; i < kCommands; ++i) {
-        commands.push_back(static_cast<Command>(i));
+        act(static_cast<Command>(i));
     }
-    return commands;
 }
 
-Names EnabledNames() {
+/// The commands that are on, or those that are not.
+Names Now(bool enabled) {
     Names names;
-    for (const Command command : AllCommands()) {
-        if (IsEnabled(command)) {
+    ForEachCommand([&](Command command) {
+        if (IsEnabled(command) == enabled) {
             names.emplace(NameOf(command));
         }
-    }
+    });
     return names;
 }
 
-class CommandStates : public testing::Test {
-protected:
-    CommandStates() {
-        ResetCommandStates();
-        for (const Command command : AllCommands()) {
-            SetBuilt(command);
-        }
-    }
-    ~CommandStates() override { Screens() = ScreenFunctions{}; }
-
-    /// Every command on (or, with false, off), no batch running.
-    static void setAll(bool enabled) {
-        CMDBTN_Yuko();
-        for (const Command command : AllCommands()) {
-            SetEnabled(command, enabled);
-        }
-    }
-};
-
-const Names kEverything = [] {
-    Names names;
-    for (const Command command : AllCommands()) {
-        names.emplace(NameOf(command));
-    }
-    return names;
-}();
-/// What no routine touches.
-const Names kLeftOut = kEverything - kButtons - kLineButtons - kToolBar - kToolBarEdit - kMenus -
-                       kLineMenus - kLineClip - kCellClip;
-
-TEST_F(CommandStates, EveryCommandHasANameOfItsOwn) {
-    EXPECT_EQ(kEverything.size(), kCommands);
-    EXPECT_EQ(kEverything.count(""), 0U);
+/// A fresh program with every command built, and on or off.
+void Begin(bool enabled) {
+    ResetCommandStates();
+    CMDBTN_Yuko();
+    ForEachCommand([enabled](Command command) {
+        SetBuilt(command);
+        SetEnabled(command, enabled);
+    });
 }
 
-TEST_F(CommandStates, EachRoutineTouchesItsListAndNothingElse) {
-    struct Case {
+TEST(CommandStates, EachRoutineTouchesItsListsAndNothingElse) {
+    Begin(true);
+    Names rest = Now(true);
+    ASSERT_EQ(rest.size(), kCommands) << "each has a name of its own";
+    std::map<std::string, Names> lists;
+    std::istringstream table(ReadWholeFile(QDW8_SOURCE_DIR "/tests/app/command_states.txt"));
+    for (std::string line; std::getline(table, line);) {
+        std::istringstream words(line);
         std::string name;
-        std::function<void()> routine;
-        Names off; ///< what it takes away when everything is on
-        Names on;  ///< what it gives back when everything is off
-    };
-    const Names editLine = kLineButtons + kLineMenus;
-    const std::vector<Case> cases{
-        // A batch holds the commands of no list too.
-        {"CMDBTN_Muko", CMDBTN_Muko, kButtons + kLineButtons + kLeftOut, {}},
-        {"CMDBTN_Yuko", CMDBTN_Yuko, {}, kButtons},
-        {"ToolBar_Muko", ToolBar_Muko, kToolBar + kToolBarEdit, {}},
-        {"ToolBar_Yuko", ToolBar_Yuko, {}, kToolBar},
-        {"Menyu_Muko", Menyu_Muko, kMenus + kLineMenus, {}},
-        {"Menyu_Yuko", Menyu_Yuko, {}, kMenus},
-        {"MenuFunction_Muko", MenuFunction_Muko, {"mnuFunctionCt"}, {}},
-        {"MenuFunction_Yuko", MenuFunction_Yuko, {}, {"mnuFunctionCt"}},
-        {"EditCMD_Muko", EditCMD_Muko, editLine + kLineClip + kCellClip, {}},
-        {"LinePaste_Muko", LinePaste_Muko, kLineClip, {}},
-        {"CellPasteYuko", CellPasteYuko, {}, editLine + kLineClip + kCellClip},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        setAll(true);
-        c.routine();
-        EXPECT_EQ(kEverything - EnabledNames(), c.off);
-        setAll(false);
-        c.routine();
-        EXPECT_EQ(EnabledNames(), c.on);
-    }
-}
-
-TEST_F(CommandStates, ARowSelectionOffersWhatTheClipboardsHold) {
-    const Names copies = kLineButtons + kLineMenus +
-                         Names{"mnuEditCellCopy", "CellCopy", "mnuEditLineCopy", "LineCopy"};
-    const Names linePaste{"mnuEditLinePaste", "LinePaste"};
-    const Names cellPaste{"mnuEditCellPaste", "CellPaste"};
-    for (const Flag line : {kSet, kClear, Flag{1}}) {
-        for (const Flag cell : {kSet, kClear, Flag{1}}) {
-            SCOPED_TRACE(std::to_string(line) + " " + std::to_string(cell));
-            LineCopiedFlag = line;
-            CellCopiedFlag = cell;
-            const Names pastes =
-                (line == kSet ? linePaste : Names{}) + (cell == kSet ? cellPaste : Names{});
-            setAll(false);
-            EditCMD_Yuko();
-            EXPECT_EQ(EnabledNames(), copies + pastes);
-            setAll(true);
-            EditCMD_Yuko();
-            EXPECT_EQ(EnabledNames(), kEverything - (linePaste + cellPaste) + pastes);
+        std::string sign;
+        words >> name >> sign;
+        if (name == "#") {
+            continue;
         }
+        SCOPED_TRACE(line);
+        Names named;
+        for (std::string word; words >> word;) {
+            if (sign == "=") {
+                named.insert(word);
+                rest.erase(word);
+            } else {
+                const Names& list = word == "Rest" ? rest : lists.at(word);
+                named.insert(list.begin(), list.end());
+            }
+        }
+        if (sign == "=") {
+            lists[name] = named;
+            continue;
+        }
+        Begin(sign == "-");
+        int told = 0;
+        Screens().frmMainCommands = [&told] { ++told; };
+        kRoutines.at(name)();
+        Screens() = {};
+        EXPECT_EQ(Now(sign == "+"), named);
+        EXPECT_GE(told, 1);
     }
+    EXPECT_EQ(lists.size(), 11U);
 }
 
-TEST_F(CommandStates, ABatchGivesBackAllButTheEditCommands) {
-    setAll(true);
-    {
-        const CommandsAway away;
-        EXPECT_EQ(EnabledNames(), Names{});
-    }
-    EXPECT_EQ(EnabledNames(), kEverything - kLineButtons - kLineMenus - kLineClip - kCellClip);
-}
-
-TEST_F(CommandStates, TheEditCommandsComeBackAsTheyWere) {
-    setAll(true);
+TEST(CommandStates, NothingIsOnInABatchAndEditCommandsComeBackAsTheyWere) {
+    Begin(true);
     SetEnabled(Command::mnuEditLinePaste, false);
-    const Names before = EnabledNames();
+    const Names before = Now(true);
     {
         const EditCommandsAway away;
-        EXPECT_EQ(EnabledNames(), kEverything - kLineButtons - kLineMenus - kLineClip - kCellClip);
+        EXPECT_NE(Now(true), before);
     }
-    EXPECT_EQ(EnabledNames(), before);
+    EXPECT_EQ(Now(true), before);
+    const CommandsAway away;
+    EXPECT_EQ(Now(true), Names{});
 }
 
-TEST_F(CommandStates, EverythingIsOffAtLoadAndWhatIsNotBuiltStaysOff) {
+TEST(CommandStates, EverythingIsOffAtLoadAndWhatIsNotBuiltStaysOff) {
     ResetCommandStates();
-    EXPECT_EQ(EnabledNames(), Names{});
     SetBuilt(Command::cmdReset);
-    SetBuilt(Command::mnuFileOpen);
-    EXPECT_EQ(EnabledNames(), Names{}) << "start-up has not ended yet";
+    EXPECT_EQ(Now(true), Names{}) << "start-up has not ended yet";
     CMDBTN_Yuko();
     ToolBar_Yuko();
     Menyu_Yuko();
-    EXPECT_EQ(EnabledNames(), (Names{"cmdReset", "mnuFileOpen"}));
-}
-
-TEST_F(CommandStates, TheWindowIsTold) {
-    int told = 0;
-    Screens().frmMainCommands = [&told] { ++told; };
-    for (const auto& routine : {CMDBTN_Muko, CMDBTN_Yuko, ToolBar_Muko, ToolBar_Yuko, Menyu_Muko,
-                                Menyu_Yuko, MenuFunction_Muko, MenuFunction_Yuko, EditCMD_Muko,
-                                EditCMD_Yuko, CellPasteYuko, LinePaste_Muko}) {
-        told = 0;
-        routine();
-        EXPECT_GE(told, 1);
-    }
+    EXPECT_EQ(Now(true), Names{"cmdReset"});
 }
 
 } // namespace

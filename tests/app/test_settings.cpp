@@ -1,6 +1,13 @@
+// Settings, the fields of files, file questions and the transfer dialog.
+
 #include "app/settings.h"
 
+#include "app/Module1.h"
+#include "app/field_reader.h"
+#include "app/file_questions.h"
 #include "app/move_defaults.h"
+#include "app/transfer_dialog.h"
+#include "platform/fault.h"
 #include "support/scripted_platform.h"
 
 #include <gtest/gtest.h>
@@ -11,35 +18,102 @@ namespace {
 TEST(Settings, NumbersAreTheLeadingNumberOfTheText) {
     ScriptedPlatform platform;
     platform.settings = {{"A", " 12ab"}, {"B", "x"}, {"C", "99999"}, {"D", "-3"}};
-    EXPECT_EQ(SettingNumber("A", 5), 12);
-    EXPECT_EQ(SettingNumber("B", 5), 0);
-    EXPECT_EQ(SettingNumber("C", 5), 5);
-    EXPECT_EQ(SettingNumber("D", 5), -3);
-    EXPECT_EQ(SettingNumber("E", 5), 5);
-}
-
-TEST(Settings, AStoredPortIsTakenAsItIs) {
-    ScriptedPlatform platform;
+    for (const auto& [key, value] : {std::pair{"A", 12}, {"B", 0}, {"C", 5}, {"D", -3}, {"E", 5}}) {
+        EXPECT_EQ(SettingNumber(key, 5), value) << key;
+    }
     EXPECT_EQ(StoredPortNo(), 1);
     for (const auto& [stored, taken] : {std::pair{"9", 9}, {"12", 12}, {"99999", 0}}) {
         platform.settings["PortNo"] = stored;
-        EXPECT_EQ(StoredPortNo(), taken);
+        EXPECT_EQ(StoredPortNo(), taken) << "as it is";
     }
 }
 
 TEST(Settings, MotionDefaultsKeepJogWithinItsRange) {
     ScriptedPlatform platform;
-    ReadMoveDefaults();
-    EXPECT_EQ(VelOf100Pls, 20);
-    EXPECT_EQ(AccOf100Pls, 3);
-    EXPECT_EQ(AccOf100Pls2, 3);
-    EXPECT_EQ(AccOfJog, 3);
-    EXPECT_EQ(AccOfJog2, 2);
+    const auto all = [] {
+        return std::vector<int>{VelOf100Pls, AccOf100Pls, AccOf100Pls2, AccOfJog, AccOfJog2};
+    };
+    const std::vector<int> fresh{20, 3, 3, 3, 2};
     platform.settings = {{"AccOfJog", "9"}, {"AccOfJog2", "0"}, {"VelOf100Pls", "60"}};
     ReadMoveDefaults();
-    EXPECT_EQ(AccOfJog, 1);
-    EXPECT_EQ(AccOfJog2, 1);
-    EXPECT_EQ(VelOf100Pls, 60);
+    EXPECT_EQ(all(), (std::vector<int>{60, 3, 3, 1, 1}));
+    ResetMoveDefaults();
+    EXPECT_EQ(all(), fresh);
+    platform.settings.clear();
+    ReadMoveDefaults();
+    EXPECT_EQ(all(), fresh);
+}
+
+TEST(FieldReader, CutsTheText) {
+    using Fields = std::vector<std::string>;
+    for (const auto& [text, fields] : std::vector<std::pair<std::string, Fields>>{
+             {"", {}},
+             {"a,b\r\nc,d\r\n", {"a", "b", "c", "d"}},
+             {"a\nb\rc\r\nd", {"a", "b", "c", "d"}},
+             {"a,,b\n\nc\n\rd", {"a", "", "b", "", "c", "", "d"}},
+             {",", {""}},
+             {"\"\",\"\"\n", {"", ""}},
+             {"  a , b ", {"a ", "b "}},
+             {"\" 44L-100\",2,  \" 30\"", {" 44L-100", "2", " 30"}},
+             {"\"a,b\",\"c\r\nd\",e", {"a,b", "c\r\nd", "e"}},
+             {"\"a\"dropped,b,\"c\"dropped\nd", {"a", "b", "c", "d"}},
+             {"a\"b\",\"it said \"no\" twice\",c", {"a\"b\"", "it said ", "c"}},
+             {"a\tb,\tc", {"a\tb", "\tc"}},
+             {std::string("a\0b,c", 5), {std::string("a\0b", 3), "c"}}}) {
+        FieldReader reader(text);
+        Fields cut;
+        while (!reader.atEnd()) {
+            cut.push_back(reader.next());
+        }
+        EXPECT_EQ(cut, fields) << text;
+        EXPECT_THROW(reader.next(), Fault) << "the end";
+    }
+    FieldReader open("\"abc,1\r\n2\r\n");
+    EXPECT_THROW(open.next(), Fault) << "a quote that never closes";
+    EXPECT_TRUE(open.atEnd());
+}
+
+TEST(FileQuestions, NothingForACancelledDialogAndAnEmptyPath) {
+    ResetModule1();
+    ScriptedPlatform platform;
+    const FileKind kind{351, "qdd"};
+    const std::string filter = "Position Data(*.qdd)|*.qdd|All Files(*.*)|*.*";
+    const FileQuestion open{FileQuestion::Kind::Open,
+                            "Open Position Data file",
+                            filter,
+                            "qdd",
+                            "",
+                            "/f",
+                            kFileMustExist};
+    platform.expectFile(open, FileAnswer{"/f/a.qdd", "a.qdd"});
+    EXPECT_EQ(AskFileToOpen(kind, 364, "/f")->path, "/f/a.qdd");
+    platform.expectFile(open, FileAnswer{});
+    EXPECT_FALSE(AskFileToOpen(kind, 364, "/f"));
+    platform.expectFile({FileQuestion::Kind::Save, "Open Position Data file", filter, "qdd", "x",
+                         "", kOverwritePrompt},
+                        {});
+    EXPECT_FALSE(AskFileToSave(kind, 364, "x"));
+}
+
+TEST(TransferDialog, BarStaysAtItsEndAndTheDialogGoesByItself) {
+    ResetModule1();
+    ResetTransferDialog();
+    TransferCancelFlag = kSet;
+    {
+        const TransferShown shown(10, 368, TransferShown::Cancel::Yes);
+        EXPECT_EQ(TransferCancelFlag, kClear) << "a press of before doesn't count";
+        EXPECT_TRUE(TheTransferDialog().shown && TheTransferDialog().cancelShown);
+        for (const auto& [value, bar] : {std::pair{4, 4}, {11, 10}, {-1, 0}}) {
+            shown.moveTo(value);
+            EXPECT_EQ(TheTransferDialog().prgBar1, bar);
+        }
+        cmdTranceCancel_Click();
+        EXPECT_EQ(TransferCancelFlag, kSet);
+        EXPECT_EQ(GrpMoveStopFlag, kClear) << "no wait is offered to be given up";
+    }
+    EXPECT_FALSE(TheTransferDialog().shown);
+    const TransferShown shown(1, 368);
+    EXPECT_FALSE(TheTransferDialog().cancelShown);
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 // The line on a real pseudo-terminal: what comes late, or by itself, in front of a command.
 
-#include "../platform_qt/pump_until.h"
 #include "link/exchange.h"
 #include "link/line_state.h"
 #include "link/link_reset.h"
@@ -8,6 +7,7 @@
 #include "link/receiver.h"
 #include "platform/platform.h"
 #include "platform/qt/qt_platform.h"
+#include "platform_qt/pump_until.h"
 
 #include <QSocketNotifier>
 #include <QTemporaryDir>
