@@ -52,7 +52,7 @@ struct Machine {
     /// Writes `lasting` to where it outlives the program; false if it cannot. May be empty.
     std::function<bool()> keep;
 
-    int axes = 4; ///< axes the controller has at all
+    int axes = 4;                    ///< axes the controller has at all
     std::string identity = "140A40"; ///< version (3), one character, axes, one character
     std::array<std::string, kAxisCountMax> boards{"121K8R", "121K8R", "121K8R", "121K8R"};
 

@@ -24,7 +24,7 @@ unsigned AxesThere(const Machine& machine);
 unsigned AxesInUse(const Machine& machine);
 
 // Each of these begins a plan; the machine must stand still. A refusal is the alarm to answer with
-// and changes nothing; the alarm stands only for a move past a soft limit, a bad row or a bad group.
+// and changes nothing; that of a move past a soft limit, of a bad row and of a bad group stands.
 using Refusal = std::optional<Alarm>;
 
 Refusal BeginHoming(Machine& machine, unsigned mask, Millis now);
