@@ -191,6 +191,7 @@ OrderResult Frames(Desk& desk, const Words& words) {
 }
 
 OrderResult State(Desk& desk, const Words&) {
+    desk.controller.settle(desk.now);
     const Machine& machine = desk.controller.machine();
     OrderResult result;
     result.lines += std::string("power ") + (desk.controller.powered() ? "on" : "off") + "\n";

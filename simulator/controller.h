@@ -104,6 +104,8 @@ public:
     // --- looking on ---
 
     const Machine& machine() const { return body; }
+    /// Lets happen what was due up to `now`; `machine` then shows that moment.
+    void settle(Millis now);
     /// Pulses of an axis, 0 to 3.
     int position(int axis, Millis now) const;
     /// Frames in order, the last 20000.
@@ -114,7 +116,6 @@ public:
     void clearCounters();
 
 private:
-    void settle(Millis now);
     void obeyFrame(const std::string& frame, Millis now);
     void send(const std::string& reply, const std::optional<Fault>& fault, Millis at);
     void post(Outgoing out);
