@@ -5,6 +5,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <fstream>
+#include <iterator>
 #include <sstream>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -187,13 +188,12 @@ FileState LoadMemory(const std::string& path, Memory& memory, std::string& probl
         return FileState::Broken;
     }
     std::ifstream file(path, std::ios::binary);
-    std::ostringstream content;
-    content << file.rdbuf();
-    if (!file || !content) {
+    const std::string content{std::istreambuf_iterator<char>(file), {}};
+    if (file.bad() || !file.is_open()) {
         problem = "cannot be read";
         return FileState::Broken;
     }
-    return MemoryFromText(content.str(), memory, problem) ? FileState::Read : FileState::Broken;
+    return MemoryFromText(content, memory, problem) ? FileState::Read : FileState::Broken;
 }
 
 bool SaveMemory(const std::string& path, const Memory& memory, std::string& problem) {

@@ -58,9 +58,9 @@ const std::vector<Valued>& ValuedOptions() {
              o.mask = ParseMask(v);
              return o.mask.has_value();
          }},
-        {"--identity", "six characters",
+        {"--identity", "a text of six characters",
          [](const std::string& v, Options& o) { return TakeSix(v, o.identity); }},
-        {"--board", "six characters",
+        {"--board", "a text of six characters",
          [](const std::string& v, Options& o) { return TakeSix(v, o.board); }},
         {"--handful", "a number from 1 to 4096",
          [](const std::string& v, Options& o) {

@@ -24,10 +24,12 @@ struct Talk {
         return bytes;
     }
 
-    /// On to a moment as an owner with a clock goes: from event to event. Gives what came before it.
+    /// On to a moment as an owner with a clock goes: from event to event. Gives what came before
+    /// it.
     std::string goOnTo(Millis moment) {
         std::string early;
-        for (auto next = controller.nextDue(); next && *next < moment; next = controller.nextDue()) {
+        for (auto next = controller.nextDue(); next && *next < moment;
+             next = controller.nextDue()) {
             if (*next < now) {
                 return "the next event lies in the past";
             }
@@ -45,19 +47,15 @@ struct Talk {
         std::istringstream stream(text);
         const OrderResult result =
             ObeyControl(controller, Words{std::istream_iterator<std::string>(stream), {}}, now);
-        std::string answer = result.problem.empty() ? result.lines : "error";
-        for (std::size_t end = 0; (end = answer.find('\n')) != std::string::npos;) {
-            answer.replace(end, 1, end + 1 < answer.size() ? " / " : "");
-        }
-        return answer;
+        return result.problem.empty() ? Joined(result.lines) : "error";
     }
 };
 
 void Play(const Script& script) {
     Talk talk;
     for (const ScriptLine& line : script.lines) {
-        const std::string time = line.field(0);
-        const std::string request = line.field(1);
+        const std::string time = line.fields[0];
+        const std::string request = line.fields[1];
         const Millis moment = std::stoll(time) + (time[0] == '+' ? talk.now : 0);
         ExpectShown(script, line, Shown(talk.goOnTo(moment)), "");
         std::string came;
@@ -75,7 +73,7 @@ void Play(const Script& script) {
             came = Shown(talk.take(talk.now));
             EXPECT_TRUE(announced || !silent || came.empty()) << script.file << ':' << line.number;
         }
-        ExpectShown(script, line, came, line.field(2));
+        ExpectShown(script, line, came, line.fields[2]);
     }
     ExpectShown(script, script.lines.back(), Shown(talk.goOnTo(talk.now + kLongestWait)), "");
 }

@@ -1,443 +1,186 @@
-// qd-k8-sim as a process: its terminal, its options, its control input, its end.
+// qd-k8-sim as a process: stories of somebody who starts it, and what a story can't tell.
+
+#include "scripts.h"
 
 #include <array>
+#include <chrono>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <optional>
 #include <poll.h>
 #include <regex>
-#include <sstream>
-#include <string>
 #include <sys/ioctl.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
-#include <vector>
+#include <utility>
 
 namespace {
 
 namespace fs = std::filesystem;
-
-// Far beyond anything that is waited for; only a hang ever reaches it.
-constexpr int kLimit = 60000;
+using namespace qdk8::test;
 
 bool Readable(int file) {
+    constexpr int kLimit = 60000; // far beyond anything that is waited for: only a hang reaches it
     pollfd wanted{file, POLLIN, 0};
     return ::poll(&wanted, 1, kLimit) == 1;
 }
 
-std::string ReadLine(int file) {
-    std::string line;
+/// Up to and with `end`; less when the file ends.
+std::string ReadUpTo(int file, const std::string& end) {
+    std::string text;
     char c = 0;
-    while (Readable(file) && ::read(file, &c, 1) == 1 && c != '\n') {
-        line += c;
+    while ((text.size() < end.size() || text.substr(text.size() - end.size()) != end) &&
+           Readable(file) && ::read(file, &c, 1) == 1) {
+        text += c;
     }
-    return line;
+    return text;
 }
 
-std::string ReadAll(int file) {
-    std::string all;
-    std::array<char, 1024> buffer{};
-    ssize_t n = 0;
-    while (Readable(file) && (n = ::read(file, buffer.data(), buffer.size())) > 0) {
-        all.append(buffer.data(), static_cast<std::size_t>(n));
-    }
-    return all;
+void Write(int file, const std::string& bytes) {
+    EXPECT_EQ(::write(file, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
 }
 
-class Simulator {
-public:
-    explicit Simulator(std::vector<std::string> options) {
-        std::array<int, 2> in{}, out{}, err{};
-        if (::pipe2(in.data(), O_CLOEXEC) != 0 || ::pipe2(out.data(), O_CLOEXEC) != 0 ||
-            ::pipe2(err.data(), O_CLOEXEC) != 0) {
-            std::abort();
-        }
-        options.insert(options.begin(), SIMULATOR_PROGRAM);
-        std::vector<char*> texts;
-        texts.reserve(options.size() + 1);
-        for (std::string& option : options) {
-            texts.push_back(option.data());
-        }
-        texts.push_back(nullptr);
-        process = ::fork();
-        if (process == 0) {
-            ::dup2(in[0], 0);
-            ::dup2(out[1], 1);
-            ::dup2(err[1], 2);
-            ::execv(texts[0], texts.data());
-            ::_exit(127);
-        }
-        ::close(in[0]);
-        ::close(out[1]);
-        ::close(err[1]);
-        input = in[1];
-        output = out[0];
-        errors = err[0];
+/// What a shell command prints to both of its outputs.
+std::string OutputOf(const std::string& command) {
+    std::string text;
+    FILE* pipe = ::popen(("{ " + command + "; } 2>&1").c_str(), "r");
+    for (int c = 0; (c = std::fgetc(pipe)) != EOF;) {
+        text += static_cast<char>(c);
     }
-    Simulator(const Simulator&) = delete;
-    Simulator& operator=(const Simulator&) = delete;
-    ~Simulator() {
-        if (process > 0) {
-            ::kill(process, SIGKILL);
-            ::waitpid(process, nullptr, 0);
-        }
-        for (const int file : {input, output, errors}) {
-            if (file >= 0) {
-                ::close(file);
-            }
-        }
-    }
+    ::pclose(pipe);
+    return Joined(text);
+}
 
-    // The slave's name from the line "qd-k8-sim <event> on NAME".
-    std::string place(const std::string& event) {
-        const std::string line = ReadLine(output);
-        const std::string head = "qd-k8-sim " + event + " on ";
-        EXPECT_EQ(line.substr(0, head.size()), head) << line;
-        return line.size() > head.size() ? line.substr(head.size()) : "";
-    }
-
-    // Sends a control line; gives the answer's lines, the last one "ok" or "error: ...".
-    std::vector<std::string> control(const std::string& line) {
-        const std::string whole = line + "\n";
-        EXPECT_EQ(::write(input, whole.data(), whole.size()), static_cast<ssize_t>(whole.size()));
-        std::vector<std::string> lines;
-        do {
-            lines.push_back(ReadLine(output));
-        } while (!lines.back().empty() && lines.back() != "ok" &&
-                 lines.back().substr(0, 7) != "error: ");
-        return lines;
-    }
-
-    void closeInput() {
-        ::close(input);
-        input = -1;
-    }
-
-    void signal(int number) const { ::kill(process, number); }
-
-    // Waits for the end; gives the exit status.
-    int wait() {
-        int status = 0;
-        ::waitpid(process, &status, 0);
-        process = -1;
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
-
-    int output = -1;
-    int errors = -1;
-
-private:
+/// One simulator in a folder of its own, and the program's end of its line.
+struct Story {
+    fs::path folder;
     pid_t process = -1;
-    int input = -1;
-};
+    int desk = -1;     ///< its standard input and output
+    std::string place; ///< of the terminal
+    int port = -1;
 
-// The program's end of the line.
-class Port {
-public:
-    explicit Port(const std::string& name) : handle(::open(name.c_str(), O_RDWR | O_NOCTTY)) {
-        EXPECT_GE(handle, 0) << name;
-    }
-    Port(const Port&) = delete;
-    Port& operator=(const Port&) = delete;
-    ~Port() { ::close(handle); }
-
-    void write(const std::string& bytes) const {
-        EXPECT_EQ(::write(handle, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
-    }
-    // Up to the terminator, or what came before the line ended.
-    std::string readReply() const {
-        std::string reply;
-        char c = 0;
-        while (reply.find("\r\n") == std::string::npos && Readable(handle) &&
-               ::read(handle, &c, 1) == 1) {
-            reply += c;
-        }
-        return reply;
-    }
-    std::string ask(const std::string& frame) const {
-        write(frame + "\r\n");
-        return readReply();
-    }
-    int file() const { return handle; }
-
-private:
-    int handle;
-};
-
-class SimulatorProgram : public testing::Test {
-protected:
-    void SetUp() override {
+    Story() {
         std::string name = (fs::temp_directory_path() / "qdk8-XXXXXX").string();
         folder = ::mkdtemp(name.data());
+        fs::current_path(folder);
     }
-    void TearDown() override { fs::remove_all(folder); }
-    std::string file(const char* name) const { return (folder / name).string(); }
+    ~Story() {
+        end();
+        fs::current_path("/");
+        fs::remove_all(folder);
+    }
 
-    fs::path folder;
+    /// The exit status; the negative number of a signal that ended it.
+    int end(int signal = SIGKILL) {
+        int status = 0;
+        if (process > 0) {
+            ::kill(process, signal);
+            ::waitpid(process, &status, 0);
+        }
+        process = -1;
+        for (int* file : {&desk, &port}) {
+            ::close(std::exchange(*file, -1));
+        }
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+    }
+
+    void start(const std::string& options) {
+        end();
+        std::array<int, 2> ends{};
+        EXPECT_EQ(::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()), 0);
+        const std::string command = "exec qd-k8-sim " + options + " 2>>errors";
+        process = ::fork();
+        if (process == 0) {
+            ::dup2(ends[1], 0);
+            ::dup2(ends[1], 1);
+            ::execl("/bin/sh", "sh", "-fc", command.c_str(), nullptr);
+            ::_exit(127);
+        }
+        ::close(ends[1]);
+        desk = ends[0];
+        const std::string line = ReadUpTo(desk, "\n");
+        EXPECT_EQ(line.rfind("qd-k8-sim ready on /dev/", 0), 0U) << line;
+        place = line.substr(line.find("/dev"), line.rfind('\n') - line.find("/dev"));
+    }
+
+    std::string order(const std::string& line) const {
+        Write(desk, line + "\n");
+        std::string answer;
+        std::string last;
+        do {
+            last = ReadUpTo(desk, "\n");
+            answer += last;
+        } while (!last.empty() && last != "ok\n" && last.rfind("error", 0) != 0);
+        return Joined(std::regex_replace(answer, std::regex("(error| on).*|ok\n"), "$1"));
+    }
 };
 
-TEST_F(SimulatorProgram, AnswersOnItsTerminalAndOutlivesWhoOpensIt) {
-    Simulator simulator({"--unpaced"});
-    const std::string name = simulator.place("ready");
-    for (int round = 0; round < 3; ++round) {
-        const Port port(name);
-        EXPECT_EQ(port.ask("0RV"), "0RV140A40\r\n") << round;
-        EXPECT_EQ(port.ask("0RP3E7").size(), 48U) << round;
+/// Plays one line; gives what is compared with its last field.
+std::string Play(Story& story, const std::string& text) {
+    const std::size_t blank = text.find(' ');
+    const std::string verb = text.substr(0, blank);
+    const std::string rest = blank == std::string::npos ? "" : text.substr(blank + 1);
+    if (verb == "$") {
+        return OutputOf(rest);
     }
-    simulator.signal(SIGTERM);
-    EXPECT_EQ(simulator.wait(), 0);
+    if (verb == ">") {
+        return story.order(rest);
+    }
+    if (verb == "start") {
+        story.start(rest);
+    } else if (verb == "signal") {
+        return std::to_string(story.end(std::stoi(rest)));
+    } else if (verb == "open") {
+        story.port = ::open((rest.empty() ? story.place : rest).c_str(), O_RDWR | O_NOCTTY);
+    } else if (verb == "close") {
+        ::close(std::exchange(story.port, -1));
+    } else if (verb == "unread") {
+        Write(story.port, rest + "\r\n");
+        return Readable(story.port) ? "" : "nothing to read";
+    } else if (verb == "lock") {
+        return ::ioctl(story.port, TIOCEXCL) == 0 ? "" : "not to be locked";
+    } else if (verb == "unlocked") {
+        int locked = -1; // asked of the line itself: the lock would not hold the superuser
+        return ::ioctl(story.port, TIOCGEXCL, &locked) == 0 && locked == 0 ? "" : "locked";
+    } else {
+        Write(story.port, verb == "-" ? "" : text + "\r\n");
+        return Shown(ReadUpTo(story.port, "\r\n"));
+    }
+    return "";
+}
+
+class SimulatorProgram : public testing::Test {
+    void SetUp() override {
+        const std::string path = fs::path(SIMULATOR_PROGRAM).parent_path().string() + ":";
+        ::setenv("PATH", (path + std::getenv("PATH")).c_str(), 1);
+        ::setenv("ERROR_LIST", ERROR_LIST, 1);
+    }
+};
+
+TEST_F(SimulatorProgram, GoesThroughItsStories) {
+    for (const Script& script : ReadScripts(STORIES)) {
+        Story story;
+        for (const ScriptLine& line : script.lines) {
+            ExpectShown(script, line, Play(story, line.fields[0]), line.fields[1]);
+        }
+    }
 }
 
 TEST_F(SimulatorProgram, KeepsThePaceOfTheLine) {
-    Simulator simulator({});
-    const Port port(simulator.place("ready"));
-    timespec start{};
-    ::clock_gettime(CLOCK_MONOTONIC, &start);
-    for (int i = 0; i < 10; ++i) {
-        ASSERT_EQ(port.ask("0RP001").size(), 48U);
+    Story story;
+    story.start("--handful 3");
+    Play(story, "open");
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < 5; ++i) {
+        EXPECT_EQ(Play(story, "0RP001").size(), 46U);
     }
-    timespec end{};
-    ::clock_gettime(CLOCK_MONOTONIC, &end);
-    const double took = static_cast<double>(end.tv_sec - start.tv_sec) +
-                        static_cast<double>(end.tv_nsec - start.tv_nsec) / 1e9;
-    EXPECT_GE(took, 10 * 56 * 10 / 9600.0) << "faster than 9600 baud can be";
-}
-
-TEST_F(SimulatorProgram, MakesItsLinkAndTakesItAway) {
-    for (const int signal : {SIGINT, SIGTERM}) {
-        Simulator simulator({"--link", file("com1"), "--unpaced"});
-        const std::string name = simulator.place("ready");
-        EXPECT_EQ(fs::read_symlink(file("com1")), name);
-        EXPECT_EQ(Port(file("com1")).ask("0RA"), "0RA1\r\n");
-        simulator.signal(signal);
-        EXPECT_EQ(simulator.wait(), 0);
-        EXPECT_FALSE(fs::is_symlink(file("com1")));
-    }
-}
-
-TEST_F(SimulatorProgram, ReplacesAnOldLinkButNoFile) {
-    fs::create_symlink("/nowhere", file("com1"));
-    {
-        Simulator simulator({"--link=" + file("com1")});
-        EXPECT_EQ(fs::read_symlink(file("com1")), simulator.place("ready"));
-    }
-    std::ofstream(file("com2")) << "precious";
-    Simulator refused({"--link", file("com2")});
-    EXPECT_EQ(refused.wait(), 1);
-    EXPECT_NE(ReadAll(refused.errors).find("com2"), std::string::npos);
-    EXPECT_EQ(fs::file_size(file("com2")), 8U);
-}
-
-TEST_F(SimulatorProgram, RefusesWrongOptionsInOneLine) {
-    const std::vector<std::vector<std::string>> all{{"--nonsense"},
-                                                    {"stray"},
-                                                    {"--axes", "5"},
-                                                    {"--axes"},
-                                                    {"--mask", "10"},
-                                                    {"--identity", "12345"},
-                                                    {"--alarm", "6"},
-                                                    {"--alarm=11:5000"},
-                                                    {"--fault", "0RP:1:explode"},
-                                                    {"--turnaround", "-1"},
-                                                    {"--link", ""}};
-    for (const auto& options : all) {
-        Simulator simulator(options);
-        EXPECT_EQ(simulator.wait(), 2) << options[0];
-        const std::string errors = ReadAll(simulator.errors);
-        EXPECT_EQ(errors.find('\n'), errors.size() - 1) << errors;
-        EXPECT_EQ(errors.find("qd-k8-sim: "), 0U) << errors;
-    }
-}
-
-TEST_F(SimulatorProgram, ExplainsItself) {
-    Simulator simulator({"--help"});
-    const std::string help = ReadAll(simulator.output);
-    for (const char* word :
-         {"--link", "--memory", "--unpaced", "--axes", "--mask", "--identity", "--fault", "--alarm",
-          "--control", "--blank", "hangup", "noise-inside", "power off"}) {
-        EXPECT_NE(help.find(word), std::string::npos) << word;
-    }
-    EXPECT_EQ(simulator.wait(), 0);
-}
-
-TEST_F(SimulatorProgram, NamesItsAlarmsAsTheErrorListDoes) {
-    std::stringstream list;
-    list << std::ifstream(ERROR_LIST).rdbuf();
-    std::istringstream help(ReadAll(Simulator({"--help"}).output));
-    const std::regex alarm(" +([01])([0-9A-F]) ([A-Z].*)");
-    std::smatch found;
-    int alarms = 0;
-    for (std::string line; std::getline(help, line);) {
-        if (!std::regex_match(line, found, alarm)) {
-            continue;
-        }
-        ++alarms;
-        // The list counts the classes from 1.
-        const std::string entry = std::string(found[1] == "0" ? "\"1" : "\"2") + found[2].str() +
-                                  "\",\"" + found[3].str() + "\"";
-        EXPECT_NE(list.str().find(entry), std::string::npos) << line;
-    }
-    EXPECT_GE(alarms, 12);
-}
-
-TEST_F(SimulatorProgram, RefusesABrokenMemoryFile) {
-    { // a good one first
-        Simulator simulator({"--memory", file("memory")});
-        simulator.place("ready");
-        simulator.signal(SIGTERM);
-        ASSERT_EQ(simulator.wait(), 0);
-    }
-    std::stringstream content;
-    content << std::ifstream(file("memory")).rdbuf();
-    std::ofstream(file("memory"), std::ios::trunc) << content.str().substr(0, 5000);
-    Simulator simulator({"--memory", file("memory")});
-    EXPECT_EQ(simulator.wait(), 1);
-    const std::string errors = ReadAll(simulator.errors);
-    EXPECT_EQ(errors.find('\n'), errors.size() - 1) << errors;
-    EXPECT_NE(errors.find("cut"), std::string::npos) << errors;
-    EXPECT_EQ(fs::file_size(file("memory")), 5000U) << "left for whoever wants to mend it";
-
-    Simulator nowhere({"--memory", file("no/such/memory")});
-    EXPECT_EQ(nowhere.wait(), 1);
-}
-
-TEST_F(SimulatorProgram, KeepsInItsFileWhatWasCommitted) {
-    const std::vector<std::string> options{"--unpaced", "--control", "--memory", file("memory")};
-    {
-        Simulator simulator(options);
-        const Port port(simulator.place("ready"));
-        EXPECT_EQ(port.ask("0WG01007008"), "0WG01\r\n");
-        EXPECT_EQ(port.ask("0WE3"), "0WE3\r\n");
-        simulator.signal(SIGKILL); // a commit is on the disk before it is acknowledged
-        simulator.wait();
-    }
-    {
-        Simulator simulator(options);
-        const Port port(simulator.place("ready"));
-        EXPECT_EQ(port.ask("0RG01"), "0RG01007008\r\n");
-        EXPECT_EQ(port.ask("0WG01001001"), "0WG01\r\n");
-        EXPECT_EQ(port.ask("0WP0021E30030D41E30000001E30000001E20000000000"), "0WP002\r\n");
-        EXPECT_EQ(simulator.control("power off").back(), "ok");
-        EXPECT_EQ(simulator.control("power on").back(), "ok");
-        EXPECT_EQ(port.ask("0RG01"), "0RG01007008\r\n") << "not committed, so lost";
-        EXPECT_EQ(simulator.control("quit").back(), "ok");
-        EXPECT_EQ(simulator.wait(), 0);
-    }
-    Simulator simulator(options);
-    const Port port(simulator.place("ready"));
-    EXPECT_EQ(port.ask("0RP002"), "0RP0021E30030D41E30000001E30000001E20000000000\r\n");
-}
-
-TEST_F(SimulatorProgram, AcknowledgesNoCommitThatItsFileDoesNotHold) {
-    Simulator simulator({"--unpaced", "--control", "--memory", file("memory")});
-    const Port port(simulator.place("ready"));
-    fs::create_directory(file("memory.new")); // in the way of the fresh file
-    EXPECT_EQ(port.ask("0WG01007008"), "0WG01\r\n");
-    EXPECT_EQ(port.ask("0WE3"), "0%%10E\r\n");
-    EXPECT_NE(ReadLine(simulator.errors).find(file("memory")), std::string::npos);
-    fs::remove(file("memory.new"));
-    EXPECT_EQ(port.ask("0WE3"), "0WE3\r\n");
-}
-
-TEST_F(SimulatorProgram, HangsUpAndComesBack) {
-    Simulator simulator(
-        {"--unpaced", "--control", "--link", file("com1"), "--fault", "0RP:3:hangup=4"});
-    simulator.place("ready");
-    {
-        const Port port(file("com1"));
-        EXPECT_EQ(port.ask("0RP001").size(), 48U);
-        EXPECT_EQ(port.ask("0RP002").size(), 48U);
-        const std::string last = port.ask("0RP003");
-        EXPECT_EQ(last.find("\r\n"), std::string::npos) << "the line ended in the middle";
-        pollfd line{port.file(), POLLIN, 0};
-        ASSERT_EQ(::poll(&line, 1, kLimit), 1);
-        EXPECT_NE(line.revents & POLLHUP, 0);
-    }
-    EXPECT_FALSE(fs::is_symlink(file("com1")));
-    const auto answer = simulator.control("plug");
-    ASSERT_EQ(answer.size(), 2U);
-    EXPECT_EQ(answer[0], "qd-k8-sim plugged on " + fs::read_symlink(file("com1")).string());
-    EXPECT_EQ(Port(file("com1")).ask("0RP003").size(), 48U);
-    EXPECT_EQ(simulator.control("hangup").back(), "ok");
-    EXPECT_EQ(simulator.control("hangup").back(), "ok") << "twice does no harm";
-}
-
-TEST_F(SimulatorProgram, IsDrivenByItsControlInput) {
-    Simulator simulator({"--unpaced", "--control"});
-    const Port port(simulator.place("ready"));
-    EXPECT_EQ(simulator.control("alarm 0 6").back(), "ok");
-    EXPECT_EQ(port.ask("0CM1"), "0%%006\r\n");
-    EXPECT_EQ(simulator.control("alarm clear").back(), "ok");
-    EXPECT_EQ(port.ask("0CM1"), "0CM1\r\n");
-    EXPECT_EQ(simulator.control("alarm 0%%134 announce").back(), "ok");
-    EXPECT_EQ(port.readReply(), "0%%134\r\n");
-    EXPECT_EQ(simulator.control("input 0A5F03").back(), "ok");
-    EXPECT_EQ(port.ask("0RI"), "0RI0A5F03\r\n");
-    EXPECT_EQ(simulator.control("fault 0RH:1:echo").back(), "ok");
-    EXPECT_EQ(port.ask("0RH"), "0ZZ0\r\n");
-    EXPECT_EQ(simulator.control("mask 1").back(), "ok");
-    EXPECT_EQ(port.ask("0RV2"), "0%%024\r\n");
-    EXPECT_EQ(simulator.control("stats"),
-              (std::vector<std::string>{"0CM 2", "0RH 1", "0RI 1", "0RV 1", "ok"}));
-    EXPECT_EQ(simulator.control("state").at(1), "alarm 0%%134");
-    for (const char* wrong : {"explode", "alarm", "alarm 9z", "power", "input 12", "fault x",
-                              "mask 1F", "alarm 11 for 100", "plug"}) {
-        EXPECT_EQ(simulator.control(wrong).back().substr(0, 7), "error: ") << wrong;
-    }
-}
-
-TEST_F(SimulatorProgram, TakesItsMachineFromTheOptions) {
-    Simulator simulator({"--unpaced", "--axes", "2", "--mask", "3", "--board", "007K8R", "--alarm",
-                         "0%%101", "--fault", "0RI:2:reply=0RI00", "--blank"});
-    const Port port(simulator.place("ready"));
-    EXPECT_EQ(port.ask("0RV"), "0RV140A20\r\n");
-    EXPECT_EQ(port.ask("0RV2"), "0RV2007K8R\r\n");
-    EXPECT_EQ(port.ask("0RC3"), "0RC30000000000\r\n");
-    EXPECT_EQ(port.ask("0CM1"), "0%%101\r\n");
-    EXPECT_EQ(port.ask("0RP001").substr(0, 15), "0RP0011E3000000");
-    EXPECT_EQ(port.ask("0RI"), "0RI000000\r\n");
-    EXPECT_EQ(port.ask("0RI"), "0RI00\r\n");
-}
-
-TEST_F(SimulatorProgram, ForgetsWhatArrivedAtAClosedPort) {
-    Simulator simulator({"--unpaced", "--control"});
-    const std::string name = simulator.place("ready");
-    {
-        const Port port(name);
-        EXPECT_EQ(port.ask("0RA"), "0RA1\r\n");
-        port.write("0RH\r\n");
-        EXPECT_TRUE(Readable(port.file())); // the reply is there, and nobody takes it
-    }
-    simulator.control("state"); // the simulator has seen the port close
-    EXPECT_EQ(Port(name).ask("0RA"), "0RA1\r\n");
-}
-
-TEST_F(SimulatorProgram, AKilledProgramDoesNotLockThePort) {
-    Simulator simulator({"--unpaced", "--control"});
-    const std::string name = simulator.place("ready");
-    {
-        const Port port(name);
-        EXPECT_EQ(port.ask("0RA"), "0RA1\r\n");
-        ASSERT_EQ(::ioctl(port.file(), TIOCEXCL), 0);
-    }
-    simulator.control("state"); // the simulator has seen the port close
-    // Asked of the line itself: the lock would not hold the superuser.
-    const Port port(name);
-    int locked = -1;
-    ASSERT_EQ(::ioctl(port.file(), TIOCGEXCL, &locked), 0);
-    EXPECT_EQ(locked, 0);
-}
-
-TEST_F(SimulatorProgram, EndsWithItsControlInput) {
-    Simulator simulator({"--control"});
-    simulator.place("ready");
-    simulator.closeInput();
-    EXPECT_EQ(simulator.wait(), 0);
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
+    EXPECT_GE(took.count(), 5 * 56 * 10 / 9600.0) << "faster than 9600 baud can be";
 }
 
 } // namespace

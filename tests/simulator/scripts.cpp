@@ -25,7 +25,10 @@ std::vector<Script> ReadScripts(const std::string& folder) {
             } else if (!text.empty() && text[0] != '#') {
                 text.erase(0, text.find_first_not_of(' '));
                 const std::sregex_token_iterator first(text.begin(), text.end(), gap, -1);
-                scripts.back().lines.push_back({number, {first, {}}});
+                ScriptLine line{number, {first, {}}};
+                EXPECT_LE(line.fields.size(), 3U) << file << ':' << number;
+                line.fields.resize(3);
+                scripts.back().lines.push_back(line);
             }
         }
     }
@@ -47,11 +50,16 @@ std::string Shown(const std::string& bytes) {
     return text;
 }
 
+std::string Joined(std::string lines) {
+    lines.erase(lines.find_last_not_of('\n') + 1);
+    return std::regex_replace(lines, std::regex("\n"), " / ");
+}
+
 void ExpectShown(const Script& script, const ScriptLine& line, const std::string& came,
                  const std::string& wanted) {
     if (came != wanted) {
         ADD_FAILURE_AT(script.file.c_str(), line.number)
-            << script.title << ": " << line.field(0) << "  " << line.field(1) << "\n  came    "
+            << script.title << ": " << line.fields[0] << "  " << line.fields[1] << "\n  came    "
             << came << "\n  wanted  " << wanted;
     }
 }

@@ -5,15 +5,10 @@
 
 namespace qdk8::test {
 
-/// One line of a script: its fields stand two or more blanks apart.
+/// One line of a script. Its fields stand two or more blanks apart; those that it lacks are empty.
 struct ScriptLine {
-    int number = 0; ///< in its file, from 1
-    std::vector<std::string> fields;
-
-    /// The field, empty when the line has fewer.
-    std::string field(std::size_t index) const {
-        return index < fields.size() ? fields[index] : "";
-    }
+    int number = 0;                  ///< in its file, from 1
+    std::vector<std::string> fields; ///< three
 };
 
 /// What stands below one "== title" of a file. Lines that begin with # are for the reader.
@@ -26,9 +21,12 @@ struct Script {
 /// All scripts of all files of a folder; at least one, or the test fails.
 std::vector<Script> ReadScripts(const std::string& folder);
 
-/// Bytes as a script shows them: CR and LF as escapes, those at the end of a text left out, "&" behind
-/// a text that ends otherwise.
+/// Bytes as a script shows them: CR and LF as escapes, those at the end of a text left out, "&"
+/// behind a text that ends otherwise.
 std::string Shown(const std::string& bytes);
+
+/// Lines in one, " / " between them.
+std::string Joined(std::string lines);
 
 /// Fails the test at a line of a script unless both texts are equal.
 void ExpectShown(const Script& script, const ScriptLine& line, const std::string& came,
