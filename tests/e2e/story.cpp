@@ -116,7 +116,7 @@ void Play(const Part& part, const QStringList& told, const QString& within) {
         NowAt(within + line.place);
         const QStringList words = Meant(line.words, part.head, told);
         const QString word = words[0];
-        if (made.contains(word)) {
+        if (made.contains(word) && words.size() > made[word].head.size()) {
             Play(made[word], words.mid(1), within + line.place + u'\n');
         } else if (known.contains(word)) {
             known[word](words.mid(1));
