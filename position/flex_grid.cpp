@@ -73,6 +73,11 @@ void SetGridColour(int row, int column, CellColour colour) {
     Tell();
 }
 
+void SetGridBad(int row, int column, bool bad) {
+    RowAt(row, column).bad.set(static_cast<std::size_t>(column), bad);
+    Tell();
+}
+
 void SetCurrentText(const std::string& text) {
     if (grid.fillMode == FillMode::OneCell) {
         SetGridText(grid.row, grid.col, text);

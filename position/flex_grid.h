@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <bitset>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -31,6 +32,7 @@ struct Rgb {
     std::uint8_t blue = 0;
 };
 Rgb RgbOf(CellColour colour);
+inline constexpr Rgb kBadCell{0xFF, 0x80, 0x80};
 
 /// Where a text written to the current cell goes.
 enum class FillMode : std::uint8_t {
@@ -49,6 +51,7 @@ struct FlexGrid {
     struct Row {
         std::array<std::string, kGridColumns> text;
         std::array<CellColour, kGridColumns> colour{};
+        std::bitset<kGridColumns> bad{}; ///< cells that the last check refused
     };
     std::vector<Row> rows = std::vector<Row>(kGridHeadRows);
     int row = 0; ///< current cell
@@ -70,6 +73,8 @@ void SetGridRows(int count);
 const std::string& GridText(int row, int column);
 void SetGridText(int row, int column, const std::string& text);
 void SetGridColour(int row, int column, CellColour colour);
+/// Marks a cell as refused by a check, or no longer; the mark goes with the row.
+void SetGridBad(int row, int column, bool bad);
 /// Writes a text to the current cell, or to the selection, by the fill mode.
 void SetCurrentText(const std::string& text);
 void SetFillMode(FillMode mode);

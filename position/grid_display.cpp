@@ -2,6 +2,7 @@
 
 #include "app/number_forms.h"
 #include "device/Module2Calc.h"
+#include "position/bad_cells.h"
 #include "position/flex_grid.h"
 #include "position/posi_columns.h"
 #include "position/posi_table.h"
@@ -115,6 +116,7 @@ void ShowTable() {
 void QdDataHyoji_3() {
     if (GridFirst != 0 || GridLast != 0) {
         FreezeGrid();
+        ClearBadCells();
         ShowTable();
         GridHome();
         ThawGrid();

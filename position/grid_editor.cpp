@@ -75,6 +75,7 @@ void WriteToSelection(const std::string& text) {
 } // namespace
 
 void flgdData_CellChanged(int row, int column) {
+    SetGridBad(row, column, false);
     RestoreBlockColour(row, column);
 }
 

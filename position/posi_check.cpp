@@ -5,6 +5,7 @@
 #include "app/screens.h"
 #include "device/Module2Calc.h"
 #include "device/axis_device.h"
+#include "position/bad_cells.h"
 #include "position/check_result.h"
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
@@ -135,6 +136,7 @@ PosiCheck RunCheck() {
         return PosiCheck::Committed;
     }
     SyogoMode = 0;
+    MarkBadCells();
     Screens().frmSyogoKekka();
     ClearPosiErrors();
     PosiErrorCount = 0;
@@ -156,6 +158,7 @@ PosiCheck PosiDataCheck3() {
     ClearPosiErrors();
     PosiRowError.fill(kClear);
     PosiErrorCount = 0;
+    ClearBadCells();
     if (flgdData().rows.size() == kGridHeadRows) {
         GridFirst = GridLast = 0;
     }

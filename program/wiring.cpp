@@ -54,11 +54,11 @@ QWidget* Parent() {
 /// What the toolkit itself says, and the font, in the language of the run.
 void DressForLanguage() {
     if (LanguageBase != 0) {
-        return;
+        return; // the toolkit's own texts are English
     }
-    // The table has no rows for what follows OK and Cancel.
-    SetStandardTexts({ResText(1403), ResText(1404), "はい(&Y)", "いいえ(&N)", "開く(&O)",
-                      "保存(&S)", "場所:", "ファイル名:", "ファイルの種類:"});
+    SetStandardTexts({ResText(1403), ResText(1404), ResText(3070) + "(&Y)", ResText(3071) + "(&N)",
+                      ResText(3072) + "(&O)", ResText(3073) + "(&S)", ResText(3074), ResText(3075),
+                      ResText(3076)});
     QFont font = QApplication::font();
     font.setFamilies({"Noto Sans CJK JP", "IPAGothic", font.family()});
     QApplication::setFont(font);

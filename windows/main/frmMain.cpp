@@ -1,7 +1,9 @@
 #include "windows/main/frmMain.h"
 
+#include "position/flex_grid.h"
 #include "position/grid_clipboard.h"
 #include "position/grid_editor.h"
+#include "position/posi_columns.h"
 #include "windows/controls/icons.h"
 #include "windows/controls/labels.h"
 #include "windows/controls/load_form_resources.h"
@@ -51,7 +53,13 @@ frmMain::frmMain(const CommandTable& commands, MainWindowEvents handlers)
     BuildMenus(*this, controls, table, routine);
     toolBar = BuildToolBar(*this, controls, table, routine);
 
-    grid = new GridView({events.rowColChange, routine}, this);
+    const auto moved = [this](int row, int column, int rowSel, int columnSel) {
+        if (events.rowColChange) {
+            events.rowColChange(row, column, rowSel, columnSel);
+            showLimits();
+        }
+    };
+    grid = new GridView({moved, routine}, this);
 
     auto* middle = new QWidget(this);
     auto* layout = new QVBoxLayout(middle);
@@ -201,7 +209,7 @@ void frmMain::makeStatusBar() {
     auto* bar = new QStatusBar(this);
     bar->setObjectName(QStringLiteral("sbStatusBar"));
     setStatusBar(bar);
-    constexpr std::array<int, 3> kCharacters{16, 26, 26};
+    constexpr std::array<int, 4> kCharacters{16, 26, 26, 26};
     for (std::size_t panel = 0; panel < statusPanels.size(); ++panel) {
         auto* made = new FieldLabel(QStringLiteral("sbStatusBar(%1)").arg(panel + 1),
                                     kCharacters[panel], bar);
@@ -287,6 +295,23 @@ void frmMain::showCommands() {
 
 void frmMain::showGrid() {
     grid->refresh();
+    showLimits();
+}
+
+/// The figures that the current cell takes.
+void frmMain::showLimits() {
+    const FlexGrid& cells = flgdData();
+    const int column = cells.col - 1;
+    if (cells.row < kGridHeadRows || column < 0 || column >= kComment || IsOffColumn(column)) {
+        statusPanels[3]->setValue({}, {});
+        return;
+    }
+    const PosiLimits limits = LimitsOf(column);
+    const int decimals = ColumnOf(column).item == kPosi && IsSet(DispMmFlag) ? 3 : 0;
+    const auto figure = [decimals](double limit) { return QString::number(limit, 'f', decimals); };
+    statusPanels[3]->setValue({}, QString::fromStdString(GridHead(1, cells.col)) +
+                                      QLatin1String(": ") + figure(limits.lowest) +
+                                      QLatin1String(" - ") + figure(limits.highest));
 }
 
 void frmMain::focusGrid() {

@@ -73,6 +73,7 @@ private:
     static void showLamp(const Lamp& lamp, bool on, const QString& state);
     void chosen(Command command);
     void lookAtClipboard();
+    void showLimits();
 
     CommandTable table;
     MainWindowEvents events;
@@ -84,7 +85,7 @@ private:
     QLabel* alarmText = nullptr;
     FieldLabel* fileName = nullptr;
     std::array<FieldLabel*, kAxes> deviceTypes{};
-    std::array<FieldLabel*, 3> statusPanels{};
+    std::array<FieldLabel*, 4> statusPanels{};
     MainPanel shown;              ///< what stands on the screen, so that only changes are painted
     bool loaded = false;          ///< the panel has been shown once
     bool clipboardChanged = true; ///< since the paste commands were last set by it

@@ -8,6 +8,7 @@ namespace qdw8 {
 namespace {
 
 constexpr int kTextMargin = 3;
+constexpr int kCorner = 7;
 
 /// The cell that an edit would begin on: where the selection began.
 bool IsCurrent(int gridRow, int gridColumn) {
@@ -29,12 +30,13 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                                      : QPalette::Active;
     const bool selected = (option.state & QStyle::State_Selected) != 0;
     const CellColour colour = cells.colour[column];
+    const bool bad = cells.bad.test(column) && colour != CellColour::Editing;
     QColor text = option.palette.color(group, QPalette::Text);
     if (selected) {
         painter->fillRect(option.rect, option.palette.color(group, QPalette::Highlight));
         text = option.palette.color(group, QPalette::HighlightedText);
-    } else if (colour != CellColour::Window) {
-        const Rgb rgb = RgbOf(colour);
+    } else if (bad || colour != CellColour::Window) {
+        const Rgb rgb = bad ? kBadCell : RgbOf(colour);
         painter->fillRect(option.rect, QColor(rgb.red, rgb.green, rgb.blue));
         // The fixed colours are all light, so the text on them is dark on every palette.
         text = Qt::black;
@@ -52,6 +54,14 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
             static_cast<int>(Qt::TextSingleLine | Qt::AlignVCenter |
                              Qt::Alignment(comment || !fits ? Qt::AlignLeft : Qt::AlignRight)),
             fits ? shown : option.fontMetrics.elidedText(shown, Qt::ElideRight, inner.width()));
+    }
+    if (bad && selected) {
+        // A selected cell shows it by a corner.
+        const QPoint at = option.rect.topRight();
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(QColor(kBadCell.red, kBadCell.green, kBadCell.blue));
+        painter->drawPolygon(QPolygon({at, at - QPoint(kCorner, 0), at + QPoint(0, kCorner)}));
+        painter->setBrush(Qt::NoBrush);
     }
     if (IsCurrent(static_cast<int>(row), static_cast<int>(column))) {
         painter->setPen(option.palette.color(group, QPalette::Text));

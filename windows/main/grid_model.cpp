@@ -1,6 +1,7 @@
 #include "windows/main/grid_model.h"
 
 #include "windows/controls/group_header.h"
+#include "windows/controls/texts.h"
 
 #include <algorithm>
 #include <utility>
@@ -21,6 +22,11 @@ QString CellText(int gridRow, int gridColumn) {
     return Exists(gridRow) ? QString::fromStdString(GridText(gridRow, gridColumn)) : QString();
 }
 
+bool IsBad(int gridRow, int gridColumn) {
+    return Exists(gridRow) && flgdData().rows[static_cast<std::size_t>(gridRow)].bad.test(
+                                  static_cast<std::size_t>(gridColumn));
+}
+
 } // namespace
 
 GridModel::GridModel(QObject* parent)
@@ -39,6 +45,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     const int column = index.column() + 1;
     switch (role) {
     case Qt::DisplayRole: return CellText(row, column);
+    case Qt::AccessibleDescriptionRole: return IsBad(row, column) ? ResQText(3077) : QString();
     case Qt::TextAlignmentRole:
         return QVariant::fromValue(Qt::AlignVCenter |
                                    (column == kGridCommentColumn ? Qt::AlignLeft : Qt::AlignRight));
@@ -99,7 +106,8 @@ int GridModel::refreshCells(int first, int last) {
         numbersChanged = numbersChanged || fresh.text[0] != old.text[0];
         for (int column = 0; column < kBodyColumns; ++column) {
             const auto at = static_cast<std::size_t>(column) + 1;
-            if (!isKnown || fresh.text[at] != old.text[at] || fresh.colour[at] != old.colour[at]) {
+            if (!isKnown || fresh.text[at] != old.text[at] || fresh.colour[at] != old.colour[at] ||
+                fresh.bad[at] != old.bad[at]) {
                 changed.push_back(index(row, column));
                 differing += isKnown ? 1 : 0;
             }
