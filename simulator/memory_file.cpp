@@ -188,7 +188,9 @@ FileState LoadMemory(const std::string& path, Memory& memory, std::string& probl
         return FileState::Broken;
     }
     std::ifstream file(path, std::ios::binary);
-    const std::string content{std::istreambuf_iterator<char>(file), {}};
+    std::string content(static_cast<std::size_t>(status.st_size), '\0');
+    file.read(content.data(), status.st_size);
+    content.resize(static_cast<std::size_t>(file.gcount()));
     if (file.bad() || !file.is_open()) {
         problem = "cannot be read";
         return FileState::Broken;
