@@ -57,7 +57,7 @@ OrderResult ObeyWords(Front& front, const Words& words) {
     if (const Order<Front>* order = FindOrder(kOrders, words[0])) {
         return order->routine(front, words);
     }
-    const OrderResult result = ObeyControl(front.controller, words, Milliseconds());
+    OrderResult result = ObeyControl(front.controller, words, Milliseconds());
     // Without power nothing more leaves the controller, not even what is on its way.
     if (!front.controller.powered()) {
         front.leaving.clear();
