@@ -203,7 +203,7 @@ std::string BlankOrMinusDecimal(double value) {
 
 std::string FixedDecimals(double value, int decimals) {
     const std::string fraction(static_cast<std::size_t>(decimals), '0');
-    const std::string zero = decimals > 0 ? "0." + fraction : "0";
+    std::string zero = decimals > 0 ? "0." + fraction : "0";
     if (value == 0 || !std::isfinite(value)) {
         return zero;
     }

@@ -40,7 +40,7 @@ std::size_t LackingLength(std::string_view text) {
 /// its stand-in behind the result and tells how many bytes it stands for.
 template<typename Replace>
 std::string Convert(const char* to, const char* from, std::string_view text, Replace replace) {
-    const iconv_t converter = iconv_open(to, from);
+    iconv_t converter = iconv_open(to, from);
     // NOLINTNEXTLINE(performance-no-int-to-ptr): the C library's own sign of failure
     if (converter == reinterpret_cast<iconv_t>(-1)) {
         throw Fault("the system has no conversion for the Japanese code page");
