@@ -1,7 +1,6 @@
 #pragma once
 
-// The pace of the line: when bytes arrive at the controller and when they are seen at the other
-// end.
+// The pace of the line: when bytes reach the controller, and when they are seen at the other end.
 
 #include "simulator/front.h"
 

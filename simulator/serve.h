@@ -4,8 +4,8 @@
 
 namespace qdk8 {
 
-/// Serves the line until the end is asked for; takes the link away and saves the memory. Gives the
-/// exit status.
+/// Serves the line until the end is asked for; takes the link away, saves the memory and gives the
+/// exit status of the program.
 int Serve(Front& front);
 
 } // namespace qdk8

@@ -9,8 +9,8 @@ struct StartAxis {
     int strokeMm;
 };
 
-/// A J52 is held as 52 and the letter E, whatever its speed. A QD-61F has its pulse generator
-/// always.
+/// A J52 is held as 52 and the letter E, whatever its speed. A QD-61F always has its pulse
+/// generator, which is told by its function.
 constexpr std::array<StartAxis, kAxisCountMax> kStartAxes{{
     {1, 400, 1, 8, 400, 0, 15000, 61, 'H', 300},
     {2, 200, 1, 2, 400, 0, 20000, 44, 'L', 100},

@@ -24,8 +24,7 @@ struct Talk {
         return bytes;
     }
 
-    /// On to a moment as an owner with a clock goes: from event to event. Gives what came before
-    /// it.
+    /// On to a moment from event to event, as an owner with a clock goes. Gives what came earlier.
     std::string goOnTo(Millis moment) {
         std::string early;
         for (auto next = controller.nextDue(); next && *next < moment;
