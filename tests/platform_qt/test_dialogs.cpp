@@ -17,6 +17,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 namespace qdw8 {
 namespace {
 
@@ -48,7 +50,7 @@ protected:
         WhenShown("MessageBox", [&](QWidget& box) { act(dynamic_cast<QMessageBox&>(box)); });
         return ThePlatform().ShowMessageBox(question);
     }
-    static void click(QWidget& box, const char* button) {
+    static void click(QWidget& box, const QString& button) {
         QTest::mouseClick(box.findChild<QPushButton*>(button), Qt::LeftButton);
     }
 
@@ -88,30 +90,28 @@ protected:
 };
 
 TEST_F(QtDialogs, EveryButtonAnswersForItselfAndClosingForTheMildest) {
-    const struct {
-        BoxButtons buttons;
-        std::vector<std::pair<const char*, BoxAnswer>> answers;
-    } rows[] = {
-        {BoxButtons::Ok, {{"Ok", BoxAnswer::Ok}}},
-        {BoxButtons::OkCancel, {{"Ok", BoxAnswer::Ok}, {"Cancel", BoxAnswer::Cancel}}},
-        {BoxButtons::YesNo, {{"Yes", BoxAnswer::Yes}, {"No", BoxAnswer::No}}},
-        {BoxButtons::YesNoCancel,
-         {{"Yes", BoxAnswer::Yes}, {"No", BoxAnswer::No}, {"Cancel", BoxAnswer::Cancel}}},
-    };
-    for (const auto& [buttons, answers] : rows) {
+    const std::map<QString, BoxAnswer> answers = {{"Ok", BoxAnswer::Ok},
+                                                  {"Cancel", BoxAnswer::Cancel},
+                                                  {"Yes", BoxAnswer::Yes},
+                                                  {"No", BoxAnswer::No}};
+    const std::pair<BoxButtons, QString> rows[] = {{BoxButtons::Ok, "Ok"},
+                                                   {BoxButtons::OkCancel, "Ok Cancel"},
+                                                   {BoxButtons::YesNo, "Yes No"},
+                                                   {BoxButtons::YesNoCancel, "Yes No Cancel"}};
+    for (const auto& [buttons, names] : rows) {
         const BoxQuestion box{"text", buttons, "", {}};
-        for (const auto& [name, answer] : answers) {
-            EXPECT_EQ(ask(box, [&](QWidget& shown) { click(shown, name); }), answer) << name;
+        for (const QString& name : names.split(' ')) {
+            EXPECT_EQ(ask(box, [&](QWidget& shown) { click(shown, name); }), answers.at(name));
         }
         for (const bool byKey : {false, true}) {
-            const auto close = [&](QWidget& shown) {
+            const BoxAnswer closed = ask(box, [&](QWidget& shown) {
                 byKey ? QTest::keyClick(&shown, Qt::Key_Escape) : void(shown.close());
                 EXPECT_EQ(shown.isVisible(), box.buttons == BoxButtons::YesNo);
                 if (shown.isVisible()) {
                     click(shown, "No");
                 }
-            };
-            EXPECT_EQ(ask(box, close), answers.back().second);
+            });
+            EXPECT_EQ(closed, answers.at(names.section(' ', -1)));
         }
     }
     EXPECT_EQ(ask({"text", BoxButtons::OkCancel, "", {}}, [&](QWidget&) { delete window; }),
@@ -219,14 +219,17 @@ TEST_F(QtDialogs, TheFileDialogShowsProposalAndKindsAndStartsWhereTheLastOneEnde
 }
 
 TEST_F(QtDialogs, ThePrinterDialogsComeUpWithOrWithoutAPrinter) {
-    for (const int flags : {0, 64}) {
-        WhenShown("CommonDialog1", [](QWidget& dialog) { dialog.close(); });
-        EXPECT_FALSE(ThePlatform().CommonDialog1.ShowPrinter({flags, 1}).has_value());
-    }
+    const auto show = [](int flags, bool accept) {
+        WhenShown("CommonDialog1", [accept](QWidget& dialog) {
+            dynamic_cast<QDialog&>(dialog).done(accept ? QDialog::Accepted : QDialog::Rejected);
+        });
+        return ThePlatform().CommonDialog1.ShowPrinter({flags, 1});
+    };
+    EXPECT_FALSE(show(0, false).has_value());
+    EXPECT_FALSE(show(64, false).has_value());
     InstallQtPrinter();
     SetPrinterOutputFile(folder.filePath("paper.pdf").toStdString());
-    WhenShown("CommonDialog1", [](QWidget& dialog) { dynamic_cast<QDialog&>(dialog).accept(); });
-    EXPECT_EQ(ThePlatform().CommonDialog1.ShowPrinter({0, 1}), 1);
+    EXPECT_EQ(show(0, true), 1);
     SetPrinterOutputFile("");
 }
 
