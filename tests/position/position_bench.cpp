@@ -1,5 +1,6 @@
 #include "position_bench.h"
 
+#include "app/string_table.h"
 #include "device/Module2Calc.h"
 #include "device/axis_texts.h"
 
@@ -75,6 +76,17 @@ void PositionBench::expectFile(FileQuestion::Kind kind, const std::string& title
 
 std::string PositionBench::fileOf(const std::string& name) {
     return QDW8_SOURCE_DIR "/tests/position/files/" + name;
+}
+
+int ColumnNamed(const std::string& name) {
+    const char axis = name.back();
+    const bool numbered = axis >= '1' && axis <= '4';
+    const std::string label = numbered ? name.substr(0, name.size() - 1) : name;
+    int column = 0;
+    while (ResText(ColumnOf(column).label) != label) {
+        ++column;
+    }
+    return column + (numbered ? kAxisColumns * (axis - '1') : 0);
 }
 
 void ExpectRanges(std::int16_t first, std::int16_t last) {

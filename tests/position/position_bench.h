@@ -52,6 +52,9 @@ struct PositionBench : LineBench {
 };
 using PositionTest = Unit<PositionBench>;
 
+/// Table column of a head: "VEL" or "VEL1" to "Posi4", "ITPL" to "COMMENT".
+int ColumnNamed(const std::string& name);
+
 /// The document is the one that `showRows(first, last)` made, and the user is where he was.
 void ExpectRanges(std::int16_t first, std::int16_t last);
 

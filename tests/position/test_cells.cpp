@@ -6,17 +6,10 @@
 #include "position_bench.h"
 
 #include <fstream>
-#include <map>
 #include <sstream>
 
 namespace qdw8::test {
 namespace {
-
-const std::map<std::string, int> kColumnsByName{
-    {"VEL", kVel},        {"ACC", kAcc},   {"ACC4", kAxis4 + kAcc},
-    {"WAY", kWay},        {"Posi", kPosi}, {"Posi4", kAxis4 + kPosi},
-    {"ITPL", kItpl},      {"OUT", kOut},   {"S/M", kSm},
-    {"COMMENT", kComment}};
 
 TEST_F(PositionTest, CellTextsAreJudgedAlikeHoweverTheyCame) {
     std::ifstream file(QDW8_SOURCE_DIR "/tests/position/cells.txt");
@@ -32,7 +25,7 @@ TEST_F(PositionTest, CellTextsAreJudgedAlikeHoweverTheyCame) {
             field.push_back(part);
         }
         ASSERT_EQ(field.size(), 6U);
-        const int column = kColumnsByName.at(field[0]);
+        const int column = ColumnNamed(field[0]);
         const std::string text = field[2].substr(1, field[2].size() - 2);
         OffLineFlag = FlagOf(++lines % 2 == 0); // neither asks for a controller
         DispMmFlag = FlagOf(field[1] == "mm");
@@ -76,23 +69,6 @@ TEST_F(PositionTest, CellTextsAreJudgedAlikeHoweverTheyCame) {
     EXPECT_GT(lines, 50);
 }
 
-TEST_F(PositionTest, WhatACommittedCellShowsIsWhatGoesOut) {
-    DispMmFlag = kSet;
-    showRows(5, 6);
-    type(5, kPosi, "12.347");
-    ASSERT_EQ(PosiDataCheck3(), PosiCheck::Committed);
-    EXPECT_EQ(PosiTable[5].number[kPosi], 2469);
-    EXPECT_DOUBLE_EQ(PosiUnitTable[5].mm[0], 12.345);
-    EXPECT_EQ(cell(5, kPosi), " 12.345");
-    // A stroke so long that the row's five hexadecimal digits end before it.
-    DevSetting[0].DevStroke = 6000;
-    type(5, kPosi, "5242.87");
-    ASSERT_EQ(PosiDataCheck3(), PosiCheck::Committed);
-    type(5, kPosi, "5242.88");
-    platform.expectScreen("frmSyogoKekka");
-    EXPECT_EQ(PosiDataCheck3(), PosiCheck::Refused);
-}
-
 TEST_F(PositionTest, APositionTypedStandsInBothFormsAtTheRowOfAGridFromOne) {
     const auto edit = [](int row, int column, const std::string& text) {
         GoToCell(row, column + 1);
@@ -124,13 +100,6 @@ TEST_F(PositionTest, APositionTypedStandsInBothFormsAtTheRowOfAGridFromOne) {
     showRows(0, 999);
     edit(1001, kPosi, "5"); // the row of no storage
     EXPECT_EQ(cell(999, kPosi), "  5.000");
-}
-
-TEST_F(PositionTest, AccelerationsHangOnTheModelAndTheWideFlag) {
-    AccWideFlag = kSet;
-    EXPECT_EQ(LimitsOf(kAcc).highest, 9);
-    EXPECT_EQ(LimitsOf(kAxis4 + kAcc).lowest, 2);
-    EXPECT_EQ(LimitsOf(kAcc).lowest, 1);
 }
 
 } // namespace

@@ -21,16 +21,13 @@ protected:
 
     /// Axes in use and actuators of any kind that the list knows.
     void pickDevices() {
-        struct Kind {
-            std::int16_t lead;
-            std::int16_t ppr;
-        };
-        constexpr std::array<Kind, 5> kKinds{{{2, 400}, {6, 400}, {8, 192}, {20, 400}, {12, 600}}};
+        constexpr std::array<std::pair<int, int>, 5> kKinds{
+            {{2, 400}, {6, 400}, {8, 192}, {20, 400}, {12, 600}}};
         for (std::size_t axis = 0; axis < kAxes; ++axis) {
             AxisOff[axis] = FlagOf(pick(0, 3) == 0);
-            const Kind kind = kKinds[static_cast<std::size_t>(pick(0, 4))];
-            DevSetting[axis].DevLead = kind.lead;
-            DevSetting[axis].DevPPR = kind.ppr;
+            const auto [lead, ppr] = kKinds[static_cast<std::size_t>(pick(0, 4))];
+            DevSetting[axis].DevLead = static_cast<std::int16_t>(lead);
+            DevSetting[axis].DevPPR = static_cast<std::int16_t>(ppr);
             DevSetting[axis].DevStroke = static_cast<std::int16_t>(pick(1, 10) * 50);
             DevSetting[axis].DevSize = pick(0, 1) == 0 ? " 44" : " 61";
             DevSetting[axis].DevSpeed = DevSetting[axis].DevSize == " 61" ? "F" : "L";
@@ -46,19 +43,15 @@ protected:
         const auto first = static_cast<std::int16_t>(pick(1, 999));
         showRows(first, static_cast<std::int16_t>(pick(first, std::min(first + 60, 999))));
         for (int position = GridFirst; position <= GridLast; ++position) {
-            for (int axis = 0; axis < kAxes; ++axis) {
-                const PosiLimits acc = LimitsOf(4 * axis + kAcc);
-                const AxisDevice& device = DevSetting[static_cast<std::size_t>(axis)];
-                type(position, 4 * axis + kVel, std::to_string(pick(1, 60)));
-                type(position, 4 * axis + kAcc,
-                     std::to_string(
-                         pick(static_cast<int>(acc.lowest), static_cast<int>(acc.highest))));
-                type(position, 4 * axis + kWay, std::to_string(pick(0, 3)));
-                type(position, 4 * axis + kPosi, std::to_string(pick(0, device.MaxPulse)));
+            for (int column = 0; column < kComment; ++column) {
+                const PosiLimits limits = LimitsOf(column);
+                const PosiColumn& kind = ColumnOf(column);
+                const int highest = kind.item == kPosi
+                                        ? DevSetting[static_cast<std::size_t>(kind.axis)].MaxPulse
+                                        : static_cast<int>(limits.highest);
+                type(position, column,
+                     std::to_string(pick(static_cast<int>(limits.lowest), highest)));
             }
-            type(position, kItpl, std::to_string(pick(0, 1)));
-            type(position, kOut, std::to_string(pick(0, 3)));
-            type(position, kSm, std::to_string(pick(0, 20)));
             type(position, kComment, kComments[static_cast<std::size_t>(pick(0, 4))]);
         }
         ASSERT_EQ(PosiDataCheck3(), PosiCheck::Committed);

@@ -21,7 +21,6 @@ const std::string kRead = "Read the data from controller, OK?";
 const std::string kStopped = "Reading of data was stopped.";
 const std::string kSend = "Data is transmitted to controller,Yes?";
 const std::string kDone = "Completed data transmit.";
-const std::string kEqual = "Data : indicated and inside of controller\r\n\r\nResult of Verify - OK";
 
 /// A document of rows 1 to 25 that differs from what the controller holds, its current cell among
 /// them.
@@ -126,78 +125,6 @@ TEST(Write, EveryStep) {
         });
 }
 
-TEST_F(Transfer, EveryFigureOfARowIsReadAndShown) {
-    std::vector<std::string> steps;
-    Screens().frmTrance = [&steps] {
-        const TransferDialog& dialog = TheTransferDialog();
-        steps.push_back(dialog.lblSetumei + (dialog.cancelShown ? " cancel " : " ") +
-                        std::to_string(dialog.prgBar1) + "/" + std::to_string(dialog.prgBar1Max));
-    };
-    expectReadOf(999, 999);
-    ReadFromCt();
-    steps.resize(2);
-    const std::string text = "Reading data from controller... cancel ";
-    EXPECT_EQ(steps, (std::vector{text + "0/2", text + "1/2"}));
-    EXPECT_EQ(platform.sent.back(), "0RP3E7");
-    std::string row;
-    for (int column = 0; column <= kComment; ++column) {
-        row += cell(999, column) + " ";
-    }
-    EXPECT_EQ(row, "60 1 3 20000 30 3 0 0 30 3 0 0 1 1 0 4799 0 3 20  ");
-    EXPECT_DOUBLE_EQ(PosiUnitTable[999].mm[0], 100);
-    EXPECT_EQ(ThePanel().lblFileName + PosiFilePath, "Inside of C/T");
-    EXPECT_EQ(PosiDirtyFlag, kClear);
-    EXPECT_EQ(flgdData().row, 0) << "no cell is current";
-}
-
-TEST_F(Transfer, AFieldThatIsNoFigureStopsTheRead) {
-    addFault("0RP:2:reply=0RP006" + std::string(39, '0') + "Z");
-    expectReadOf(5, 7);
-    platform.expectBox(box::kWrongData);
-    ReadFromCt();
-    expectAsBefore();
-}
-
-TEST_F(Transfer, TheWaysOutBeforeTheFirstFrameSendNothing) {
-    platform.expectBox(kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::Cancel);
-    ReadFromCt();
-    platform.expectBox(kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::Yes);
-    platform.expectScreen("frmSelectPosiNo3", [] { RangeCancelFlag = kSet; });
-    ReadFromCt(); // saving was broken off, so nothing is overwritten
-    platform.expectBox(kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::No);
-    platform.expectScreen("frmSelectPosiNo2", [] { RangeCancelFlag = kSet; });
-    ReadFromCt();
-    platform.expectBox(kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::No);
-    expectRange("frmSelectPosiNo2", 100, 200);
-    platform.expectBox(kRead, BoxButtons::OkCancel, BoxAnswer::Cancel);
-    ReadFromCt();
-    for (const auto command : {WriteToCt, PosiDataCtShogo}) {
-        platform.expectScreen("frmSelectPosiNo3", [] { RangeCancelFlag = kSet; });
-        command();
-        EXPECT_EQ(RangeCancelFlag, kClear);
-    }
-    expectRange("frmSelectPosiNo3", 2, 3);
-    platform.expectBox(kSend, BoxButtons::OkCancel, BoxAnswer::Cancel);
-    WriteToCt();
-    type(3, kOut, "");
-    for (const auto command : {WriteToCt, PosiDataCtShogo}) {
-        expectRange("frmSelectPosiNo3", 2, 3);
-        platform.expectScreen("frmSyogoKekka", [] { EXPECT_EQ(SyogoMode, 0); });
-        command();
-    }
-    expectAsBefore();
-    platform.failingOpens = -1;
-    expectRange("frmSelectPosiNo3", 4, 5);
-    platform.expectBox(box::kPort);
-    PosiDataCtShogo();
-    ResetGrid();
-    for (const auto command : {WriteToCt, PosiDataCtShogo}) {
-        platform.expectBox(box::kNoData);
-        command();
-    }
-    EXPECT_TRUE(platform.sent.empty());
-}
-
 TEST_F(Transfer, ACancelOrTheEndOfTheProgramEndsAtTheNextRow) {
     line.controller.setTurnaround(10);
     const auto atRow = [this](int row, const std::function<void()>& happens) {
@@ -256,59 +183,6 @@ TEST_F(Transfer, ASaveInTheMiddleOfAReadSavesTheGridAsItStands) {
     EXPECT_EQ(cell(20, kPosi), "10");
 }
 
-TEST_F(Transfer, OtherAxesOrDevicesArePutToTheUser) {
-    platform.settings.clear();
-    for (const std::int16_t choice : {kSelectionCancelled, std::int16_t{1}, std::int16_t{0}}) {
-        showRows(1, 25);
-        type(5, kPosi, "105");
-        GoToCell(7, 3);
-        DevSetting[0].DevStroke = 50;
-        line.controller.setAxisMask(0b0001);
-        expectReadOf(1, 2);
-        platform.expectSelection(
-            {"Select",
-             "Setting of AXIS and DEVICE differs by PC software and the controller. Which "
-             "processing is performed?",
-             {"A setting in a controller is read.", "A setting in a controller is disregarded."},
-             false},
-            choice);
-        if (choice == kSelectionCancelled) {
-            platform.expectBox(box::kStopped);
-        }
-        ReadFromCt();
-        platform.checkAllAsked();
-        EXPECT_EQ(DevSetting[0].DevStroke, choice == 0 ? 100 : 50);
-        EXPECT_EQ(AxisOff[3], FlagOf(choice == 0));
-        if (choice == kSelectionCancelled) {
-            expectAsBefore();
-        } else {
-            ExpectRanges(1, 2);
-        }
-    }
-    EXPECT_EQ(platform.settings["DevStroke1"], "100");
-}
-
-TEST_F(Transfer, AWriteStopsWhereAxesOrDevicesAreOthers) {
-    for (const unsigned axes : {0b1011U, 0b1001U}) {
-        line.controller.setAxisMask(axes);
-        DevSetting[0].DevStroke = axes == 0b1001U ? 50 : 100;
-        expectWriteOf(5, 6);
-        platform.expectBox("Axis setting by the side of PC and in side of controller unmatched."
-                           "\r\nPlease change the setting of Device by [Online Device Setting] or "
-                           "[detail edit].");
-        WriteToCt();
-        platform.checkAllAsked();
-        EXPECT_EQ(line.controller.machine().mode, 1) << "the mode stays";
-        expectAsBefore();
-    }
-    EXPECT_EQ(line.controller.count("0WP"), 0);
-    platform.recordsBoxes = true;
-    addFault("0RA:1:reply=0RA0");
-    expectRange("frmSelectPosiNo3", 5, 6);
-    WriteToCt();
-    EXPECT_EQ(platform.boxes.back(), box::kMoving);
-}
-
 TEST_F(Transfer, TheWholeOrderOfAWrite) {
     std::vector<std::string> dialogs;
     Screens().frmTrance = [&dialogs] {
@@ -338,37 +212,6 @@ TEST_F(Transfer, TheWholeOrderOfAWrite) {
               (std::vector<std::string>{"Comm 0/4", "Comm 1/4", "Comm 2/4", "Comm 3/4", "Comm 4/4",
                                         "Send* 0/2", "Send* 1/2", "Send* 2/2", "gone"}));
     EXPECT_EQ(CtStrokeLimit, (std::array<std::int32_t, kAxes>{20000, 0, 0, 4800}));
-}
-
-TEST_F(Transfer, PositionsBeyondTheControllersStrokeAreListed) {
-    const auto expectList = [this](const std::string& list) {
-        platform.expectBox("Some position data exceed the soft limit in the Parameter(Stroke).\r\n"
-                           "Confirm the position data indicated bellow, and try it again.\r\n"
-                           " <Position No. " +
-                           list + ">");
-    };
-    type(1, kPosi, "20000"); // the end itself is not too far
-    type(2, kPosi, "20001");
-    type(4, kAxis4 + kPosi, "4801");
-    expectWriteOf(1, 9);
-    expectList("2,4,");
-    WriteToCt();
-    // The rows are counted from the top of the grid: 3 to 5 has rows 1 to 3 tested.
-    type(3, kPosi, "x");
-    expectWriteOf(4, 6);
-    expectList("5,6,"); // and what is no number there isn't passed
-    WriteToCt();
-    EXPECT_EQ(line.controller.count("0WP"), 0);
-    expectWriteOf(4, 4); // so this one is not seen
-    platform.expectBox(kDone);
-    WriteToCt();
-    DispMmFlag = kSet; // a figure in mm is compared with a limit in pulses
-    showRows(1, 1);
-    type(1, kPosi, "100.4");
-    expectWriteOf(1, 1);
-    platform.expectBox(kDone);
-    WriteToCt();
-    EXPECT_EQ(held(1).substr(4, 5), "04E70") << "20080 pulses";
 }
 
 TEST_F(Transfer, ARowWithoutAFormOnTheLineKeepsAllRowsBack) {

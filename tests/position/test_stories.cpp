@@ -1,0 +1,349 @@
+#include "app/number_forms.h"
+#include "app/screens.h"
+#include "platform/whole_file.h"
+#include "position/grid_clipboard.h"
+#include "position/grid_lines.h"
+#include "position/posi_file.h"
+#include "position/posi_new.h"
+#include "position/posi_verify.h"
+#include "position/range_dialogs.h"
+#include "position_bench.h"
+#include "setup/posi_open.h"
+#include "setup/posi_read.h"
+#include "setup/posi_write.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <map>
+#include <memory>
+#include <sstream>
+
+/// Tells the stories in stories/: what the user does, what the program asks, and what stands
+/// afterwards, a statement a line. "== title" begins a new story with a fresh program; the words
+/// are those of the table below. After each "do" everything asked for must have come, and the
+/// program must be at rest.
+namespace qdw8::test {
+namespace {
+
+using Args = std::istringstream;
+
+std::string Word(Args& args) {
+    std::string word;
+    args >> word;
+    return word;
+}
+int Number(Args& args) {
+    int number = 0;
+    args >> number;
+    return number;
+}
+/// What is left of the line; "\r", "\n" and "\t" stand for themselves.
+std::string Rest(Args& args) {
+    std::string rest;
+    std::getline(args, rest);
+    std::string text;
+    for (std::size_t i = rest.starts_with(' ') ? 1 : 0; i < rest.size(); ++i) {
+        const std::size_t code = std::string("rnt").find(i + 1 < rest.size() ? rest[i + 1] : ' ');
+        const bool escape = rest[i] == '\\' && code != std::string::npos;
+        text += escape ? "\r\n\t"[code] : rest[i];
+        i += escape ? 1 : 0;
+    }
+    return text;
+}
+std::pair<std::int16_t, std::int16_t> Range(const std::string& text) {
+    return {static_cast<std::int16_t>(std::stoi(text)),
+            static_cast<std::int16_t>(std::stoi(text.substr(text.find('-') + 1)))};
+}
+
+std::ptrdiff_t Named(const std::vector<std::string>& names, const std::string& name) {
+    return std::find(names.begin(), names.end(), name) - names.begin();
+}
+
+const std::map<std::string, void (*)()> kCommands{{"save", SavePosiFile},
+                                                  {"save-as", SavePosiFileAs},
+                                                  {"open", OpenPosiFile},
+                                                  {"new", mnuFileNew_Click},
+                                                  {"close", mnuFileClose_Click},
+                                                  {"read", ReadFromCt},
+                                                  {"write", WriteToCt},
+                                                  {"verify", VerifyChoose},
+                                                  {"verify-file", PosiDataFileShogo2},
+                                                  {"verify-controller", PosiDataCtShogo},
+                                                  {"check", [] { PosiDataCheck3(); }},
+                                                  {"mm", [] { ChangeUnit(kSet); }},
+                                                  {"pulses", [] { ChangeUnit(kClear); }},
+                                                  {"insert-lines", InsertLine_Click},
+                                                  {"delete-lines", DeleteLine_Click},
+                                                  {"delete", flgdData_Delete},
+                                                  {"copy-cell", mnuEditCellCopy_Click},
+                                                  {"copy-lines", mnuEditLineCopy_Click},
+                                                  {"paste-cells", mnuEditCellPaste_Click},
+                                                  {"paste-lines", mnuEditLinePaste_Click}};
+const std::map<std::string, std::pair<FileQuestion::Kind, const char*>> kDialogs{
+    {"open", {FileQuestion::Kind::Open, "Open Position Data file"}},
+    {"verify", {FileQuestion::Kind::Open, "Open Position Data file to be Verified"}},
+    {"save", {FileQuestion::Kind::Save, "Save Position data As..."}},
+    {"save-as", {FileQuestion::Kind::Save, "Save Position Data as ..."}}};
+
+class Story : public PositionBench {
+public:
+    Story() {
+        for (const Command command :
+             {Command::cmdInsertLine, Command::mnuEditLinePaste, Command::mnuEditCellPaste}) {
+            SetBuilt(command);
+        }
+        CMDBTN_Yuko();
+        Screens().frmMainClose = [this] { ++closes; };
+    }
+
+    void tell(const std::string& statement) {
+        Args args(statement);
+        const std::string word = Word(args);
+        const bool asks = statement.find(" = ") != statement.npos && values.contains(word);
+        ASSERT_TRUE(asks || words.contains(word)) << "no such word: " << word;
+        if (!asks) {
+            words.at(word)(args);
+            return;
+        }
+        const std::string value = values.at(word)(args);
+        EXPECT_EQ(Word(args), "=");
+        EXPECT_EQ(value, Rest(args));
+    }
+
+private:
+    /// A file of the tests with "@", else one in the folder.
+    std::string fileAt(const std::string& name) const {
+        return name == "nothing" ? "" : name[0] == '@' ? fileOf(name.substr(1)) : pathOf(name);
+    }
+    static std::pair<int, int> place(Args& args) {
+        const int position = Number(args);
+        return {position - GridFirst + kGridHeadRows, ColumnNamed(Word(args)) + 1};
+    }
+    void run(Args& args) {
+        const std::int64_t begin = platform.now;
+        kCommands.at(Word(args))();
+        took = platform.now - begin;
+        platform.checkAllAsked();
+        ExpectAtRest(platform);
+        EXPECT_EQ(flgdData().locked + flgdData().frozen, 0);
+    }
+    void edit(Args& args, int key, bool accepted) {
+        platform.beeps = 0;
+        ASSERT_TRUE(StartEdit());
+        SetEditText(Rest(args));
+        flgdData_KeyDownEdit(key);
+        EXPECT_EQ(CommitEdit(), accepted);
+        EXPECT_EQ(platform.beeps, accepted ? 0 : 1);
+        CancelEdit();
+    }
+    void expectResult(Args& args) {
+        platform.expectScreen("frmSyogoKekka", [wanted = Rest(args)] {
+            std::string marked;
+            for (const ResultRow& row : ResultRows()) {
+                marked += std::to_string(row.position);
+                for (int column = 0; column < kComment; ++column) {
+                    const bool failed = row.failed.test(static_cast<std::size_t>(column));
+                    marked += failed ? " " + GridHead(1, column + 1) : "";
+                }
+                marked += "; ";
+            }
+            EXPECT_EQ(marked, wanted + "; ");
+            EXPECT_EQ(static_cast<std::size_t>(PosiErrorCount), ResultRows().size());
+        });
+    }
+    void expectRangeOf(Args& args) {
+        const std::string dialog = Word(args);
+        const std::string rows = Word(args);
+        if (rows == "cancel") {
+            platform.expectScreen(dialog, RangeDialogCancelled);
+        } else if (rows.empty()) {
+            platform.expectScreen(dialog + " without a range");
+        } else {
+            expectRange(dialog, Range(rows).first, Range(rows).second);
+        }
+    }
+
+    std::int64_t took = 0;
+    int closes = 0;
+    const std::map<std::string, std::function<void(Args&)>> words{
+        // what there is
+        {"grid", [](Args& a) { std::apply(showRows, Range(Word(a))); }},
+        {"no-grid", [](Args&) { ResetGrid(); }},
+        {"set",
+         [](Args& a) {
+             const auto [row, column] = place(a);
+             SetGridText(row, column, Rest(a));
+         }},
+        {"working", [](Args& a) { std::tie(PosiFirst, PosiLast) = Range(Word(a)); }},
+        {"unit", [](Args& a) { DispMmFlag = FlagOf(Word(a) == "mm"); }},
+        {"changed", [](Args&) { PosiDirtyFlag = kSet; }},
+        {"file", [this](Args& a) { TakePosiFile(fileAt(Word(a))); }},
+        {"name", [](Args& a) { ShowPosiFileName(Rest(a)); }},
+        {"copy",
+         [this](Args& a) {
+             const auto from = fileAt(Word(a));
+             std::filesystem::copy(from, fileAt(Word(a)));
+         }},
+        {"remove", [this](Args& a) { std::filesystem::remove(fileAt(Word(a))); }},
+        {"clip",
+         [this](Args& a) {
+             platform.clipboard = Rest(a);
+             ClipboardChanged();
+         }},
+        {"fault", [this](Args& a) { addFault(Word(a)); }},
+        {"axes",
+         [this](Args& a) {
+             line.controller.setAxisMask(static_cast<unsigned>(std::stoi(Word(a), nullptr, 2)));
+         }},
+        {"stroke", [](Args& a) { DevSetting[0].DevStroke = static_cast<std::int16_t>(Number(a)); }},
+        {"pulses-a-turn",
+         [](Args& a) { DevSetting[3].DevPPR = static_cast<std::int16_t>(Number(a)); }},
+        {"old-type", [](Args&) { DevSetting[0].NewType = kClear; }},
+        {"wide", [](Args&) { AccWideFlag = kSet; }},
+        // what the program asks
+        {"box", [this](Args& a) { platform.expectBox(Rest(a)); }},
+        {"ask",
+         [this](Args& a) {
+             const auto buttons = Named({"Ok", "OkCancel", "YesNo", "YesNoCancel"}, Word(a));
+             const auto answer = Named({"Ok", "Cancel", "Yes", "No"}, Word(a));
+             platform.expectBox(Rest(a), static_cast<BoxButtons>(buttons),
+                                static_cast<BoxAnswer>(answer));
+         }},
+        {"range", [this](Args& a) { expectRangeOf(a); }},
+        {"pick",
+         [this](Args& a) {
+             const auto& dialog = kDialogs.at(Word(a));
+             expectFile(dialog.first, dialog.second, fileAt(Word(a)));
+         }},
+        {"equal",
+         [this](Args& a) {
+             platform.expectBox("Data : indicated and saved into the file(" + fileAt(Word(a)) +
+                                ")\r\n\r\nResult of Verify - OK");
+         }},
+        {"result", [this](Args& a) { expectResult(a); }},
+        {"with",
+         [this](Args& a) { platform.expectDataShogo(static_cast<std::int16_t>(Number(a))); }},
+        {"differs",
+         [this](Args& a) {
+             platform.expectSelection({"Select",
+                                       "Setting of AXIS and DEVICE differs by PC software and the "
+                                       "controller. Which processing is performed?",
+                                       {"A setting in a controller is read.",
+                                        "A setting in a controller is disregarded."},
+                                       false},
+                                      static_cast<std::int16_t>(Number(a)));
+         }},
+        // what the user does
+        {"do", [this](Args& a) { run(a); }},
+        {"select",
+         [](Args& a) {
+             const auto [row, column] = place(a);
+             const bool to = Word(a) == "to";
+             const auto end = to ? place(a) : std::pair(row, column);
+             flgdData_RowColChange(row, column, end.first, end.second);
+         }},
+        {"type", [this](Args& a) { edit(a, 0, true); }},
+        {"enter", [this](Args& a) { edit(a, kKeyEnter, true); }},
+        {"tab", [this](Args& a) { edit(a, kKeyTab, true); }},
+        {"wrong", [this](Args& a) { edit(a, kKeyEnter, false); }},
+        {"insert",
+         [this](Args& a) {
+             const int room = Number(a);
+             platform.beeps = 0;
+             pasted = TextToPaste(Rest(a), room);
+             EXPECT_EQ(platform.beeps, pasted ? 0 : 1);
+         }},
+        // what stands afterwards, beside what `values` tells
+        {"shows", [](Args& a) { std::apply(ExpectRanges, Range(Word(a))); }},
+        {"at", [](Args& a) { EXPECT_EQ(std::pair(flgdData().row, flgdData().col), place(a)); }},
+        {"holds",
+         [this](Args& a) {
+             const std::string text = ReadWholeFile(fileAt(Word(a)));
+             EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), Number(a));
+         }},
+        {"same",
+         [this](Args& a) {
+             const auto one = fileAt(Word(a));
+             EXPECT_EQ(ReadWholeFile(one), ReadWholeFile(fileAt(Word(a))));
+         }},
+        {"no-file", [this](Args& a) { EXPECT_FALSE(std::filesystem::exists(fileAt(Word(a)))); }},
+        {"document", [this](Args& a) { EXPECT_EQ(PosiFilePath, fileAt(Word(a))); }},
+    };
+    std::optional<std::string> pasted;
+    /// "word arguments = value"
+    const std::map<std::string, std::function<std::string(Args&)>> values{
+        {"rows", [](Args&) { return std::to_string(flgdData().rows.size()); }},
+        {"has-data", [](Args&) { return PosiTableHasData() ? "yes" : "no"; }},
+        {"place", [](Args&) { return flgdData().row + flgdData().col == 0 ? "nowhere" : "cell"; }},
+        {"name", [](Args&) { return ThePanel().lblFileName; }},
+        {"changes", [](Args&) { return IsSet(PosiDirtyFlag) ? "unsaved" : "saved"; }},
+        {"written", [](Args&) { return IsSet(SaveCancelledFlag) ? "no" : "yes"; }},
+        {"took", [this](Args&) { return std::to_string(took); }},
+        {"closes", [this](Args&) { return std::to_string(closes); }},
+        {"clipboard", [this](Args&) { return platform.clipboard; }},
+        {"inserted", [this](Args&) { return pasted.value_or("nothing"); }},
+        {"mode", [this](Args&) { return std::to_string(line.controller.machine().mode); }},
+        {"sent", [this](Args& a) { return std::to_string(line.controller.count(Word(a))); }},
+        {"frames", [this](Args&) { return std::to_string(platform.sent.size()); }},
+        {"sees",
+         [](Args& a) {
+             const auto [row, column] = place(a);
+             return GridText(row, column);
+         }},
+        {"table",
+         [](Args& a) {
+             const auto& row = PosiTable[static_cast<std::size_t>(Number(a))];
+             return PlainDecimal(row.number[static_cast<std::size_t>(ColumnNamed(Word(a)))]);
+         }},
+        {"keys",
+         [](Args& a) {
+             GoToCell(2, ColumnNamed(Word(a)) + 1);
+             EXPECT_TRUE(StartEdit() && flgdData_KeyPressEdit('\b') && flgdData_KeyPressEdit('\r'));
+             std::string passed = std::to_string(flgdData().edit.maxLength) + " ";
+             for (const char32_t key : std::u32string(U"0123456789.-+eE &Habc")) {
+                 passed += flgdData_KeyPressEdit(key) ? std::string(1, static_cast<char>(key)) : "";
+             }
+             CancelEdit();
+             return passed;
+         }},
+        {"edit-commands",
+         [](Args&) {
+             std::string on;
+             on += IsEnabled(Command::cmdInsertLine) ? "lines " : "";
+             on += IsEnabled(Command::mnuEditLinePaste) ? "paste-lines " : "";
+             return on + (IsEnabled(Command::mnuEditCellPaste) ? "paste-cells" : "");
+         }},
+    };
+};
+
+TEST(Stories, AllHold) {
+    int told = 0;
+    for (const auto& file :
+         std::filesystem::directory_iterator(QDW8_SOURCE_DIR "/tests/position/stories")) {
+        std::ifstream lines(file.path());
+        std::unique_ptr<Story> story;
+        std::string title;
+        int number = 0;
+        for (std::string statement; std::getline(lines, statement);) {
+            ++number;
+            const std::string where =
+                file.path().filename().string() + ":" + std::to_string(number) + " " + statement;
+            SCOPED_TRACE(title + "\n" + where);
+            if (statement.starts_with("== ")) {
+                story.reset(); // one platform at a time
+                story = std::make_unique<Story>();
+                title = statement.substr(3);
+                ++told;
+            } else if (!statement.empty() && !statement.starts_with('#')) {
+                story->tell(statement);
+                ASSERT_FALSE(testing::Test::HasFatalFailure());
+            }
+        }
+    }
+    EXPECT_GT(told, 20);
+}
+
+} // namespace
+} // namespace qdw8::test
