@@ -21,7 +21,6 @@ struct RunState {
     Flag RangeCancelFlag = kClear;
     Flag GrpMoveStopFlag = kClear;
     Flag ProgramEndFlag = kClear;
-    std::int16_t RetryCount = 0;
     std::array<Flag, kAxes> AxisOff{};
     std::array<Flag, kAxes> CtAxisOff{};
 };
@@ -44,7 +43,6 @@ Flag& SplashDoneFlag = state.SplashDoneFlag;
 Flag& RangeCancelFlag = state.RangeCancelFlag;
 Flag& GrpMoveStopFlag = state.GrpMoveStopFlag;
 Flag& ProgramEndFlag = state.ProgramEndFlag;
-std::int16_t& RetryCount = state.RetryCount;
 std::array<Flag, kAxes>& AxisOff = state.AxisOff;
 std::array<Flag, kAxes>& CtAxisOff = state.CtAxisOff;
 

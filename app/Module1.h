@@ -48,8 +48,6 @@ extern Flag& ProgramEndFlag;
 extern std::array<Flag, kAxes>& AxisOff;
 extern std::array<Flag, kAxes>& CtAxisOff;
 
-/// Counts failed tries of a file or port operation, then resends, within one call.
-extern std::int16_t& RetryCount;
 /// A file or port operation is tried once and then up to this many times again.
 inline constexpr std::int16_t kRetries = 5;
 /// Milliseconds between two tries.

@@ -21,19 +21,12 @@ void MsecTimer(std::int16_t ms) {
 }
 
 bool SixTries(const std::function<bool()>& attempt) {
-    // Counted here: what runs out of the pause has tries of its own.
-    std::int16_t failed = 0;
-    while (true) {
-        RetryCount = failed;
-        if (attempt()) {
-            return true;
-        }
-        RetryCount = ++failed;
-        if (failed > kRetries) {
+    for (int failed = 0; !attempt(); MsecTimer(kRetryPauseMs)) {
+        if (++failed > kRetries) {
             return false;
         }
-        MsecTimer(kRetryPauseMs);
     }
+    return true;
 }
 
 } // namespace qdw8

@@ -9,9 +9,8 @@ namespace qdw8 {
 /// takes its own time.
 void MsecTimer(std::int16_t ms);
 
-/// Runs `attempt`, which returns true when it was good, up to six times, 100 ms apart, and keeps
-/// the number of failures in `RetryCount`. False: all six failed. What `attempt` throws ends the
-/// tries and goes on to the caller.
+/// Runs `attempt`, which returns true when it was good, up to six times, 100 ms apart. False:
+/// all six failed. What `attempt` throws ends the tries and goes on to the caller.
 bool SixTries(const std::function<bool()>& attempt);
 
 } // namespace qdw8

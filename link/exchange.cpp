@@ -194,9 +194,7 @@ std::int16_t Exchange(const std::string& word, std::int16_t length, const std::s
         return 1;
     }
     const std::string frame = word + data;
-    // Counted here: a file that is tried again out of this wait uses the shared counter.
     for (std::int16_t resends = 0;; ++resends) {
-        RetryCount = resends;
         CommErrorFlag = kClear;
         Send(frame, ReplyTimeoutMs);
         WaitForReply();

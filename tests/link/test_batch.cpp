@@ -163,9 +163,7 @@ TEST(Waits, NestedWaitsTakeTheirOwnTimeAndSixTriesAreSix) {
     EXPECT_EQ(platform.now, 610) << "it can only return behind the inner one";
     int tries = 0;
     EXPECT_FALSE(SixTries([&tries] { return ++tries > 6; }));
-    EXPECT_EQ(RetryCount, 6);
     EXPECT_TRUE(SixTries([&tries] { return ++tries > 8; }));
-    EXPECT_EQ(RetryCount, 2);
     EXPECT_EQ(tries, 9);
     EXPECT_EQ(platform.now, 610 + 5 * 100 + 2 * 100);
 }
