@@ -119,8 +119,6 @@ LineResult ReadMany(int count, const RunShown& shown,
 LineResult SendMany(const std::vector<LineWrite>& writes, const RunShown& shown) {
     const LineResult result = SendAll(writes, shown);
     if (result == LineResult::WrongEcho) {
-        CloseCtPort();
-        CommErrorFlag = kSet;
         ShowWrongData();
     }
     return result;

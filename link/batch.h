@@ -85,7 +85,7 @@ struct LineWrite {
 };
 
 /// Sends the frames in order under the transfer dialog and compares the echoes. After another echo
-/// the dialog is gone, `CommErrorFlag` set, the port closed unless it is kept, and the box shown.
+/// the dialog is gone and the box shown; the line still answers.
 /// Stops at the next frame when the program is to end; the dialog's button cancels only a read.
 LineResult SendMany(const std::vector<LineWrite>& writes, const RunShown& shown);
 

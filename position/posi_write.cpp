@@ -3,6 +3,7 @@
 #include "app/number_forms.h"
 #include "link/ct_commands.h"
 #include "link/exchange.h"
+#include "link/line_state.h"
 #include "link/port.h"
 #include "platform/fault.h"
 #include "position/check_result.h"
@@ -60,6 +61,9 @@ LineResult WritePosidataToCt() {
         const LineResult result =
             SendMany(BuildRows(), {PosiLast - PosiFirst + 1, 383, /*cancel=*/true});
         CloseCtPort();
+        if (result == LineResult::WrongEcho) {
+            CommErrorFlag = kSet; // the answer to another row: this line is out of step
+        }
         return result;
     } catch (const std::exception&) {
         ShowWrongData();

@@ -1,12 +1,14 @@
 #include "link/link_fixture.h"
 
 #include "app/main_panel.h"
+#include "app/number_forms.h"
 #include "link/alarm.h"
 #include "link/line_state.h"
 #include "link/port.h"
 #include "link/receiver.h"
 
 #include <map>
+#include <sstream>
 
 namespace qdw8::test {
 namespace {
@@ -36,6 +38,15 @@ std::string WordOf(const std::string& event) {
 
 } // namespace
 
+std::vector<std::string> Split(const std::string& text, char mark) {
+    std::vector<std::string> parts;
+    std::istringstream stream(text);
+    for (std::string part; std::getline(stream, part, mark);) {
+        parts.push_back(Trim(part));
+    }
+    return parts;
+}
+
 LinkBench::LinkBench() {
     platform.recordsBoxes = true;
     ErrorList.fill({});
@@ -51,6 +62,25 @@ LinkBench::LinkBench() {
         }
         lit = ThePanel().imgGreenLedOnline;
     };
+}
+
+void LinkBench::answer(const std::string& answers) {
+    for (const std::string& text : Split(answers, ';')) {
+        std::vector<std::pair<std::int64_t, std::string>> pieces;
+        for (std::string piece : Split(text, '~')) {
+            const std::size_t at = piece.find('@');
+            const std::size_t in = 10 * (pieces.size() + 1);
+            pieces.emplace_back(at == piece.npos ? in : std::stoul(piece.substr(at + 1)),
+                                piece.substr(0, at));
+            if (const auto end = pieces.back().second.find('^'); end != piece.npos) {
+                pieces.back().second.replace(end, 1, "\r\n");
+            }
+        }
+        if (!pieces.empty() && !text.ends_with('~')) {
+            pieces.back().second += "\r\n";
+        }
+        platform.answerBytes(pieces);
+    }
 }
 
 void LinkBench::letAlarmStand() {

@@ -4,14 +4,20 @@
 #include "support/boxes.h"
 
 #include <string>
+#include <vector>
 
 namespace qdw8::test {
+
+/// The parts of a text, without blanks at their ends.
+std::vector<std::string> Split(const std::string& text, char mark);
 
 /// A fresh program, on line, the lamp lit, nothing wrong. The error list holds "13" and "24".
 class LinkBench : public Bench {
 public:
     LinkBench();
 
+    /// Queues answers as faults.txt tells them: "0RH1; 0CM0@30; 0R~H1".
+    void answer(const std::string& answers);
     /// The alarm display as an earlier error reply left it.
     static void letAlarmStand();
     /// What has happened since the last call, in words: "0 send 10 again close off error, 20".

@@ -120,32 +120,10 @@ TEST(Commands, WhatComesBackOfTheRequestIsCompared) {
 
 using CommandTest = Unit<CommandBench>;
 
-TEST_F(CommandTest, GroupRunAndTheCommandsBehindItWaitAsLongAsItTakesButNotTheStop) {
-    platform.answer("0MG01", 3'600'000);
-    EXPECT_EQ(RunGroup(1), 0);
-    platform.answer("0JR", 90'000);
-    EXPECT_EQ(JogRun("1"), 0);
-    const std::int64_t begin = platform.now;
-    EXPECT_EQ(StopMotion(), 1);
-    EXPECT_EQ(platform.now - begin, 1000);
-}
-
 TEST_F(CommandTest, MaskWithoutAnAxis) {
     AxisOff.fill(kSet);
     platform.answer("0RC0");
     EXPECT_EQ(ReadPresentPosition(), 0);
-}
-
-TEST_F(CommandTest, ModeGoesOnLineFirstAndFailedStatusGoesOff) {
-    SetOfflineState();
-    CommErrorFlag = kSet;
-    platform.answer("0CM01");
-    EXPECT_EQ(SetCtMode(1), 0);
-    EXPECT_EQ(state(), "OnLine");
-    platform.answer("0%%013");
-    EXPECT_EQ(CheckCtIdentity(), 1);
-    EXPECT_EQ(platform.sent, (std::vector<std::string>{"0CM01", "0CM1"})) << "asks no identity";
-    EXPECT_EQ(state(), "OffLine Alarm ErrorFound");
 }
 
 TEST_F(CommandTest, HomeStatusMovesFlagAndLamp) {
@@ -172,32 +150,6 @@ TEST_F(CommandTest, IdentityAndBoardVersionsAreKept) {
     EXPECT_EQ(CtAxisVersion[2], "");
 }
 
-TEST_F(CommandTest, AWrapperGivesUpOnlyOnALineThatIsStillTaken) {
-    CtBusyFlag = kSet;
-    platform.after(300, [] { CtBusyFlag = kClear; });
-    platform.answer("0RH0");
-    EXPECT_EQ(ReadHomeStatus(), 0);
-    CtBusyFlag = kSet;
-    platform.after(300, [] { CommErrorFlag = kSet; });
-    EXPECT_EQ(ReadHomeStatus(), 1);
-    EXPECT_TRUE(IsSet(CtBusyFlag)) << "the flag is its owner's to clear";
-    CtBusyFlag = kClear;
-    platform.answer("0RH0");
-    EXPECT_EQ(ReadHomeStatus(), 0) << "an old failure alone keeps nobody from sending";
-    EXPECT_EQ(platform.sentAt, (std::vector<std::int64_t>{300, 610}));
-}
-
-TEST_F(CommandTest, WrappersThatOpenThePortTellOnce) {
-    for (const auto call : {CheckCtIdentity, ReadAxisMask, ReadAxisMaskShown}) {
-        GoOnLine();
-        platform.failingOpens = -1;
-        platform.boxes.clear();
-        EXPECT_EQ(call(), 1);
-        EXPECT_EQ(platform.boxes, std::vector{box::kPort});
-        EXPECT_TRUE(IsSet(OffLineFlag));
-    }
-}
-
 TEST_F(CommandTest, AxisMaskIsTakenFromBlockZero) {
     AxisOff.fill(kClear);
     std::string broken = kAxes5;
@@ -210,21 +162,6 @@ TEST_F(CommandTest, AxisMaskIsTakenFromBlockZero) {
     EXPECT_EQ(ReadAxisMask(), 0);
     EXPECT_EQ(AxisOff, (std::array<Flag, kAxes>{kClear, kSet, kClear, kSet}));
     EXPECT_EQ(CtAxisOff, (std::array<Flag, kAxes>{}));
-}
-
-TEST_F(CommandTest, QuietAxisMaskTriesSixTimesAndHearsTheLastReply) {
-    AxisOff.fill(kClear);
-    for (int failed = 0; failed < 5; ++failed) {
-        platform.silence();
-    }
-    platform.answer(kAxes5);
-    EXPECT_EQ(ReadAxisMaskQuiet(), 0);
-    EXPECT_EQ(platform.sentAt, (std::vector<std::int64_t>{0, 1100, 2200, 3300, 4400, 5500}));
-    EXPECT_EQ(CtAxisOff, (std::array<Flag, kAxes>{kClear, kSet, kClear, kSet}));
-    EXPECT_EQ(AxisOff, (std::array<Flag, kAxes>{}));
-    EXPECT_EQ(ReadAxisMaskQuiet(), 1);
-    EXPECT_EQ(platform.sent.size(), 12U);
-    EXPECT_TRUE(platform.boxes.empty());
 }
 
 } // namespace

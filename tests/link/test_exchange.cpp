@@ -17,44 +17,14 @@
 namespace qdw8::test {
 namespace {
 
-std::vector<std::string> Split(const std::string& text, char mark) {
-    std::vector<std::string> parts;
-    std::istringstream stream(text);
-    for (std::string part; std::getline(stream, part, mark);) {
-        parts.push_back(Trim(part));
-    }
-    return parts;
-}
-
-/// Queues what a row of the table answers; "closed" and "faults" are states of the port.
-void Answer(ScriptedPlatform& platform, const std::string& answers) {
-    if (answers == "closed" || answers == "faults") {
-        platform.failingOpens = answers == "closed" ? 6 : 0;
-        platform.outputFaults = answers == "faults";
-        return;
-    }
-    for (const std::string& answer : Split(answers, ';')) {
-        std::vector<std::pair<std::int64_t, std::string>> pieces;
-        for (const std::string& piece : Split(answer, '~')) {
-            const std::size_t at = piece.find('@');
-            pieces.emplace_back(at == piece.npos ? 10 * (pieces.size() + 1)
-                                                 : std::stoul(piece.substr(at + 1)),
-                                piece.substr(0, at));
-            if (const auto end = pieces.back().second.find('^'); end != piece.npos) {
-                pieces.back().second.replace(end, 1, "\r\n");
-            }
-        }
-        pieces.back().second += "\r\n";
-        platform.answerBytes(pieces);
-    }
-}
-
 void CheckFault(const std::vector<std::string>& row, char form, bool kept) {
     LinkBench bench;
     LinkBench::letAlarmStand();
     PortOccupyFlag = FlagOf(kept);
     ReplyTimeoutMs = 1000;
-    Answer(bench.platform, row[1]);
+    bench.platform.failingOpens = row[1] == "closed" ? 6 : 0;
+    bench.platform.outputFaults = row[1] == "faults";
+    bench.answer(row[1]);
     std::string story = row[3];
     if (const auto stop = story.find(" stop"); stop != story.npos) {
         story.erase(stop, 5);
@@ -108,25 +78,6 @@ TEST(ExchangeFaults, EveryFaultInEveryForm) {
 
 using ExchangeTest = LinkTest;
 
-// Remains of a reply that broke off stand in front of the next one: nothing is cleared before a
-// send. So does the rest of a burst that happened to pause behind a line end.
-TEST_F(ExchangeTest, RemainsStandInFrontOfTheNextReply) {
-    ReplyTimeoutMs = 1000;
-    platform.answerBytes({{10, "0R"}});
-    platform.answer("0RH1");
-    platform.answer("0CM0");
-    EXPECT_EQ(SendCtCommand("0RH", 6), 1);
-    EXPECT_EQ(story(), "0 send 1000 send 1010 again close off error, 1020");
-
-    GoOnLine();
-    platform.answerBytes({{10, "0RH1\r\n"}, {11, "0R"}});
-    EXPECT_EQ(SendCtCommand("0RH", 6), 0);
-    platform.run(10);
-    platform.answer("H0");
-    EXPECT_EQ(SendCtCommand("0RH", 6), 0);
-    EXPECT_EQ(ReplyText, "0RH0\r\n");
-}
-
 TEST_F(ExchangeTest, FaultHasATextOfItsOwnInJapanese) {
     LanguageBase = 0;
     platform.answer("0ZZ1");
@@ -136,38 +87,6 @@ TEST_F(ExchangeTest, FaultHasATextOfItsOwnInJapanese) {
     SendCtCommandOnce("0RH", 6);
     ASSERT_EQ(platform.boxes.size(), 2U);
     EXPECT_NE(platform.boxes[0], platform.boxes[1]);
-}
-
-// A wait with a limit, one without, and the recovery.
-TEST_F(ExchangeTest, PortThatIsGoneEndsEveryWaitAtOnce) {
-    for (const auto& [limit, reply] : {std::pair{1000, ""}, {0, ""}, {0, "0ZZ1"}}) {
-        GoOnLine();
-        SetOnlineState();
-        ReplyTimeoutMs = static_cast<std::int16_t>(limit);
-        *reply == 0 ? platform.silence() : platform.answer(reply);
-        platform.after(300, [this] { platform.breakLine(); });
-        const std::int64_t begin = platform.now;
-        EXPECT_EQ(SendCtCommand("0MG", 7, "01"), 1);
-        EXPECT_EQ(platform.now - begin, 300);
-        EXPECT_TRUE(story().find("breaks off port") != std::string::npos);
-        EXPECT_EQ(state(), "OffLine CommError");
-    }
-}
-
-// The same at the end of the program, without a word.
-TEST_F(ExchangeTest, EndOfTheProgramEndsEveryWait) {
-    for (const auto& [limit, reply, ms] :
-         {std::tuple{1000, "", 1000}, {0, "", 300}, {1000, "0ZZ1", 300}}) {
-        GoOnLine();
-        ProgramEndFlag = kClear;
-        ReplyTimeoutMs = static_cast<std::int16_t>(limit);
-        *reply == 0 ? platform.silence() : platform.answer(reply);
-        platform.after(300, [] { ProgramEndFlag = kSet; });
-        const std::int64_t begin = platform.now;
-        EXPECT_EQ(SendCtCommand("0MG", 7, "01"), 1);
-        EXPECT_EQ(platform.now - begin, ms);
-    }
-    EXPECT_TRUE(platform.boxes.empty());
 }
 
 // The way out of the recovery is offered from one time limit on, by the transfer dialog where it is
