@@ -17,7 +17,10 @@ struct SelectionQuestion {
     std::string title;
     std::string text;
     std::vector<std::string> choices; ///< two or three; the first is preselected
-    bool mustAnswer = false;          ///< no Cancel button, and the window can't be closed
+    /// No Cancel button; the title bar asks for the end of the program (`AskToEndProgram`), and the
+    /// window goes as cancelled only when that is confirmed.
+    bool mustAnswer = false;
+    std::vector<std::string> details = {}; ///< lines between text and choices
 };
 inline constexpr std::int16_t kSelectionCancelled = -1;
 

@@ -5,6 +5,7 @@
 #include "app/command_states.h"
 #include "app/screens.h"
 #include "device/axis_device.h"
+#include "device/device_reset.h"
 #include "platform/platform.h"
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
@@ -48,7 +49,7 @@ std::unique_ptr<frmMain> ShowFullGrid(int width, int height) {
     ResetDevices();
     ResetPositions();
     for (AxisDevice& device : DevSetting) {
-        device = {" 44", "L", 100, kSet, kClear, kSet, kSet, 2, 400, 0.005, 20000, 100};
+        device = {" 44", "L", 100, kSet, kClear, kSet, kSet, 2, 400, 20000, 100};
     }
     for (std::size_t index = 0; index < kCommands; ++index) {
         SetBuilt(static_cast<Command>(index));

@@ -13,6 +13,7 @@
 #include "app/screens.h"
 #include "app/transfer_dialog.h"
 #include "device/axis_device.h"
+#include "device/device_reset.h"
 #include "link/Module3Tusin.h"
 #include "parameter/para_reset.h"
 #include "parameter/para_transfer.h"

@@ -6,6 +6,7 @@
 #include "device/Module2Calc.h"
 #include "device/axis_device.h"
 #include "device/device_list.h"
+#include "device/device_reset.h"
 #include "platform/platform.h"
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
@@ -36,7 +37,7 @@ void ShowFullTable(bool mm) {
     ResetDevices();
     ResetPositions();
     for (AxisDevice& device : DevSetting) {
-        device = {" 44", "L", 100, kSet, kClear, kSet, kSet, 2, 400, 0.005, 20000, 100};
+        device = {" 44", "L", 100, kSet, kClear, kSet, kSet, 2, 400, 20000, 100};
     }
     DispMmFlag = FlagOf(mm);
     ClearPosiTable();

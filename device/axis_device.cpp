@@ -1,17 +1,14 @@
 #include "device/axis_device.h"
 
-#include "device/device_list.h"
-#include "device/device_name.h"
-
 namespace qdw8 {
 
 std::array<AxisDevice, kAxes> DevSetting;
 std::array<AxisDevice, kAxes> DevSettei;
-std::array<Flag, kAxes> FileAxisOff{};
+std::array<Flag, kAxes> FileAxisOff;
 std::array<std::string, kAxes> FamilyText;
 std::array<std::string, kAxes> FileDevText;
 std::array<std::string, kAxes> FileNewOld;
-std::array<Flag, kAxes> DeviceTextEmpty{};
+std::array<Flag, kAxes> DeviceTextEmpty;
 std::array<ControllerDevice, kAxes> CtDevice;
 
 AxisChoice AxesInUse() {
@@ -28,21 +25,6 @@ bool IsSpecialModel(const AxisDevice& device) {
 
 bool ExistsOnlyAsNew(const std::string& size) {
     return size == "J52" || size == " 33" || size == " 61";
-}
-
-void ResetDevices() {
-    AxisDevice unknown;
-    unknown.NewType = kSet;
-    DevSetting.fill(unknown);
-    DevSettei.fill(unknown);
-    FileAxisOff.fill(kSet);
-    FamilyText.fill("QD");
-    FileDevText.fill({});
-    FileNewOld.fill({});
-    DeviceTextEmpty.fill(kClear);
-    CtDevice.fill(ControllerDevice{});
-    CodeTexts = {};
-    ResetDeviceList();
 }
 
 } // namespace qdw8

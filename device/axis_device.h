@@ -23,7 +23,6 @@ struct AxisDevice {
     Flag Device = kClear;       ///< the family is "QD"
     std::int16_t DevLead = 0;   ///< mm per revolution: numerator of every conversion
     std::int16_t DevPPR = 0;    ///< pulses per revolution: denominator of every conversion
-    double MmPerPulse = 0;      ///< `DevLead` / `DevPPR`
     std::int32_t MaxPulse = 0;  ///< stroke end in pulses
     double MaxStrokeMm = 0;     ///< stroke end in mm, cut to three decimals; always n / 10000.0
 
@@ -68,9 +67,5 @@ bool IsSpecialModel(const AxisDevice& device);
 
 /// True for the sizes of which no old type was ever made: " 33", " 61" and "J52".
 bool ExistsOnlyAsNew(const std::string& size);
-
-/// Puts the variables of the device room into the state of a fresh start: no actuator known, every
-/// axis of the family "QD" and of the new type. `AxisOff` is not one of them.
-void ResetDevices();
 
 } // namespace qdw8

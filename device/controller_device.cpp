@@ -10,17 +10,24 @@ namespace {
 constexpr std::int16_t kOldKind = 0;
 constexpr std::int16_t kNewKind = 1;
 
+// What a parameter may be at the most; a memory that holds more was never set or is spoiled.
+constexpr std::int16_t kMostLead = 255;
+constexpr std::int32_t kMostPulses = 262143;
+constexpr std::int16_t kLongestStroke = 500;
+
 /// Checked for all axes before any is touched, so that no axis is left half taken over.
 std::int16_t CheckNumbers(const AxisChoice& axes) {
     for (std::size_t axis = 0; axis < CtDevice.size(); ++axis) {
         if (!axes[axis]) {
             continue;
         }
-        if (CtDevice[axis].PPR > std::numeric_limits<std::int16_t>::max()) {
+        const ControllerDevice& ct = CtDevice[axis];
+        if (ct.PPR > std::numeric_limits<std::int16_t>::max() || ct.Lead > kMostLead ||
+            ct.MaxPulse > kMostPulses || ct.Stroke > kLongestStroke) {
             ShowWrongData();
             return 1;
         }
-        if (CtDevice[axis].Lead == 0 || CtDevice[axis].PPR == 0) {
+        if (ct.Lead == 0 || ct.PPR == 0) {
             return 1;
         }
     }
@@ -58,7 +65,6 @@ std::int16_t TakeControllerFlags(const AxisChoice& axes) {
         TakeFlags(DevSettei[axis], ct);
         DevSetting[axis].DevLead = ct.Lead;
         DevSetting[axis].DevPPR = static_cast<std::int16_t>(ct.PPR);
-        DevSetting[axis].MmPerPulse = static_cast<double>(ct.Lead) / ct.PPR;
         DevSetting[axis].MaxPulse = ct.MaxPulse;
     }
     return 0;

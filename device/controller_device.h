@@ -9,8 +9,9 @@
 namespace qdw8 {
 
 /// Kind, options, lead, pulses and stroke end of each axis in use. 0 good. 1 the devices are as
-/// they were: an axis in use has more pulses per revolution than 32767, which a box told, or its
-/// lead or its pulses are 0, which means that the controller was never set up for it.
+/// they were: an axis in use has more pulses per revolution than 32767, a stroke end beyond 262143
+/// pulses or a device stroke beyond 500 mm, which a box told, or its lead or its pulses are 0,
+/// which means that the controller was never set up for it.
 std::int16_t TakeControllerFlags();
 /// The same for these axes alone; the others are neither judged nor touched.
 std::int16_t TakeControllerFlags(const AxisChoice& axes);

@@ -14,7 +14,7 @@
 namespace qdw8 {
 
 std::array<DeviceListTable, kAxes> DeviceListTables;
-std::array<Flag, kAxes> DeviceListFailed{};
+std::array<Flag, kAxes> DeviceListFailed;
 LeadPpr FoundLeadPpr;
 
 namespace {
@@ -201,12 +201,6 @@ std::int16_t PgOptionCode(const std::string& size, const std::string& speed, std
 std::int16_t VerticalOptionCode(const std::string& size, const std::string& speed,
                                 std::int16_t stroke) {
     return OptionCode(size, speed, stroke, &DeviceListRow::verticalOption);
-}
-
-void ResetDeviceList() {
-    DeviceListTables.fill(DeviceListTable{});
-    DeviceListFailed.fill(kClear);
-    FoundLeadPpr = {};
 }
 
 } // namespace qdw8

@@ -88,6 +88,4 @@ std::int16_t PgOptionCode(const std::string& size, const std::string& speed, std
 std::int16_t VerticalOptionCode(const std::string& size, const std::string& speed,
                                 std::int16_t stroke);
 
-void ResetDeviceList();
-
 } // namespace qdw8

@@ -1,6 +1,9 @@
 #include "device/device_lists.h"
 
+#include "app/number_forms.h"
+#include "device/axis_device.h"
 #include "device/device_list.h"
+#include "platform/fault.h"
 
 #include <algorithm>
 
@@ -39,6 +42,18 @@ std::vector<std::string> FilterStrokes(std::size_t axis, const std::string& size
         }
     }
     return strokes;
+}
+
+bool CountsAsNewOnly(const std::string& size) {
+    return ExistsOnlyAsNew(size) || size == " 71";
+}
+
+std::int16_t StrokeNumber(const std::string& text) {
+    try {
+        return ToInt16(NumberFromText(text));
+    } catch (const Fault&) {
+        return 0;
+    }
 }
 
 } // namespace qdw8

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -16,5 +17,10 @@ std::vector<std::string> FilterStrokes(std::size_t axis, const std::string& size
                                        const std::string& speed);
 
 bool Holds(const std::vector<std::string>& rows, const std::string& text);
+
+/// True for the sizes that are of the new type whatever the box of the old type says.
+bool CountsAsNewOnly(const std::string& size);
+/// The stroke that a text means in mm; 0 if it means none.
+std::int16_t StrokeNumber(const std::string& text);
 
 } // namespace qdw8

@@ -85,7 +85,6 @@ bool ReadAxis(std::size_t axis) {
     if (device.DevLead <= 0 || device.DevPPR <= 0) {
         return false; // nothing can be converted on such an axis
     }
-    device.MmPerPulse = static_cast<double>(device.DevLead) / device.DevPPR;
     return good;
 }
 

@@ -18,10 +18,9 @@
 namespace qdw8 {
 
 std::array<std::vector<FactoryDevice>, kAxes> FactoryDeviceTable;
-std::array<std::array<double, kFactoryColumns>, kFactoryRows> FactoryCommonTable{};
-Flag FactoryFailedFlag = kClear;
-Flag KeepAxisFlag = kClear;
-std::int16_t KeptAxisMask = 0;
+std::array<std::array<double, kFactoryColumns>, kFactoryRows> FactoryCommonTable;
+Flag KeepAxisFlag;
+std::int16_t KeptAxisMask;
 
 namespace {
 
@@ -285,7 +284,6 @@ std::int16_t ReadFactoryLists() {
         return 0;
     } catch (const WrongHead&) {
         ShowTexts({27});
-        FactoryFailedFlag = kSet;
         return 1;
     } catch (const std::exception&) {
         ShowTexts({28, 29});

@@ -40,7 +40,6 @@ inline constexpr std::size_t kFactoryColumns = 3;
 /// items. Column 1 counts, for the first two rows column 2 on an axis with a pulse generator.
 extern std::array<std::array<double, kFactoryColumns>, kFactoryRows> FactoryCommonTable;
 
-extern Flag FactoryFailedFlag; ///< the common list is of another kind; cleared by the caller
 /// -1: a load of factory parameters takes the axis mask from `KeptAxisMask`.
 extern Flag KeepAxisFlag;
 extern std::int16_t KeptAxisMask;

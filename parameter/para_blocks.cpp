@@ -3,6 +3,8 @@
 #include "app/number_forms.h"
 #include "platform/fault.h"
 
+#include <algorithm>
+#include <iterator>
 #include <span>
 
 namespace qdw8 {
@@ -122,12 +124,20 @@ std::int32_t Take(std::string_view digits, std::size_t byte, std::size_t width) 
     return HexValue(Mid(digits, 2 * byte + 1, 2 * width));
 }
 
+/// The number that the digits of a size make, whatever letters stand among them.
+double SizeNumber(const std::string& size) {
+    std::string digits;
+    std::copy_if(size.begin(), size.end(), std::back_inserter(digits),
+                 [](char c) { return c >= '0' && c <= '9'; });
+    return NumberFromText(digits);
+}
+
 void PutActuator(std::string& digits, const ActuatorParts& parts) {
     if (parts.size == "J52") {
         Put(digits, kSizeByte, 1, kJ52Number);
         Put(digits, kSpeedByte, 1, kJ52Letter);
     } else {
-        Put(digits, kSizeByte, 1, NumberFromText(parts.size));
+        Put(digits, kSizeByte, 1, SizeNumber(parts.size));
         const unsigned char letter =
             parts.speed.empty() ? 0 : static_cast<unsigned char>(parts.speed.front());
         Put(digits, kSpeedByte, 1, letter);

@@ -51,6 +51,11 @@ bool CommonGood() {
 
 } // namespace
 
+bool DeviceFiguresGood(std::size_t axis) {
+    return ValueGood(ItemOfRow(kRowSTROKE), axis) && ValueGood(ItemOfRow(kRowLEAD), axis) &&
+           ValueGood(ItemOfRow(kRowPULSE), axis) && ActuatorGood(axis);
+}
+
 std::int16_t ParametaValueCheck() {
     return AxesGood(Scope::All) && CommonGood() ? 0 : 1;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 /// The range checks of `ParaSet`. Nothing is reported and nothing corrected: the caller decides.
@@ -11,5 +12,9 @@ std::int16_t ParametaValueCheck();
 
 /// The same before a device write: only the items that the device decides, of the axes in use.
 std::int16_t ParametaValueCheck2();
+
+/// True if the parameters of the axis (0 to 3) that make a device pass: stroke end, lead, pulses
+/// and the parts of its actuator.
+bool DeviceFiguresGood(std::size_t axis);
 
 } // namespace qdw8

@@ -5,15 +5,15 @@
 #include "app/screens.h"
 #include "device/Module2Calc.h"
 #include "device/axis_device.h"
-#include "device/device_list.h"
 #include "parameter/factory_lists.h"
+#include "parameter/para_check.h"
 #include "parameter/para_set.h"
 #include "platform/fault.h"
 
 namespace qdw8 {
 
-Flag FactoryDeviceFlag = kClear;
-Flag DeviceCancelled = kClear;
+Flag FactoryDeviceFlag;
+Flag DeviceCancelled;
 
 namespace {
 
@@ -22,9 +22,7 @@ struct DeviceFigures {
     explicit DeviceFigures(std::size_t axis)
         : lead(ToInt16(ParaSet.LEAD[axis])), ppr(ToInt16(ParaSet.PULSE[axis])),
           maxPulse(ToInt32(ParaSet.STROKE[axis])) {
-        const ActuatorParts& parts = ParaSet.parts[axis];
-        if (lead <= 0 || ppr <= 0 || maxPulse < 0 ||
-            CheckDeviceKey(parts.size, parts.speed, parts.stroke) != 0) {
+        if (!DeviceFiguresGood(axis)) {
             throw Fault("no device has such figures");
         }
     }
@@ -111,7 +109,6 @@ std::int16_t SelectDeviceAndLoadFactory() {
         FactoryDeviceFlag = kClear;
         return -1;
     }
-    FactoryFailedFlag = kClear;
     const std::int16_t result = LoadFactoryParameters();
     FactoryDeviceFlag = kClear;
     return result;

@@ -14,7 +14,8 @@ extern Flag DeviceCancelled;   ///< -1: the device window was left by Cancel; th
 /// The axes and actuators of `ParaSet` become what the program works with, and the stroke ends in
 /// mm follow. 0 good. 1 not: an axis in use names no actuator (`DeviceTextEmpty` is set, the axes
 /// before it are done), or, after a box, it holds what no device can have, such as more pulses per
-/// revolution than 32767, a lead of 0 or a stroke of 5 mm, and no device has changed. `AxisOff`
+/// revolution than 32767 or a stroke end beyond the limits of the parameter check, and no device
+/// has changed. A model that the device list lacks is taken. `AxisOff`
 /// follows the mask in any case. Whether the axis counts as one of the family is left to
 /// `FamilyText`.
 std::int16_t TakeParameterDevices();

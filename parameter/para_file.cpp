@@ -2,16 +2,16 @@
 
 #include "app/boxes.h"
 #include "app/field_reader.h"
+#include "app/file_questions.h"
 #include "app/number_forms.h"
 #include "app/string_table.h"
-#include "link/Module3Tusin.h"
+#include "app/waits.h"
 #include "parameter/para_check.h"
 #include "parameter/para_fields.h"
 #include "parameter/para_rows.h"
 #include "parameter/para_set.h"
 #include "platform/cp932_text.h"
 #include "platform/fault.h"
-#include "platform/platform.h"
 #include "platform/whole_file.h"
 
 #include <algorithm>
@@ -23,9 +23,6 @@
 #include <utility>
 
 namespace qdw8 {
-
-Flag ParaReadFailedFlag = kClear;
-Flag ParaWriteFailedFlag = kClear;
 
 namespace {
 
@@ -43,6 +40,8 @@ constexpr std::array<Section, 5> kSections = {{
     {"ETC", kRowHOME_OUT, 5, 1},
     {"SPECIAL", kRowAXIS, 7, 4},
 }};
+
+constexpr FileKind kParaFile{1827, "pmt"};
 
 enum class Outcome { Taken, Failed, OtherKind };
 
@@ -87,7 +86,6 @@ Outcome Read(const std::string& path) {
         const std::string kind = fields.next();
         if (controller != "QD-K8" || kind != "PRM") {
             ShowTexts({22, 20});
-            ParaReadFailedFlag = kSet;
             return Outcome::OtherKind;
         }
         ParaRows rows;
@@ -103,7 +101,6 @@ Outcome Read(const std::string& path) {
         ParaRowTable = std::move(rows);
         return Outcome::Taken;
     } catch (const std::exception&) {
-        ParaReadFailedFlag = kSet;
         return Outcome::Failed;
     }
 }
@@ -141,36 +138,6 @@ std::string FileText() {
     return text;
 }
 
-std::optional<FileAnswer> AskSaveName() {
-    FileQuestion question;
-    question.kind = FileQuestion::Kind::Save;
-    question.title = ResText(11);
-    question.filter = ResText(1827);
-    question.defaultExt = "pmt";
-    question.fileName = ResText(12);
-    question.flags = kOverwritePrompt;
-    auto answer = ThePlatform().CommonDialog1.ShowFile(question);
-    if (answer && answer->path.empty()) {
-        answer.reset();
-    }
-    return answer;
-}
-
-/// Up to six tries, 100 ms apart.
-bool WriteWithTries(const std::string& path) {
-    ParaWriteFailedFlag = kClear;
-    // Counted here: the pause serves timers, and an exchange that they start counts its own tries.
-    std::int16_t retries = 0;
-    while (WriteParaFile(path) != 0) {
-        if (++retries > kRetries) {
-            return false;
-        }
-        MsecTimer(kRetryPauseMs);
-    }
-    ParaWriteFailedFlag = kClear;
-    return true;
-}
-
 } // namespace
 
 std::int16_t ReadParaFile(const std::string& path) {
@@ -178,37 +145,27 @@ std::int16_t ReadParaFile(const std::string& path) {
 }
 
 std::int16_t ReadParaFileWithTries(const std::string& path) {
-    ParaReadFailedFlag = kClear;
-    std::int16_t retries = 0;
-    while (true) {
-        switch (Read(path)) {
-        case Outcome::Taken: ParaReadFailedFlag = kClear; return 0;
-        case Outcome::OtherKind: return -1;
-        case Outcome::Failed: break;
-        }
-        if (++retries > kRetries) {
-            ShowTexts({681});
-            return 1;
-        }
-        MsecTimer(kRetryPauseMs);
+    Outcome outcome = Outcome::Failed;
+    const bool ended = SixTries([&] {
+        outcome = Read(path);
+        return outcome != Outcome::Failed;
+    });
+    if (!ended) {
+        ShowTexts({681});
+        return 1;
     }
+    return outcome == Outcome::Taken ? std::int16_t{0} : std::int16_t{-1};
 }
 
 std::int16_t AskAndReadParaFile(std::int16_t titleId) {
-    FileQuestion question;
-    question.kind = FileQuestion::Kind::Open;
-    question.title = ResText(titleId);
-    question.filter = ResText(1827);
-    question.defaultExt = "pmt";
-    question.flags = kFileMustExist;
     std::optional<FileAnswer> answer;
     try {
-        answer = ThePlatform().CommonDialog1.ShowFile(question);
+        answer = AskFileToOpen(kParaFile, titleId);
     } catch (const std::exception&) {
         ShowTexts({681});
         return 1;
     }
-    return answer && !answer->path.empty() ? ReadParaFileWithTries(answer->path) : std::int16_t{-1};
+    return answer ? ReadParaFileWithTries(answer->path) : std::int16_t{-1};
 }
 
 std::int16_t OpenParaFile() {
@@ -229,7 +186,6 @@ std::int16_t WriteParaFile(const std::string& path) {
         WriteWholeFile(path, ToCp932(FileText()));
         return 0;
     } catch (const std::exception&) {
-        ParaWriteFailedFlag = kSet;
         return 1;
     }
 }
@@ -244,11 +200,11 @@ std::int16_t SaveParameters() {
         return 1;
     }
     try {
-        const auto answer = AskSaveName();
+        const auto answer = AskFileToSave(kParaFile, 11, ResText(12));
         if (!answer) {
             return 1;
         }
-        const bool written = WriteWithTries(answer->path);
+        const bool written = SixTries([&answer] { return WriteParaFile(answer->path) == 0; });
         ShowTexts({written ? std::int16_t{14} : std::int16_t{13}});
         return written ? 0 : 1;
     } catch (const std::exception&) {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "app/Module1.h"
-
 #include <cstdint>
 #include <string>
 
@@ -9,13 +7,9 @@
 /// line ends.
 namespace qdw8 {
 
-/// Set by a failed read or write, cleared by the caller before the operation.
-extern Flag ParaReadFailedFlag;
-extern Flag ParaWriteFailedFlag;
-
 /// Reads a file into `ParaRowTable`, and the file's name into its cell (0, 0). `ParaSet` stays
-/// untouched. 0 taken. 1 not taken: `ParaReadFailedFlag` is set and the table as it was; a file of
-/// another kind was told by a box, anything else was not.
+/// untouched. 0 taken. 1 not taken, and the table is as it was; a file of another kind was told by
+/// a box, anything else was not.
 std::int16_t ReadParaFile(const std::string& path);
 
 /// The same for a user who waits: up to six tries, 100 ms apart, but none after a file of another
@@ -31,8 +25,8 @@ std::int16_t AskAndReadParaFile(std::int16_t titleId);
 std::int16_t OpenParaFile();
 
 /// Builds each axis' `Actuator` anew and writes `ParaSet`, whole or not at all. The acceleration
-/// setting doesn't go into the file. 0 good; 1 failed: `ParaWriteFailedFlag` is set, and the file
-/// that stood there before is as it was.
+/// setting doesn't go into the file. 0 good; 1 failed, and the file that stood there before is as
+/// it was.
 std::int16_t WriteParaFile(const std::string& path);
 
 /// `cmdSaveParaFile`: takes the fields into `ParaSet`, checks them and saves under a name of the

@@ -3,7 +3,6 @@
 #include "parameter/factory_lists.h"
 #include "parameter/para_device.h"
 #include "parameter/para_fields.h"
-#include "parameter/para_file.h"
 #include "parameter/para_rows.h"
 #include "parameter/para_set.h"
 
@@ -14,9 +13,6 @@ void ResetParameters() {
     ParaReserved.fill(0);
     ParaRowTable = ParaRows{};
     ParaFields = ParaFieldTexts{};
-    ParaReadFailedFlag = kClear;
-    ParaWriteFailedFlag = kClear;
-    FactoryFailedFlag = kClear;
     FactoryDeviceTable.fill({});
     FactoryCommonTable = {};
     KeepAxisFlag = kClear;

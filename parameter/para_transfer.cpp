@@ -2,49 +2,37 @@
 
 #include "app/boxes.h"
 #include "app/number_forms.h"
-#include "app/screens.h"
-#include "app/string_table.h"
-#include "app/transfer_dialog.h"
-#include "link/Module3Tusin.h"
+#include "link/batch.h"
 #include "link/ct_commands.h"
+#include "link/exchange.h"
+#include "link/line_state.h"
+#include "link/receiver.h"
 #include "parameter/para_blocks.h"
-#include "parameter/para_file.h"
 #include "platform/fault.h"
 
+#include <algorithm>
+#include <array>
 #include <exception>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace qdw8 {
 namespace {
 
 using Blocks = std::array<std::string, kParaBlocks>;
 
-/// The transfer dialog without a cancel button, taken away on every way out.
-class TranceShown {
-public:
-    TranceShown(int maximum, std::int16_t textId) {
-        TransferRunFlag = kClear;
-        ShowTrance(maximum, ResText(textId));
-    }
-    ~TranceShown() { UnloadTrance(); }
-    TranceShown(const TranceShown&) = delete;
-    TranceShown& operator=(const TranceShown&) = delete;
-};
-
 /// The digits of each block of the axes in use; the others stay empty. False: an exchange failed.
 bool ReadBlocks(Blocks& blocks) {
-    const TranceShown shown(kParaBlocks, 368);
-    for (int block = 0; block < kParaBlocks; ++block) {
-        if (!IsBlockOff(block)) {
-            if (ReadParaBlock(block) != 0) {
-                return false;
-            }
-            blocks[static_cast<std::size_t>(block)] = Mid(ReplyText, 5, 32);
+    const auto read = [&blocks](int block) -> std::int16_t {
+        if (IsBlockOff(block)) {
+            return 0;
         }
-        SetTranceValue(block + 1);
-    }
-    return true;
+        const std::int16_t result = ReadParaBlock(block);
+        blocks[static_cast<std::size_t>(block)] = Mid(ReplyText, 5, 32);
+        return result;
+    };
+    return ReadMany(kParaBlocks, {kParaBlocks, 368}, read) == LineResult::Done;
 }
 
 void CutBlocks(const Blocks& blocks) {
@@ -60,37 +48,20 @@ void CutBlocks(const Blocks& blocks) {
     ParaReserved = reserved;
 }
 
-enum class Sent { Good, Failed, WrongEcho };
-
-Sent SendBlock(int block, const std::string& digits) {
-    if (WriteParaBlock(block, digits) != 0) {
-        return Sent::Failed;
-    }
-    return ReplyText.starts_with("0WD" + HexField(block, 1)) ? Sent::Good : Sent::WrongEcho;
-}
-
-Sent SendCommit() {
-    if (CommitParameters() != 0) {
-        return Sent::Failed;
-    }
-    return ReplyText.starts_with("0WE2") ? Sent::Good : Sent::WrongEcho;
+LineWrite BlockWrite(int block, const std::string& digits) {
+    return {[block, digits] { return WriteParaBlock(block, digits); }, "0WD" + HexField(block, 1)};
 }
 
 /// The blocks from `first` on, then the commit.
-Sent SendBlocks(int first, const Blocks& blocks) {
-    const TranceShown shown(kParaBlocks - first + 1, 383);
+LineResult SendBlocks(int first, const Blocks& blocks) {
+    std::vector<LineWrite> writes;
     for (int block = first; block < kParaBlocks; ++block) {
-        if (!IsBlockOff(block)) {
-            const Sent sent = SendBlock(block, blocks[static_cast<std::size_t>(block)]);
-            if (sent != Sent::Good) {
-                return sent;
-            }
-        }
-        SetTranceValue(block - first + 1);
+        writes.push_back(IsBlockOff(block)
+                             ? LineWrite{}
+                             : BlockWrite(block, blocks[static_cast<std::size_t>(block)]));
     }
-    const Sent sent = SendCommit();
-    SetTranceValue(kParaBlocks - first + 1);
-    return sent;
+    writes.push_back({CommitParameters, "0WE2"});
+    return SendMany(writes, {static_cast<int>(writes.size()), 383});
 }
 
 /// False: a value is too wide for its bytes.
@@ -112,25 +83,18 @@ std::int16_t Write(int first, ReservedMap map) {
         // All are built before the first goes out: a value that fits nowhere sends nothing.
         Blocks blocks;
         if (!BuildBlocks(first, map, blocks)) {
-            ParaWriteFailedFlag = kSet;
             ShowTexts({1524, 1525});
             return 1;
         }
-        switch (SendBlocks(first, blocks)) {
-        case Sent::Good: return 0;
-        case Sent::WrongEcho: break;
-        case Sent::Failed:
-            if (Screens().frmMainPanel) {
-                Screens().frmMainPanel();
-            }
-            return 1;
+        const LineResult result = SendBlocks(first, blocks);
+        if (result == LineResult::WrongEcho) {
+            CommErrorFlag = kClear; // the line answers, so the writing mode can still be ended
         }
+        return result == LineResult::Done ? 0 : 1;
     } catch (const std::exception&) {
-        // told below, like a reply that doesn't fit
+        ShowWrongData();
+        return 1;
     }
-    ParaWriteFailedFlag = kSet;
-    ShowWrongData();
-    return 1;
 }
 
 } // namespace
@@ -170,14 +134,21 @@ std::int16_t WriteAxisMask(int mask) {
     if (ReadParaBlock(0) != 0) {
         return 1;
     }
-    const std::string before(Mid(ReplyText, 5, 12));
-    const std::string behind(Mid(ReplyText, 19, 18));
-    switch (SendBlock(0, before + HexField(mask, 2) + behind)) {
-    case Sent::Good: return 0;
-    case Sent::WrongEcho: ShowWrongData(); return 1;
-    case Sent::Failed: break;
+    std::string digits(Mid(ReplyText, 5, 32));
+    const std::string maskDigits = HexField(mask, 2);
+    digits.replace(std::min<std::size_t>(12, digits.size()), 2, maskDigits);
+    if (digits.size() != 32 || digits.find_first_not_of("0123456789ABCDEF") != digits.npos) {
+        ShowWrongData(); // what goes back unread must be whole
+        return 1;
     }
-    return 1;
+    if (WriteParaBlock(0, digits) != 0) {
+        return 1;
+    }
+    if (!ReplyText.starts_with("0WD0")) {
+        ShowWrongData();
+        return 1;
+    }
+    return 0;
 }
 
 } // namespace qdw8

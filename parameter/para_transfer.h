@@ -13,8 +13,8 @@ namespace qdw8 {
 /// cells of an axis out of use are empty, and its reserved bytes keep their values.
 std::int16_t ReadAllBlocks();
 
-/// `ParaSet` to the controller, and commits it. 0 good. 1 failed; `ParaWriteFailedFlag` is set when
-/// a reply named another block, or when a value is too wide for its bytes and nothing was sent.
+/// `ParaSet` to the controller, and commits it. 0 good. 1 failed, and the user was told; when a
+/// value is too wide for its bytes nothing was sent.
 std::int16_t WriteAllBlocks();
 
 /// The same for the homing and device blocks alone. Its reserved bytes come from cells that
@@ -23,7 +23,7 @@ std::int16_t WriteDeviceBlocks();
 
 /// Changes the axis mask in the controller, uncommitted: the rest of block 0 goes back as it came.
 /// The first form takes the axes in use and keeps the mask as item `AXIS` when it was written.
-/// 0 good, 1 failed.
+/// 0 good. 1 failed; when what came is not wholly hexadecimal nothing was sent.
 std::int16_t WriteAxisMask();
 std::int16_t WriteAxisMask(int mask);
 

@@ -5,8 +5,7 @@
 #include "app/main_panel.h"
 #include "app/move_defaults.h"
 #include "app/transfer_dialog.h"
-#include "device/axis_device.h"
-#include "device/device_list.h"
+#include "device/device_reset.h"
 #include "link/link_reset.h"
 #include "parameter/para_reset.h"
 #include "position/position_reset.h"
@@ -22,7 +21,6 @@ void InitTables() {
     ResetMoveDefaults();
     ResetModule3Tusin();
     ResetDevices();
-    ResetDeviceList();
     ResetParameters();
     ResetPositions();
     ResetDetailEdit();

@@ -13,6 +13,7 @@
 #include "device/axis_texts.h"
 #include "device/controller_device.h"
 #include "device/device_list.h"
+#include "device/device_reset.h"
 #include "device/device_settings.h"
 #include "link/Module3Tusin.h"
 #include "link/axis_mask.h"

@@ -6,19 +6,15 @@
 #include "app/main_panel.h"
 #include "app/screens.h"
 #include "app/string_table.h"
-#include "device/Module2Calc.h"
-#include "device/axis_device.h"
 #include "device/device_list.h"
 #include "device/device_settings.h"
-#include "link/Module3Tusin.h"
-#include "link/supervision.h"
+#include "link/background.h"
+#include "link/line_state.h"
 #include "parameter/para_device.h"
 #include "parameter/para_file.h"
-#include "parameter/para_set.h"
-#include "position/grid_display.h"
-#include "position/posi_check.h"
-#include "position/posi_table.h"
 #include "setup/device_copies.h"
+#include "setup/devices_before.h"
+#include "setup/recheck_positions.h"
 #include "setup/repaint_axes.h"
 
 #include <exception>
@@ -26,25 +22,10 @@
 namespace qdw8 {
 namespace {
 
-/// What a way that came to no end has touched by then.
-struct Before {
-    std::array<Flag, kAxes> off = AxisOff;
-    std::array<AxisDevice, kAxes> settei = DevSettei;
-    std::array<std::string, kAxes> family = FamilyText;
-    ParameterSet parameters = ParaSet;
-
-    void putBack() const {
-        AxisOff = off;
-        DevSettei = settei;
-        FamilyText = family;
-        ParaSet = parameters;
-    }
-};
-
 /// The actuators, by the way that the user chose. False: it was cancelled or failed, and nothing
 /// has changed.
 bool TakeDevices(bool catalogue) {
-    const Before before;
+    const DevicesBefore before;
     const std::int16_t loaded = catalogue ? SelectDeviceAndLoadFactory() : OpenParaFile();
     if (loaded == 0 && TakeDevicesOfParaSet() == 0) {
         return true;
@@ -63,6 +44,9 @@ bool AskAndTakeDevices() {
         }
         if (TakeDevices(choice == 0)) {
             return true;
+        }
+        if (IsSet(ProgramEndFlag)) {
+            return false;
         }
     }
 }
@@ -88,9 +72,7 @@ void Change() {
     const Leaving leaving;
     WriteDeviceSettings();
     RepaintAxes();
-    if (RecheckPositions() == 1) {
-        ShowTexts({1526});
-    }
+    RecheckPositions();
 }
 
 /// The button is disabled while the command runs.
@@ -111,24 +93,6 @@ bool ListFailedForAxisInUse() {
 }
 
 } // namespace
-
-std::int16_t RecheckPositions() {
-    // A command on a part of the table may have left its range behind; all rows hang on the
-    // devices.
-    TakeWholeGrid();
-    const PosiCheck check = PosiDataCheck3();
-    // After a check that faulted the table is not what the grid shows: nothing is converted then,
-    // and the user's rows stay on the screen.
-    if (check == PosiCheck::Committed) {
-        if (IsSet(DispMmFlag)) {
-            ConvertTableToPulse();
-        } else {
-            ConvertTableToMm();
-        }
-        ShowTable();
-    }
-    return check == PosiCheck::Refused ? 1 : 0;
-}
 
 void Change_Device() {
     const PollHeld held; // nothing may be sent while the window stands open

@@ -1,14 +1,13 @@
 #pragma once
 
-#include <cstdint>
-
 /// The user's commands that change which actuators the program believes in.
 namespace qdw8 {
 
 /// Asks by which way, the catalogue or a parameter file, takes the actuators over, stores and shows
 /// them, and checks the position table against them. A way that was cancelled or failed leaves
 /// axes, devices and parameters as they were and leads back to the question; its Cancel ends the
-/// command, and start-up (`StartDeviceSelectFlag`) has none. A change takes the program off line,
+/// command. At start-up (`StartDeviceSelectFlag`) there is none, but the end of the program
+/// (`ProgramEndFlag`), confirmed at a title bar, ends it too. A change takes the program off line,
 /// with `OffLineFlag` and `OnLineFlag` both set.
 void Change_Device();
 
@@ -19,11 +18,5 @@ void mnuSettingsDeviceOffline_Click();
 /// Opens `frmDevice3`, which writes a change into the controller at once. Without a device list for
 /// an axis in use it stays away, after the list's own box.
 void mnuSettingsDeviceOnline_Click();
-
-/// Checks the whole grid against the devices in force, which have just changed and are shown. 0
-/// clean: the unit that isn't shown is worked out anew from the one that is, and the grid shown
-/// again. 1 errors
-/// found and shown: nothing is converted, the user corrects the rows. 2 there is no data.
-std::int16_t RecheckPositions();
 
 } // namespace qdw8

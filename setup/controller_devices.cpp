@@ -6,30 +6,18 @@
 #include "device/axis_device.h"
 #include "device/controller_device.h"
 #include "device/device_settings.h"
-#include "link/Module3Tusin.h"
-#include "link/supervision.h"
+#include "link/background.h"
+#include "link/line_state.h"
+#include "link/port.h"
 #include "setup/device_bytes.h"
+#include "setup/devices_before.h"
+#include "setup/recheck_positions.h"
 #include "setup/repaint_axes.h"
 
-#include <array>
 #include <exception>
-#include <string>
 
 namespace qdw8 {
 namespace {
-
-/// The devices as they are now, to go back to.
-struct DevicesBefore {
-    std::array<AxisDevice, kAxes> setting = DevSetting;
-    std::array<AxisDevice, kAxes> settei = DevSettei;
-    std::array<std::string, kAxes> family = FamilyText;
-
-    void putBack() const {
-        DevSetting = setting;
-        DevSettei = settei;
-        FamilyText = family;
-    }
-};
 
 /// The controller's actuators of these axes, which are in use.
 std::int16_t TakeOver(const AxisChoice& axes) {
@@ -45,7 +33,6 @@ std::int16_t TakeOver(const AxisChoice& axes) {
     } catch (const std::exception&) {
         // as any other failure
     }
-    // Half a device is none: a lead without its model would convert by a stranger's figures.
     before.putBack();
     return 1;
 }
@@ -75,13 +62,17 @@ bool CompleteAxes() {
         return false;
     }
     const PollHeld held;
+    bool taken = false;
     if (!IsSet(OffLineFlag)) {
-        TakeOver(lacking);
+        taken = TakeOver(lacking) == 0;
         CloseCtPort();
     }
     if (TakeOutAxesWithoutLead()) {
         RepaintAxes();
         ShowTexts({4, 5});
+    }
+    if (taken) {
+        RecheckPositions();
     }
     return true;
 }

@@ -1,20 +1,25 @@
 #include "setup/detail_edit.h"
 
+#include "app/command_states.h"
 #include "app/screens.h"
+#include "link/background.h"
 #include "setup/device_set.h"
 
 namespace qdw8 {
 
-Flag DetailEditFlag = kClear;
+Flag DetailEditFlag;
 Timer frmMain_Timer2{"Timer2", 1000, false, {}};
 
 namespace {
 
 void Timer2_Timer() {
+    if (CommandsTaken()) {
+        return; // a command has the commands: a window now would stand on its dialogs; next time
+    }
     DisableTimer(frmMain_Timer2);
     if (IsSet(DetailEditFlag)) {
         DetailEditFlag = kClear;
-        Screens().frmParameta2Show();
+        WhenLineIsFree(Screens().frmParameta2Show);
     }
 }
 

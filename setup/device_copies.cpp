@@ -1,10 +1,14 @@
 #include "setup/device_copies.h"
 
 #include "app/boxes.h"
+#include "app/number_forms.h"
+#include "app/string_table.h"
 #include "device/axis_device.h"
 #include "parameter/para_device.h"
+#include "setup/devices_before.h"
 
 #include <tuple>
+#include <utility>
 
 namespace qdw8 {
 namespace {
@@ -22,6 +26,38 @@ void CopyFields(const AxisDevice& from, AxisDevice& to) {
     to.DevStroke = from.DevStroke;
     to.WithPG = from.WithPG;
     to.Vertical = from.Vertical;
+}
+
+constexpr std::int16_t kAxisCaption = 220;
+constexpr std::int16_t kNewText = 126;
+constexpr std::int16_t kOldText = 127;
+
+/// A device with all that is compared. The mounting of a new type is told only where it makes the
+/// difference: the main window doesn't show it either.
+std::string NameOf(const AxisDevice& device, bool mounting) {
+    std::string name =
+        "QD-" + Trim(device.DevSize) + device.DevSpeed + "-" + std::to_string(device.DevStroke);
+    name += IsSet(device.WithPG) ? "E" : "";
+    name += IsSet(device.Vertical) && (mounting || !IsSet(device.NewType)) ? "V" : "";
+    return name + ResText(IsSet(device.NewType) ? kNewText : kOldText);
+}
+
+/// The line of an axis, empty where both sides agree.
+std::string DifferenceOf(std::size_t axis) {
+    const AxisDevice& pc = DevSetting[axis];
+    const AxisDevice& file = DevSettei[axis];
+    const bool pcOff = IsSet(AxisOff[axis]);
+    const bool fileOff = IsSet(FileAxisOff[axis]);
+    if (pcOff == fileOff && (pcOff || Fields(pc) == Fields(file))) {
+        return {};
+    }
+    const bool mounting = !pcOff && !fileOff && pc.Vertical != file.Vertical;
+    const std::string none = ResText(3052);
+    // An axis that the program doesn't use was not taken apart.
+    const std::string fileName = pcOff ? Trim(FileDevText[axis]) : NameOf(file, mounting);
+    return ResText(static_cast<std::int16_t>(kAxisCaption + static_cast<int>(axis))) + ":  " +
+           ResText(3050) + " " + (pcOff ? none : NameOf(pc, mounting)) + ",  " + ResText(3051) +
+           " " + (fileOff ? none : fileName);
 }
 
 /// What the parameters don't tell: the type of the sizes that exist as both.
@@ -61,6 +97,16 @@ std::int16_t CompareActuatorSettingOfPosifile2PC() {
     return 0;
 }
 
+std::vector<std::string> DeviceDifferences() {
+    std::vector<std::string> lines;
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
+        if (std::string line = DifferenceOf(axis); !line.empty()) {
+            lines.push_back(std::move(line));
+        }
+    }
+    return lines;
+}
+
 std::int16_t FollowDevicesOfParaSet() {
     const std::int16_t result = TakeParameterDevices();
     TakeType();
@@ -68,17 +114,12 @@ std::int16_t FollowDevicesOfParaSet() {
 }
 
 std::int16_t TakeDevicesOfParaSet() {
-    const auto setting = DevSetting;
-    const auto settei = DevSettei;
-    const auto off = AxisOff;
+    const DevicesBefore before;
     DeviceTextEmpty.fill(kClear);
     if (FollowDevicesOfParaSet() == 0) {
         return 0;
     }
-    // Half a device is none: a model without its lead would convert by a stranger's figures.
-    DevSetting = setting;
-    DevSettei = settei;
-    AxisOff = off;
+    before.putBack();
     for (const Flag empty : DeviceTextEmpty) {
         if (IsSet(empty)) {
             ShowTexts({4, 5}); // figures that no device can have were told already

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 /// The ways between what the program works with (`DevSetting`, `AxisOff`) and what a file or a
 /// pending change says (`DevSettei`, `FileAxisOff`). They copy the model, the type and the options
@@ -17,6 +19,10 @@ void ReflectFileDevice2PcDevice();
 /// 1 if an axis in use in the file has another actuator in `DevSettei` than in `DevSetting`, else
 /// 0. Which axes are in use on the PC is not looked at.
 std::int16_t CompareActuatorSettingOfPosifile2PC();
+
+/// One line for each axis on which program and file differ, with both names side by side; for a
+/// file that was just read into `FileDevText` and `DevSettei`.
+std::vector<std::string> DeviceDifferences();
 
 /// The axes and actuators of `ParaSet` become those that the program works with, type and family
 /// included. 0 good. 1 `ParaSet` names no usable actuator for an axis in use: a box told so, and

@@ -6,7 +6,6 @@
 #include "device/device_lists.h"
 #include "parameter/factory_lists.h"
 #include "parameter/para_device.h"
-#include "setup/device_set.h"
 
 #include <cctype>
 #include <utility>

@@ -1,12 +1,12 @@
 #include "setup/device_set.h"
 
 #include "app/boxes.h"
-#include "app/number_forms.h"
+#include "app/program_end.h"
 #include "app/string_table.h"
 #include "device/axis_device.h"
+#include "device/device_lists.h"
 #include "parameter/factory_lists.h"
 #include "parameter/para_device.h"
-#include "platform/fault.h"
 #include "platform/platform.h"
 
 namespace qdw8 {
@@ -47,18 +47,6 @@ void PutBack(const DeviceForm& form) {
 
 } // namespace
 
-bool CountsAsNewOnly(const std::string& size) {
-    return ExistsOnlyAsNew(size) || size == " 71";
-}
-
-std::int16_t StrokeNumber(const std::string& text) {
-    try {
-        return ToInt16(NumberFromText(text));
-    } catch (const Fault&) {
-        return 0;
-    }
-}
-
 void TakeFormDevices(const DeviceForm& form) {
     for (std::size_t axis = 0; axis < kAxes; ++axis) {
         if (!IsSet(AxisOff[axis])) {
@@ -89,7 +77,7 @@ void cmdDeviceSet3_Click(const DeviceForm& form) {
 }
 
 bool CancelDevice2(const DeviceForm& form) {
-    if (!form.cancelShown) {
+    if (!form.cancelShown && !AskToEndProgram()) {
         return false;
     }
     PutBack(form);

@@ -2,34 +2,26 @@
 
 #include "app/Module1.h"
 #include "app/boxes.h"
-#include "app/transfer_dialog.h"
 #include "device/axis_device.h"
-#include "link/Module3Tusin.h"
+#include "device/device_settings.h"
 #include "link/axis_mask.h"
-#include "link/ct_commands.h"
-#include "link/supervision.h"
+#include "link/batch.h"
 #include "parameter/factory_lists.h"
 #include "parameter/para_check.h"
-#include "parameter/para_device.h"
-#include "parameter/para_file.h"
 #include "parameter/para_rows.h"
-#include "parameter/para_set.h"
 #include "parameter/para_transfer.h"
-#include "position/flex_grid.h"
-#include "setup/change_device.h"
 #include "setup/controller_devices.h"
 #include "setup/device_copies.h"
 #include "setup/device_set.h"
+#include "setup/devices_before.h"
 #include "setup/para_commands.h"
+#include "setup/recheck_positions.h"
 #include "setup/repaint_axes.h"
 
 #include <exception>
 
 namespace qdw8 {
 namespace {
-
-constexpr std::int16_t kIdle = 0;
-constexpr std::int16_t kWriting = 1;
 
 bool Tell(std::int16_t id) {
     ShowTexts({id});
@@ -46,47 +38,21 @@ void Device3CMDBTN_Yuko(DeviceForm& form, const std::function<void()>& show) {
     show();
 }
 
-/// What every way out of the command gives back.
-class Batch {
+/// The commands of the window are away while the object lives.
+class WindowCommandsAway {
 public:
-    Batch(DeviceForm& deviceForm, const std::function<void()>& showForm)
+    WindowCommandsAway(DeviceForm& deviceForm, const std::function<void()>& showForm)
         : form(deviceForm), show(showForm) {
         Device3CMDBTN_Muko(form, show);
     }
-    ~Batch() {
-        UnloadTrance();
-        CloseCtPort();
-        Device3CMDBTN_Yuko(form, show);
-    }
-    Batch(const Batch&) = delete;
-    Batch& operator=(const Batch&) = delete;
+    ~WindowCommandsAway() { Device3CMDBTN_Yuko(form, show); }
+    WindowCommandsAway(const WindowCommandsAway&) = delete;
+    WindowCommandsAway& operator=(const WindowCommandsAway&) = delete;
 
 private:
     DeviceForm& form;
     const std::function<void()>& show;
-    PollHeld held;
 };
-
-/// What a write that stops halfway puts back.
-struct Before {
-    ParameterSet parameters = ParaSet;
-    std::array<AxisDevice, kAxes> settei = DevSettei;
-    std::array<std::string, kAxes> family = FamilyText;
-
-    void putBack() const {
-        ParaSet = parameters;
-        DevSettei = settei;
-        FamilyText = family;
-    }
-};
-
-bool StandsStill() {
-    switch (ReadArrivalStatus()) {
-    case 1: return true;
-    case 0: return Tell(424);
-    default: return false; // the exchange has told
-    }
-}
 
 /// The axes of the form, in the program and in the controller.
 bool WriteAxes(const DeviceForm& form) {
@@ -122,7 +88,6 @@ bool LoadDevices(const DeviceForm& form) {
         }
     }
     TakeFormDevices(form);
-    FactoryFailedFlag = kClear;
     if (LoadFactoryParametersForDevice() != 0) {
         return false;
     }
@@ -134,39 +99,26 @@ bool LoadDevices(const DeviceForm& form) {
 }
 
 bool WriteDevices(const DeviceForm& form) {
-    const Before before;
-    ParaWriteFailedFlag = kClear;
+    const DevicesBefore before;
     if (ReadParameters() && LoadDevices(form) && WriteDeviceBlocks() == 0) {
         return true;
     }
-    before.putBack();
+    before.putBackButAxes(); // the axes follow the mask that was written
     return false;
 }
 
 /// True: the controller holds the new devices.
 bool Send(const DeviceForm& form) {
-    if (!StandsStill()) {
-        return false;
-    }
-    if (SetCtMode(kWriting) != 0) {
-        return Tell(377);
-    }
-    const bool written = WriteAxes(form) && WriteDevices(form);
-    // A controller that was left in the writing mode would refuse to move. One that no longer
-    // answers isn't asked again.
-    const bool answers = written || (!IsSet(OffLineFlag) && !IsSet(CommErrorFlag));
-    if (answers && SetCtMode(kIdle) != 0) {
-        Tell(377);
-    }
-    return written;
+    WritingMode mode;
+    return StandsStill(OnFailure::Silent) && mode.begin() && WriteAxes(form) && WriteDevices(form);
 }
 
 void FollowController() {
-    FollowDevicesOfParaSet();
-    RepaintAxes();
-    if (flgdData().rows.size() > kGridHeadRows && RecheckPositions() == 1) {
-        Tell(1526);
+    if (FollowDevicesOfParaSet() == 0) {
+        WriteDeviceSettings();
     }
+    RepaintAxes();
+    RecheckPositions();
 }
 
 /// What was written stands: a cancel puts back nothing of it.
@@ -189,7 +141,7 @@ void ShowInForm(DeviceForm& form) {
 }
 
 void Write(DeviceForm& form) {
-    GoOnLine();
+    const LineBatch batch;
     const auto axesBefore = AxisOff;
     if (!Send(form)) {
         if (AxisOff != axesBefore) {
@@ -199,7 +151,6 @@ void Write(DeviceForm& form) {
     }
     KeepWhatWasWritten(form);
     const bool readBack = GetParametaValue2() == 0;
-    UnloadTrance();
     // Also when the reading back failed: the parameters are then those that were acknowledged.
     FollowController();
     ShowInForm(form);
@@ -211,7 +162,7 @@ void Write(DeviceForm& form) {
 } // namespace
 
 void cmdPrmCtWrite_Click(DeviceForm& form, const std::function<void()>& show) {
-    const Batch batch(form, show);
+    const WindowCommandsAway away(form, show);
     try {
         Write(form);
     } catch (const std::exception&) {

@@ -5,10 +5,13 @@
 #include "app/command_states.h"
 #include "app/string_table.h"
 #include "app/transfer_dialog.h"
-#include "link/Module3Tusin.h"
+#include "link/alarm.h"
 #include "link/axis_mask.h"
+#include "link/batch.h"
 #include "link/ct_commands.h"
-#include "link/supervision.h"
+#include "link/line_state.h"
+#include "link/port.h"
+#include "link/receiver.h"
 #include "platform/platform.h"
 #include "setup/controller_devices.h"
 #include "setup/repaint_axes.h"
@@ -24,20 +27,17 @@ template<typename Steps> void RunGuarded(Steps steps) {
     try {
         steps();
     } catch (const std::exception&) {
-        UnloadTrance();
-        CloseCtPort();
         ShowTexts({108});
     }
 }
 
 void ResetAlarm() {
     const CommandsAway away;
-    GoOnLine();
+    const LineBatch batch;
     if (SendAlarmReset() != 0) {
         if (IsSet(AlarmNotResettableFlag)) {
             ShowTexts({324, 325});
         }
-        CloseCtPort();
         return;
     }
     if (ReplyText.starts_with("0AR")) {
@@ -48,7 +48,6 @@ void ResetAlarm() {
         // A failed check after a reset doesn't block the next command.
         CommErrorFlag = kClear;
     }
-    CloseCtPort();
 }
 
 void AskOffline() {
@@ -84,13 +83,11 @@ std::string ReadVersions() {
 
 void ShowVersions() {
     const CommandsAway away;
-    const PollHeld held;
-    GoOnLine();
+    const LineBatch batch;
     const std::string text = ReadVersions();
     if (!text.empty()) {
         ShowBox(text);
     }
-    CloseCtPort();
 }
 
 std::string AxisList() {
@@ -103,19 +100,19 @@ std::string AxisList() {
     return list;
 }
 
+/// The axes in use, read under the transfer dialog.
+bool ReadAxes() {
+    const TransferShown shown(2, 368);
+    return ReadAxisMaskShown() == 0;
+}
+
 void ShowAxes() {
     const CommandsAway away;
-    const PollHeld held;
-    GoOnLine();
-    TransferRunFlag = kClear;
-    ShowTrance(2, ResText(368));
-    const std::int16_t result = ReadAxisMaskShown();
-    UnloadTrance();
-    if (result == 0) {
+    const LineBatch batch;
+    if (ReadAxes()) {
         RepaintAxes();
         ShowBox(ResText(412) + AxisList() + ResText(413));
     }
-    CloseCtPort();
 }
 
 } // namespace

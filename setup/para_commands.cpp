@@ -3,13 +3,12 @@
 #include "app/boxes.h"
 #include "app/screens.h"
 #include "app/string_table.h"
-#include "app/transfer_dialog.h"
 #include "device/Module2Calc.h"
 #include "device/device_settings.h"
-#include "link/Module3Tusin.h"
 #include "link/axis_mask.h"
-#include "link/ct_commands.h"
-#include "link/supervision.h"
+#include "link/background.h"
+#include "link/batch.h"
+#include "link/port.h"
 #include "parameter/para_check.h"
 #include "parameter/para_device.h"
 #include "parameter/para_fields.h"
@@ -17,32 +16,17 @@
 #include "parameter/para_rows.h"
 #include "parameter/para_set.h"
 #include "parameter/para_transfer.h"
-#include "position/grid_display.h"
-#include "setup/change_device.h"
 #include "setup/controller_devices.h"
 #include "setup/device_bytes.h"
+#include "setup/recheck_positions.h"
 #include "setup/repaint_axes.h"
 
+#include <array>
 #include <exception>
 #include <string>
 
 namespace qdw8 {
 namespace {
-
-/// The poll is held and the port closed on every way out of a batch.
-class Batch {
-public:
-    Batch() { GoOnLine(); }
-    ~Batch() {
-        UnloadTrance();
-        CloseCtPort();
-    }
-    Batch(const Batch&) = delete;
-    Batch& operator=(const Batch&) = delete;
-
-private:
-    PollHeld held;
-};
 
 void Tell(std::int16_t id) {
     ShowTexts({id});
@@ -62,21 +46,24 @@ bool OfferToSave() {
     }
 }
 
-/// The actuators of both sides must agree. False: the command ends here.
-bool MatchDevices() {
+enum class Got { Done, Failed, Refused };
+
+/// The actuators of both sides must agree.
+Got MatchDevices() {
     switch (CompareDeviceSettings()) {
-    case 0: return true;
+    case 0: return Got::Done;
     case 1: break;
-    default: Tell(356); return false;
+    default: Tell(356); return Got::Failed;
     }
     if (AskBox(TextLines({357, 358}), BoxButtons::YesNo) != BoxAnswer::Yes) {
-        return false;
+        return Got::Refused;
     }
     if (TakeOverDevicesOfController() != 0) {
         Tell(359);
-        return false;
+        return Got::Failed;
     }
-    return true;
+    RecheckPositions();
+    return Got::Done;
 }
 
 /// All blocks into `ParaSet`.
@@ -101,24 +88,41 @@ bool ReadAxes() {
     return true;
 }
 
-bool Get() {
-    if (!OfferToSave()) {
-        return false;
-    }
-    const Batch batch;
-    if (!ReadAxes()) {
-        return false;
+/// What the user refused brings no axis into use either.
+void LeaveOut(const std::array<Flag, kAxes>& offBefore) {
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
+        AxisOff[axis] = FlagOf(IsSet(AxisOff[axis]) || IsSet(offBefore[axis]));
     }
     YukoJikuHyojiSettei();
-    if (!MatchDevices() || !ReadParaSet()) {
-        return false;
+    RepaintAxes();
+}
+
+Got Get() {
+    if (!OfferToSave()) {
+        return Got::Failed;
+    }
+    const LineBatch batch;
+    const auto offBefore = AxisOff;
+    if (!ReadAxes()) {
+        return Got::Failed;
+    }
+    YukoJikuHyojiSettei();
+    const Got matched = MatchDevices();
+    if (matched == Got::Refused) {
+        LeaveOut(offBefore);
+    }
+    if (matched != Got::Done) {
+        return matched;
+    }
+    if (!ReadParaSet()) {
+        return Got::Failed;
     }
     ParametaHyoji();
-    return true;
+    return Got::Done;
 }
 
 bool Get2() {
-    const Batch batch;
+    const LineBatch batch;
     return ReadAxes() && ReadParaSet();
 }
 
@@ -163,25 +167,13 @@ bool TakeFields() {
     return true;
 }
 
-bool StandsStill() {
-    switch (ReadArrivalStatus()) {
-    case 1: return true;
-    case 0: Tell(424); return false;
-    default: Tell(377); return false;
-    }
-}
-
 bool WriteInMode() {
-    if (SetCtMode(1) != 0) {
-        Tell(377);
+    WritingMode mode;
+    if (!mode.begin()) {
         return false;
     }
-    ParaWriteFailedFlag = kClear;
     const bool written = WriteAllBlocks() == 0;
-    // A controller that was left in the writing mode would refuse to move.
-    if (SetCtMode(0) != 0) {
-        Tell(377);
-    }
+    mode.end();
     CloseCtPort();
     if (!written) {
         Tell(1528);
@@ -190,8 +182,8 @@ bool WriteInMode() {
 }
 
 bool Send() {
-    const Batch batch;
-    return MatchAxes() && TakeFields() && StandsStill() && WriteInMode();
+    const LineBatch batch;
+    return MatchAxes() && TakeFields() && StandsStill(OnFailure::Tell) && WriteInMode();
 }
 
 /// What the controller now holds becomes what the program works with. False: it couldn't be read.
@@ -211,9 +203,7 @@ bool Reflect() {
     CalcMaxStrokeMm();
     RepaintAxes();
     WriteDeviceSettings();
-    if (GridShowsItsRange() && RecheckPositions() == 1) {
-        Tell(1526);
-    }
+    RecheckPositions();
     return true;
 }
 
@@ -243,14 +233,16 @@ void FinishAxes() {
 } // namespace
 
 std::int16_t GetParametaValue() {
-    bool done = false;
+    Got got = Got::Failed;
     try {
-        done = Get();
+        got = Get();
     } catch (const std::exception&) {
         Tell(359);
     }
-    FinishAxes();
-    return done ? 0 : 1;
+    if (got != Got::Refused) {
+        FinishAxes();
+    }
+    return got == Got::Done ? 0 : 1;
 }
 
 std::int16_t GetParametaValue2() {

@@ -17,30 +17,13 @@
 #include "position/posi_reader.h"
 #include "position/posi_table.h"
 #include "setup/device_copies.h"
+#include "setup/devices_before.h"
 
 #include <exception>
 
 namespace qdw8 {
 
 namespace {
-
-/// The devices of before, to be put back where a change of them comes to no end: half a device
-/// would convert positions by a stranger's figures.
-struct DevicesBefore {
-    std::array<AxisDevice, kAxes> setting = DevSetting;
-    std::array<AxisDevice, kAxes> settei = DevSettei;
-    std::array<std::string, kAxes> family = FamilyText;
-    std::array<Flag, kAxes> off = AxisOff;
-    std::array<Flag, kAxes> fileOff = FileAxisOff;
-
-    void putBack() const {
-        DevSetting = setting;
-        DevSettei = settei;
-        FamilyText = family;
-        AxisOff = off;
-        FileAxisOff = fileOff;
-    }
-};
 
 void TestFileRange() {
     const bool noData = FileFirst == 0 && FileLast == 0;
@@ -103,8 +86,11 @@ bool SettleDevices(const DevicesBefore& before) {
     if (!FileDiffers()) {
         return true;
     }
-    switch (Screens().frmSelection(
-        {ResText(471), ResText(44), {ResText(45), ResText(46), ResText(47)}, false})) {
+    switch (Screens().frmSelection({ResText(471),
+                                    ResText(44),
+                                    {ResText(45), ResText(46), ResText(47)},
+                                    false,
+                                    DeviceDifferences()})) {
     case 0: LetDevSettingToDevSettei(); return true;
     case 1: TakeFileDevices(before); return true;
     case 2: return TakeParameterFile();

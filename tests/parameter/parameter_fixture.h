@@ -2,6 +2,7 @@
 
 #include "link/Module3Tusin.h"
 #include "parameter/para_set.h"
+#include "parameter/sample_sets.h"
 #include "support/scripted_platform.h"
 #include "support/simulated_line.h"
 
@@ -24,13 +25,6 @@ inline const std::string kInvalid =
 
 inline const std::string kNotSelected =
     "Device type is not selected.\r\nPlease select device type again.";
-
-/// A set that passes the check, different in every item and on every axis where the limits allow.
-ParameterSet SampleSet();
-
-/// Any set that passes the check, of actuators that the family has. The acceleration setting is
-/// held to the byte that it gets in the controller.
-ParameterSet RandomSet(std::mt19937& random);
 
 /// A program with four axes in use, the delivered lists beside it, and a folder for files.
 class ParameterTest : public testing::Test {

@@ -64,11 +64,12 @@ TEST_F(ParaDevice, FiguresThatNoDeviceHasAreToldAndChangeNoDevice) {
     refused([](ParameterSet& set) { set.LEAD[2] = 0; });
     refused([](ParameterSet& set) { set.STROKE[0] = 3e9; });
     refused([](ParameterSet& set) { set.STROKE[0] = -1; });
-    refused([](ParameterSet& set) { set.parts[3].stroke = 9; });
+    refused([](ParameterSet& set) { set.STROKE[0] = 262144; });
     refused([](ParameterSet& set) { set.parts[3].stroke = 501; });
     refused([](ParameterSet& set) { set.parts[2].size = "44"; });
     refused([](ParameterSet& set) { set.parts[1].speed.clear(); });
     ParaSet.PULSE[3] = 32767;
+    ParaSet.parts[3] = {" 77", "z", 5}; // in no catalogue; the check lets it pass
     EXPECT_EQ(TakeParameterDevices(), 0);
 }
 

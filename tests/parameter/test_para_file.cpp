@@ -228,7 +228,6 @@ TEST_F(ParaFile, ABrokenFileChangesNothing) {
     for (const BrokenFile& file : Shelf()) {
         SCOPED_TRACE(file.name);
         ParaSet = before;
-        ParaReadFailedFlag = kClear;
         expectOpen(writeFile("broken.pmt", file.bytes));
         const bool otherKind = file.told == Told::OtherKind;
         platform.expectBox(otherKind ? kOtherKind : kGivenUp);
@@ -243,7 +242,6 @@ TEST_F(ParaFile, AnotherKindOfFileIsToldOnceAndNotTriedAgain) {
     platform.expectBox(kOtherKind);
     EXPECT_EQ(OpenParaFile(), -1);
     EXPECT_EQ(platform.now, 0);
-    EXPECT_EQ(ParaReadFailedFlag, kSet);
 }
 
 TEST_F(ParaFile, IsTriedSixTimes) {
@@ -251,14 +249,12 @@ TEST_F(ParaFile, IsTriedSixTimes) {
     platform.expectBox(kGivenUp);
     EXPECT_EQ(OpenParaFile(), 1);
     EXPECT_EQ(platform.now, 500);
-    EXPECT_EQ(ParaReadFailedFlag, kSet);
 
     platform.now = 0;
     expectOpen(pathOf("late.pmt"));
     platform.after(450, [this] { writeFile("late.pmt", Joined(kLines)); });
     EXPECT_EQ(OpenParaFile(), 0);
     EXPECT_EQ(platform.now, 500);
-    EXPECT_EQ(ParaReadFailedFlag, kClear);
     EXPECT_EQ(ParaSet.SM_TIMER, 50);
 }
 
@@ -307,7 +303,6 @@ TEST_F(ParaFile, ASaveThatFailsLeavesTheOldFile) {
     platform.expectBox("Fail to  Save parameters into the file.");
     EXPECT_EQ(SaveParameters(), 1);
     EXPECT_EQ(platform.now, 500);
-    EXPECT_EQ(ParaWriteFailedFlag, kSet);
     EXPECT_TRUE(std::filesystem::is_empty(folder));
 }
 

@@ -10,8 +10,8 @@ namespace qdw8::test {
 
 PositionBench::PositionBench() {
     AxisOff = {kClear, kSet, kSet, kClear};
-    DevSetting[0] = {" 44", "L", 100, kSet, kClear, kSet, kSet, 2, 400, 0.005, 0, 0};
-    DevSetting[3] = {" 61", "F", 200, kSet, kSet, kSet, kSet, 8, 192, 8.0 / 192, 0, 0};
+    DevSetting[0] = {" 44", "L", 100, kSet, kClear, kSet, kSet, 2, 400, 0, 0};
+    DevSetting[3] = {" 61", "F", 200, kSet, kSet, kSet, kSet, 8, 192, 0, 0};
     DevSettei = DevSetting;
     Culc_MaxPulse();
     CalcMaxStrokeMm();

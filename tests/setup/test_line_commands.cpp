@@ -27,7 +27,7 @@ struct QueryBench : LineBench {
         CMDBTN_Yuko();
         line.controller.setAxisMask(9);
         for (AxisDevice& device : DevSetting) {
-            device = {" 44", "L", 100, kSet, kClear, kSet, kSet, 2, 400, 0.005, 0, 0};
+            device = {" 44", "L", 100, kSet, kClear, kSet, kSet, 2, 400, 0, 0};
         }
         Culc_MaxPulse();
         AxisOff = {kClear, kSet, kSet, kClear};

@@ -15,7 +15,7 @@ namespace qdw8::test {
 
 MainForm::MainForm() {
     for (AxisDevice& device : DevSetting) {
-        device = {" 44", "L", 100, kSet, kClear, kSet, kSet, 2, 400, 0.005, 20000, 100};
+        device = {" 44", "L", 100, kSet, kClear, kSet, kSet, 2, 400, 20000, 100};
     }
     ThePlatform().TheClipboard = {[] { return QGuiApplication::clipboard()->text().toStdString(); },
                                   [](const std::string& text) {

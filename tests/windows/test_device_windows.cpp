@@ -2,6 +2,7 @@
 #include "app/string_table.h"
 #include "device/Module2Calc.h"
 #include "device/device_list.h"
+#include "device/device_reset.h"
 #include "link/Module3Tusin.h"
 #include "link/supervision.h"
 #include "parameter/factory_lists.h"
@@ -33,13 +34,12 @@ protected:
         ThePlatform().programFolder = QDW8_DATA_DIR;
         ResetModule3Tusin();
         ResetSupervision();
-        ResetDeviceList();
         ResetParameters();
         ResetDetailEdit();
         FirstDeviceSetFlag = kSet;
         AxisOff = {kClear, kClear, kSet, kSet};
-        DevSetting[0] = {" 44", "L", 100, kClear, kClear, kSet, kSet, 2, 400, 0.005, 20000, 100};
-        DevSetting[1] = {"J52", "L", 50, kSet, kClear, kSet, kSet, 2, 400, 0.005, 10000, 50};
+        DevSetting[0] = {" 44", "L", 100, kClear, kClear, kSet, kSet, 2, 400, 20000, 100};
+        DevSetting[1] = {"J52", "L", 50, kSet, kClear, kSet, kSet, 2, 400, 10000, 50};
         DevSettei = DevSetting;
         DevSetting[2] = DevSetting[0];
     }
@@ -175,6 +175,7 @@ TEST_F(DeviceWindowTest, CancelInEveryWayAndAtStartUpInNone) {
     EXPECT_FALSE(Get<QPushButton>(window, "cmdDeviceCancel").isVisible());
     EXPECT_FALSE(Get<QPushButton>(window, "cmdDeviceCancel").isEnabled());
     for (const auto& way : {ways[1], ways[2]}) {
+        platform.expectBox("Finish QD-W8.", BoxButtons::OkCancel, BoxAnswer::Cancel);
         way(window);
         EXPECT_TRUE(window.isVisible());
     }

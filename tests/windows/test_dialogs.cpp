@@ -86,10 +86,13 @@ TEST_F(DialogTest, SelectionCanBeCancelledInEveryWay) {
 }
 
 TEST_F(DialogTest, SelectionThatMustBeAnsweredStays) {
-    whenUp([](QWidget& dialog) {
+    whenUp([this](QWidget& dialog) {
         const auto& cancel = Get<QPushButton>(dialog, "cmdSelectCancel");
         EXPECT_FALSE(cancel.isVisible());
         EXPECT_FALSE(cancel.isEnabled());
+        for (int i = 0; i < 2; ++i) {
+            platform.expectBox("Finish QD-W8.", BoxButtons::OkCancel, BoxAnswer::Cancel);
+        }
         QTest::keyClick(&dialog, Qt::Key_Escape);
         dialog.close();
         EXPECT_TRUE(dialog.isVisible());

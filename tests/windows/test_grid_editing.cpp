@@ -30,7 +30,7 @@ protected:
     GridEditing() {
         ResetGridCursor();
         for (AxisDevice& device : DevSetting) {
-            device = {" 44", "L", 100, kSet, kClear, kSet, kSet, 2, 400, 0.005, 20000, 100};
+            device = {" 44", "L", 100, kSet, kClear, kSet, kSet, 2, 400, 20000, 100};
         }
         AxisOff[2] = kSet;
         ThePlatform().TheClipboard.GetText = [] {

@@ -1,5 +1,6 @@
 #include "windows/dialogs/frmSelection.h"
 
+#include "app/program_end.h"
 #include "windows/controls/load_form_resources.h"
 #include "windows/controls/texts.h"
 
@@ -47,6 +48,16 @@ frmSelection::frmSelection(const SelectionQuestion& question, QWidget* parent)
     text->setObjectName(QStringLiteral("lblSelectText"));
     text->setTextFormat(Qt::PlainText);
     layout->addWidget(text);
+    if (!question.details.empty()) {
+        QStringList lines;
+        for (const std::string& line : question.details) {
+            lines << QString::fromStdString(line);
+        }
+        auto* details = new QLabel(lines.join(QLatin1Char('\n')), this);
+        details->setObjectName(QStringLiteral("lblSelectDetails"));
+        details->setTextFormat(Qt::PlainText);
+        layout->addWidget(details);
+    }
     layout->addSpacing(kSpacing / 2);
 
     for (const std::string& choice : question.choices) {
@@ -96,10 +107,11 @@ void frmSelection::confirm() {
 }
 
 void frmSelection::reject() {
-    if (!mustAnswer) {
-        SelectResult = kSelectionCancelled;
-        QDialog::reject();
+    if (mustAnswer && !AskToEndProgram()) {
+        return;
     }
+    SelectResult = kSelectionCancelled;
+    QDialog::reject();
 }
 
 std::int16_t AskSelection(QWidget* parent, const SelectionQuestion& question) {

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "parameter/para_set.h"
+
+#include <random>
+
+namespace qdw8::test {
+
+/// A set that passes the check, different in every item and on every axis where the limits allow.
+ParameterSet SampleSet();
+
+/// Any set that passes the check, of actuators that the family has. The acceleration setting is
+/// held to the byte that it gets in the controller.
+ParameterSet RandomSet(std::mt19937& random);
+
+} // namespace qdw8::test

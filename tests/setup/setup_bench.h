@@ -1,0 +1,62 @@
+#pragma once
+
+#include "device/Module2Calc.h"
+#include "device/axis_device.h"
+#include "parameter/para_set.h"
+#include "position/flex_grid.h"
+#include "position/grid_display.h"
+#include "position/posi_table.h"
+#include "support/bench.h"
+#include "support/boxes.h"
+
+namespace qdw8::test {
+
+inline const std::string kOtherAxes =
+    "A setting of AXIS is changed.\r\nIs a setting of AXIS changed?";
+inline const std::string kNoFactory = "Fail to open standard parameter file.";
+
+/// AXIS 1 a QD-44L of 100 mm, AXIS 2 an old QD-52H of 200 mm with a pulse generator, AXIS 3 and 4
+/// out of use; the controller holds its start machine.
+struct SetupBench : LineBench {
+    SetupBench() {
+        AxisOff = {kClear, kClear, kSet, kSet};
+        FirstDeviceSetFlag = kSet;
+        DevSetting[0] = {" 44", "L", 100, kSet, kClear, kSet, kSet, 2, 400, 0, 0};
+        DevSetting[1] = {" 52", "H", 200, kClear, kSet, kClear, kSet, 6, 400, 0, 0};
+        for (AxisDevice* const device : {&DevSetting[2], &DevSetting[3]}) {
+            device->DevSize = " 44";
+            device->DevSpeed = "L";
+            device->DevStroke = 100;
+        }
+        DevSettei = DevSetting;
+        Culc_MaxPulse();
+        CalcMaxStrokeMm();
+    }
+    /// Puts rows of defaults into the table and the grid.
+    static void showRows(std::int16_t first, std::int16_t last) {
+        ClearPosiTable();
+        GridFirst = PosiFirst = first;
+        GridLast = PosiLast = last;
+        GridRowCount = static_cast<std::int16_t>(last - first + 1);
+        QdDataHyoji_3();
+    }
+    static std::string cell(int position, int column) {
+        return GridText(position - GridFirst + kGridHeadRows, column + 1);
+    }
+    static void type(int position, int column, const std::string& text) {
+        SetGridText(position - GridFirst + kGridHeadRows, column + 1, text);
+    }
+};
+using SetupTest = Unit<SetupBench>;
+
+/// Everything that says which devices are fitted.
+struct Everything {
+    std::array<AxisDevice, kAxes> setting = DevSetting, settei = DevSettei;
+    std::array<Flag, kAxes> off = AxisOff;
+    std::array<std::string, kAxes> family = FamilyText;
+    ParameterSet parameters = ParaSet;
+
+    bool operator==(const Everything&) const = default;
+};
+
+} // namespace qdw8::test
