@@ -17,7 +17,7 @@ QString KeyOf(const std::string& section, const std::string& key) {
 }
 
 /// Many times what the program ever stores.
-constexpr qint64 kLargestStore = 64 * 1024;
+constexpr qint64 kLargestStore = qint64{64} * 1024;
 
 /// The file of the store. One that would take the program's time and memory at each start, or hold
 /// it up for ever, is moved out of the way; if that can't be, the store lives for the run alone.
