@@ -49,7 +49,7 @@ void Write(int file, const std::string& bytes) {
 std::string OutputOf(const std::string& command) {
     std::string text;
     ::setenv("COMMAND", command.c_str(), 1);
-    FILE* pipe = ::popen("timeout 60 sh -c \"$COMMAND\" 2>&1", "r");
+    FILE* pipe = ::popen("timeout -s KILL 60 sh -c \"$COMMAND\" 2>&1", "r");
     for (int c = 0; (c = std::fgetc(pipe)) != EOF;) {
         text += static_cast<char>(c);
     }
