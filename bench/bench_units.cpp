@@ -14,8 +14,8 @@
 #include "position/posi_file.h"
 #include "position/posi_reader.h"
 #include "position/posi_table.h"
-#include "position/position_reset.h"
 #include "position/posi_verify.h"
+#include "position/position_reset.h"
 
 #include <benchmark/benchmark.h>
 #include <filesystem>
