@@ -28,6 +28,9 @@ std::string WordOf(const std::string& event) {
         {"box Ok: " + box::kUnlisted, "unlisted"},
         {"box Ok: " + box::kLength, "length"},
         {"box Ok: " + box::kWrongData, "wrong data"},
+        {"box Ok: " + box::kCommError, "failed"},
+        {"box Ok: " + box::kMoving, "moving"},
+        {"box Ok: " + box::kError + "\r\n[]", "no text"},
         {"box Ok: " + box::kNoErrorList, "no list"}};
     const auto found = words.find(event);
     if (found != words.end()) {

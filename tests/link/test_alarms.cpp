@@ -93,26 +93,8 @@ TEST_F(AlarmTest, DecodingTakesClassAndCode) {
     EXPECT_TRUE(IsSet(ErrorFoundFlag));
 }
 
-// Once for each error reply that a user's exchange or the idle receiver gets; but not a second time
-// while it is up, and never for the quiet poll.
-TEST_F(AlarmTest, MissingListIsToldOnceForAReply) {
-    LanguageBase = 0;
-    letAlarmStand();
-    platform.answer("0RH1");
-    ReadHomeStatus();
-    EXPECT_EQ(ThePanel().lblErrorComment, "No Error") << "in both languages";
-    LanguageBase = 10000;
+TEST_F(AlarmTest, WhileTheBoxOfTheMissingListIsUpNoSecondOneComes) {
     ErrorListMissingFlag = kSet;
-    platform.answer("0%%013");
-    ReadHomeStatus();
-    EXPECT_EQ(platform.boxes, (std::vector{box::kNoErrorList, box::kError + "\r\n[Old alarm]"}));
-    platform.answer("0ZZ1");
-    platform.answer("0%%013");
-    ReadHomeStatus();
-    EXPECT_EQ(platform.boxes.size(), 4U);
-    platform.answer("0%%013");
-    EXPECT_EQ(PollCtStatus(), 1);
-    EXPECT_EQ(platform.boxes.size(), 4U);
     OpenCtPort();
     ThePlatform().ShowMessageBox = [this](const BoxQuestion& question) {
         platform.boxes.push_back(question.text);
@@ -124,7 +106,7 @@ TEST_F(AlarmTest, MissingListIsToldOnceForAReply) {
         platform.arrive(10, "0%%013\r\n");
         platform.run(100);
     }
-    EXPECT_EQ(platform.boxes.size(), 6U);
+    EXPECT_EQ(platform.boxes.size(), 2U);
     EXPECT_FALSE(ThePanel().imgAlarmLed);
 }
 

@@ -31,60 +31,6 @@ TEST_F(BatchTest, EveryWayOutTakesDialogAndPortAndFreesThePoll) {
     }
 }
 
-TEST_F(BatchTest, StandsStill) {
-    for (const auto& [reply, onFailure, stands, boxes] :
-         {std::tuple{"0RA1", OnFailure::Tell, true, Frames{}},
-          {"0RA0", OnFailure::Silent, false, {box::kMoving}},
-          {"0%%013", OnFailure::Silent, false, {box::kHoming}},
-          {"0%%013", OnFailure::Tell, false, {box::kHoming, box::kCommError}}}) {
-        platform.boxes.clear();
-        platform.answer(reply);
-        EXPECT_EQ(StandsStill(onFailure), stands);
-        EXPECT_EQ(platform.boxes, boxes);
-    }
-}
-
-TEST_F(BatchTest, WritingModeIsEndedOnEveryWayOutWhileTheLineAnswers) {
-    struct Row {
-        std::vector<const char*> replies;
-        int tries; ///< of an end that is asked for; 0: the object goes; -1: the mode stays
-        Frames sent;
-        Frames boxes;
-    };
-    const Row rows[] = {
-        {{"0CM01", "0CM00"}, 0, {"0CM01", "0CM00"}, {}},
-        {{"0CM01", "0CM00"}, 1, {"0CM01", "0CM00"}, {}},
-        {{"0CM01"}, -1, {"0CM01"}, {}},
-        {{"0%%013"}, 0, {"0CM01"}, {box::kHoming, box::kCommError}},
-        {{"0CM01", "0%%013", "0CM00"}, 2, {"0CM01", "0CM00", "0CM00"}, {box::kHoming}},
-        {{"0CM01", "0%%013"}, 1, {"0CM01", "0CM00"}, {box::kHoming, box::kCommError}}};
-    for (const Row& row : rows) {
-        platform.sent.clear();
-        platform.boxes.clear();
-        for (const char* reply : row.replies) {
-            platform.answer(reply);
-        }
-        {
-            WritingMode mode;
-            mode.begin();
-            if (row.tries != 0) {
-                row.tries > 0 ? mode.end(row.tries) : mode.leave();
-            }
-        }
-        EXPECT_EQ(platform.sent, row.sent);
-        EXPECT_EQ(platform.boxes, row.boxes);
-    }
-    platform.answer("0CM01");
-    {
-        WritingMode mode;
-        EXPECT_TRUE(mode.begin());
-        platform.boxes.clear();
-        ReadPosiRow(1); // nothing answers
-    }
-    EXPECT_EQ(platform.boxes, Frames{box::kTimeout});
-    EXPECT_EQ(platform.sent.back(), "0RP001");
-}
-
 TEST_F(BatchTest, RowsAreReadUntilOneFailsOrTheUserStops) {
     Frames bar;
     Screens().frmTrance = [&bar] {

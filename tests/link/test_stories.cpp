@@ -5,6 +5,7 @@
 #include "link/alarm.h"
 #include "link/axis_mask.h"
 #include "link/background.h"
+#include "link/batch.h"
 #include "link/ct_commands.h"
 #include "link/line_state.h"
 #include "link/link_fixture.h"
@@ -25,11 +26,21 @@ template<typename Routine> std::function<int()> Void(Routine routine) {
     return [routine] { return routine(), 0; };
 }
 
+int InWritingMode(void (*end)(WritingMode&)) {
+    WritingMode mode;
+    if (!mode.begin()) {
+        return 1;
+    }
+    ReadHomeStatus();
+    end(mode);
+    return 0;
+}
+
 const std::map<std::string, Flag*> kFlags{
-    {"OffLineFlag", &OffLineFlag},        {"AlarmNotResettableFlag", &AlarmNotResettableFlag},
-    {"CtBusyFlag", &CtBusyFlag},          {"CommErrorFlag", &CommErrorFlag},
-    {"PortOccupyFlag", &PortOccupyFlag},  {"ProgramEndFlag", &ProgramEndFlag},
-    {"GrpMoveStopFlag", &GrpMoveStopFlag}};
+    {"OffLineFlag", &OffLineFlag},       {"AlarmNotResettableFlag", &AlarmNotResettableFlag},
+    {"CtBusyFlag", &CtBusyFlag},         {"ErrorListMissingFlag", &ErrorListMissingFlag},
+    {"CommErrorFlag", &CommErrorFlag},   {"PortOccupyFlag", &PortOccupyFlag},
+    {"ProgramEndFlag", &ProgramEndFlag}, {"GrpMoveStopFlag", &GrpMoveStopFlag}};
 
 const std::map<std::string, std::function<int()>> kRoutines{
     {"OpenCtPort", OpenCtPort},
@@ -47,6 +58,12 @@ const std::map<std::string, std::function<int()>> kRoutines{
     {"JogRun", [] { return JogRun("1"); }},
     {"StopMotion", StopMotion},
     {"SetCtMode", [] { return SetCtMode(1); }},
+    {"StandsStill", [] { return StandsStill(OnFailure::Silent) ? 1 : 0; }},
+    {"StandsStillOrTell", [] { return StandsStill(OnFailure::Tell) ? 1 : 0; }},
+    {"ReadInWritingMode", [] { return InWritingMode([](WritingMode&) {}); }},
+    {"ReadAndEndInTwoTries", [] { return InWritingMode([](WritingMode& mode) { mode.end(2); }); }},
+    {"ReadAndLeaveTheMode", [] { return InWritingMode([](WritingMode& mode) { mode.leave(); }); }},
+    {"PollCtStatus", PollCtStatus},
     {"Timer1", Void([] { EnableTimer(Timer1); })},
     {"letAlarmStand", Void(LinkBench::letAlarmStand)},
     {"TalkInBackground", Void([] { RunInBackground(ReadInputs); })}};
