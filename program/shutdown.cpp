@@ -5,7 +5,7 @@
 #include "app/command_states.h"
 #include "app/settings.h"
 #include "app/string_table.h"
-#include "link/Module3Tusin.h"
+#include "link/port.h"
 #include "platform/platform.h"
 #include "position/posi_file.h"
 #include "position/posi_table.h"

@@ -2,8 +2,9 @@
 
 #include "app/number_forms.h"
 #include "device/axis_device.h"
-#include "link/Module3Tusin.h"
 #include "link/ct_commands.h"
+#include "link/exchange.h"
+#include "link/receiver.h"
 #include "parameter/para_blocks.h"
 #include "platform/fault.h"
 

@@ -4,8 +4,6 @@
 #include "app/screens.h"
 #include "app/string_table.h"
 #include "app/transfer_dialog.h"
-#include "link/Module3Tusin.h"
-#include "link/supervision.h"
 #include "platform/platform.h"
 #include "position/flex_grid.h"
 #include "position/grid_display.h"

@@ -1,6 +1,10 @@
 #pragma once
 
-#include "link/Module3Tusin.h"
+#include "link/alarm.h"
+#include "link/line_state.h"
+#include "link/link_reset.h"
+#include "link/port.h"
+#include "link/receiver.h"
 #include "parameter/para_set.h"
 #include "parameter/sample_sets.h"
 #include "support/scripted_platform.h"

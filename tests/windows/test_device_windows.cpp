@@ -3,7 +3,7 @@
 #include "device/Module2Calc.h"
 #include "device/device_list.h"
 #include "device/device_reset.h"
-#include "link/Module3Tusin.h"
+#include "link/link_reset.h"
 #include "link/supervision.h"
 #include "parameter/factory_lists.h"
 #include "parameter/para_device.h"

@@ -1,4 +1,3 @@
-#include "link/Module3Tusin.h"
 #include "position/grid_clipboard.h"
 #include "position/grid_display.h"
 #include "position/grid_editor.h"
