@@ -19,7 +19,7 @@ bool UserConfirms() {
         return AskBox(ResText(390), BoxButtons::OkCancel) == BoxAnswer::Ok;
     }
     switch (AskBox(ResText(391), BoxButtons::YesNoCancel)) {
-    case BoxAnswer::Yes: SavePosiFileAs(); return !IsSet(SaveCancelledFlag);
+    case BoxAnswer::Yes: SavePosiFileAs(); return !IsSet(PosiDirtyFlag);
     case BoxAnswer::No: return true;
     default: return false;
     }

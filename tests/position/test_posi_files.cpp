@@ -1,4 +1,3 @@
-#include "device/device_name.h"
 #include "platform/whole_file.h"
 #include "position/posi_reader.h"
 #include "position_bench.h"

@@ -5,6 +5,7 @@
 #include "position/grid_lines.h"
 #include "position/posi_file.h"
 #include "position/posi_new.h"
+#include "position/posi_reader.h"
 #include "position/posi_verify.h"
 #include "position/range_dialogs.h"
 #include "position_bench.h"
@@ -52,6 +53,11 @@ std::string Rest(Args& args) {
     }
     return text;
 }
+/// A word between quotes.
+std::string Field(Args& args) {
+    const std::string word = Word(args);
+    return word.substr(1, word.size() - 2);
+}
 std::pair<std::int16_t, std::int16_t> Range(const std::string& text) {
     return {static_cast<std::int16_t>(std::stoi(text)),
             static_cast<std::int16_t>(std::stoi(text.substr(text.find('-') + 1)))};
@@ -96,6 +102,14 @@ public:
         }
         CMDBTN_Yuko();
         Screens().frmMainClose = [this] { ++closes; };
+        Screens().frmTrance = [this] {
+            const TransferDialog& dialog = TheTransferDialog();
+            bars += !dialog.shown
+                        ? "gone"
+                        : dialog.lblSetumei.substr(0, 4) + (dialog.cancelShown ? "* " : " ") +
+                              std::to_string(dialog.prgBar1) + "/" +
+                              std::to_string(dialog.prgBar1Max) + ", ";
+        };
     }
 
     void tell(const std::string& statement) {
@@ -167,6 +181,7 @@ private:
 
     std::int64_t took = 0;
     int closes = 0;
+    std::string bars; ///< what the transfer dialog showed, one after the other
     const std::map<std::string, std::function<void(Args&)>> words{
         // what there is
         {"grid", [](Args& a) { std::apply(showRows, Range(Word(a))); }},
@@ -287,6 +302,36 @@ private:
         {"mode", [this](Args&) { return std::to_string(line.controller.machine().mode); }},
         {"sent", [this](Args& a) { return std::to_string(line.controller.count(Word(a))); }},
         {"frames", [this](Args&) { return std::to_string(platform.sent.size()); }},
+        {"takes",
+         [this](Args& a) {
+             const std::string dialog = Word(a);
+             const RangeTexts texts{Field(a), Field(a)};
+             std::tie(PosiFirst, PosiLast) = Range("101-102");
+             const bool taken = dialog == "read"   ? TakeReadRange(false, texts)
+                                : dialog == "grid" ? TakeGridRange(texts)
+                                                   : TakeVerifyRange(texts);
+             platform.checkAllAsked();
+             return (taken ? "" : "no ") + std::to_string(PosiFirst) + "-" +
+                    std::to_string(PosiLast);
+         }},
+        {"common",
+         [](Args& a) {
+             std::tie(FileFirst, FileLast) = Range(Word(a));
+             std::tie(GridFirst, GridLast) = Range(Word(a));
+             return CompareFileRange() != 0
+                        ? "nothing"
+                        : VerifyRangePreset().range.start + "-" + VerifyRangePreset().range.end;
+         }},
+        {"preset", [](Args&) { return ReadRangePreset().start + "-" + ReadRangePreset().end; }},
+        {"order",
+         [this](Args&) {
+             std::string frames;
+             for (const std::string& frame : platform.sent) {
+                 frames += frame + " ";
+             }
+             return frames;
+         }},
+        {"bars", [this](Args&) { return bars; }},
         {"sees",
          [](Args& a) {
              const auto [row, column] = place(a);

@@ -5,7 +5,6 @@
 #include "position/posi_transfer.h"
 #include "position/posi_verify.h"
 #include "position/posi_write.h"
-#include "position/stroke_check.h"
 #include "position_bench.h"
 #include "setup/posi_read.h"
 #include "setup/posi_write.h"
@@ -18,7 +17,6 @@ namespace {
 
 const std::string kSaveFirst = "Save the editing data before reading data?";
 const std::string kRead = "Read the data from controller, OK?";
-const std::string kStopped = "Reading of data was stopped.";
 const std::string kSend = "Data is transmitted to controller,Yes?";
 const std::string kDone = "Completed data transmit.";
 
@@ -71,33 +69,6 @@ TEST(Read, EveryStep) {
         });
 }
 
-TEST(Verify, EveryStep) {
-    int shown = 0;
-    EveryStep<TransferBench>(
-        [&shown](TransferBench& bench) {
-            shown = 0;
-            for (const int position : {5, 7}) {
-                bench.line.controller.setPositionRow(position, bench.fresh(position));
-            }
-            bench.expectRange("frmSelectPosiNo3", 5, 7);
-            bench.platform.expectScreen("frmSyogoKekka", [&shown] {
-                ++shown;
-                ASSERT_EQ(ResultRows().size(), 1U);
-                EXPECT_EQ(ResultRows()[0].position, 6);
-                EXPECT_EQ(ResultRows()[0].failed.to_ulong(), 1UL << kPosi);
-                EXPECT_EQ(SyogoMode, kSet);
-            });
-            PosiDataCtShogo();
-        },
-        [&shown](TransferBench& bench, const Step& step) {
-            bench.expectAsBefore();
-            EXPECT_LE(shown, step.boxes.empty() ? 1 : 0) << "nothing wrong is compared";
-            EXPECT_TRUE(shown == 1 || !step.fault.empty());
-            EXPECT_TRUE(ResultRows().empty());
-        },
-        {"dead", "short", "previous"}); // the rows are read as by the read
-}
-
 TEST(Write, EveryStep) {
     std::vector<std::string> before;
     EveryStep<TransferBench>(
@@ -139,7 +110,7 @@ TEST_F(Transfer, ACancelOrTheEndOfTheProgramEndsAtTheNextRow) {
     const auto endProgram = [] { ProgramEndFlag = kSet; };
     atRow(9, cmdTranceCancel_Click);
     expectReadOf(5, 20);
-    platform.expectBox(kStopped);
+    platform.expectBox("Reading of data was stopped.");
     ReadFromCt();
     expectAsBefore();
     expectRange("frmSelectPosiNo3", 5, 20);
@@ -181,37 +152,6 @@ TEST_F(Transfer, ASaveInTheMiddleOfAReadSavesTheGridAsItStands) {
               std::string::npos);
     ExpectRanges(5, 20);
     EXPECT_EQ(cell(20, kPosi), "10");
-}
-
-TEST_F(Transfer, TheWholeOrderOfAWrite) {
-    std::vector<std::string> dialogs;
-    Screens().frmTrance = [&dialogs] {
-        const TransferDialog& dialog = TheTransferDialog();
-        dialogs.push_back(!dialog.shown
-                              ? "gone"
-                              : dialog.lblSetumei.substr(0, 4) + (dialog.cancelShown ? "* " : " ") +
-                                    std::to_string(dialog.prgBar1) + "/" +
-                                    std::to_string(dialog.prgBar1Max));
-    };
-    addFault("0CM00:*:error=03");
-    expectWriteOf(5, 6);
-    for (int i = 0; i < 6; ++i) { // the end of the mode is tried six times
-        platform.expectBox(box::kHoming);
-    }
-    platform.expectBox(box::kCommError);
-    platform.expectBox(kDone);
-    WriteToCt();
-    platform.sent.resize(14);
-    EXPECT_EQ(platform.sent,
-              (std::vector<std::string>{"0RA", "0CM01",                         // it stands still
-                                        "0RD0", "0RD6", "0RDC", "0RD6", "0RDC", // axes, devices
-                                        "0CM1", "0RD0", "0RD6", "0RDC",         // stroke check
-                                        "0WP0051E30000691E30000001E30000001E20000000000",
-                                        "0WP006" + fresh(6), "0CM00"}));
-    EXPECT_EQ(dialogs,
-              (std::vector<std::string>{"Comm 0/4", "Comm 1/4", "Comm 2/4", "Comm 3/4", "Comm 4/4",
-                                        "Send* 0/2", "Send* 1/2", "Send* 2/2", "gone"}));
-    EXPECT_EQ(CtStrokeLimit, (std::array<std::int32_t, kAxes>{20000, 0, 0, 4800}));
 }
 
 TEST_F(Transfer, ARowWithoutAFormOnTheLineKeepsAllRowsBack) {

@@ -9,6 +9,8 @@
 #include "link/port.h"
 #include "parameter/para_device.h"
 #include "platform/whole_file.h"
+#include "position/flex_grid.h"
+#include "position/grid_display.h"
 #include "position/posi_table.h"
 #include "program/commands.h"
 #include "program/shutdown.h"
@@ -245,6 +247,19 @@ TEST_F(StartUp, TheEndAsksAndStoresPortAndLanguage) {
         platform.expectBox(kSaveFirst, BoxButtons::YesNoCancel, answer);
         EXPECT_EQ(frmMain_QueryUnload(), answer == BoxAnswer::No);
     }
+    GridFirst = PosiFirst = PosiLast = 1;
+    GridLast = GridRowCount = 2;
+    ClearPosiTable();
+    QdDataHyoji_3();
+    platform.expectBox(kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::Yes);
+    platform.expectScreen("frmSelectPosiNo3");
+    platform.expectBox("Write Data to the file,Yes?", BoxButtons::OkCancel, BoxAnswer::Ok);
+    platform.expectFile({FileQuestion::Kind::Save, "Save Position Data as ...",
+                         "Position Data(*.qdd)|*.qdd|All Files(*.*)|*.*", "qdd", "qdw8posi.qdd", "",
+                         kOverwritePrompt},
+                        FileAnswer{pathOf("part.qdd"), "part.qdd"});
+    EXPECT_FALSE(frmMain_QueryUnload()) << "a part is not the whole";
+    ResetGrid();
     platform.expectBox(kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::Yes);
     platform.expectBox("There is no position data.\r\nPlease try again after perform [New Data] or "
                        "[Read from C/T] and then editing data. ");
