@@ -157,7 +157,7 @@ bool PutCells(const std::vector<std::string_view>& cells) {
 
 void PasteCells() {
     const auto [first, last] = SelectedRows();
-    const auto wanted = static_cast<std::size_t>(last - first + 1);
+    const auto wanted = static_cast<std::size_t>(last) - static_cast<std::size_t>(first) + 1;
     const std::string text = ThePlatform().TheClipboard.GetText();
     std::vector<std::string_view> cells;
     for (ClipRows rows(text); !rows.atEnd() && cells.size() < wanted;) {

@@ -70,7 +70,7 @@ LinkBench::LinkBench() {
 void LinkBench::answer(const std::string& answers) {
     for (const std::string& text : Split(answers, ';')) {
         std::vector<std::pair<std::int64_t, std::string>> pieces;
-        for (std::string piece : Split(text, '~')) {
+        for (const std::string& piece : Split(text, '~')) {
             const std::size_t at = piece.find('@');
             const std::size_t in = 10 * (pieces.size() + 1);
             pieces.emplace_back(at == piece.npos ? in : std::stoul(piece.substr(at + 1)),
