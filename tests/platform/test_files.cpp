@@ -82,6 +82,7 @@ namespace fs = std::filesystem;
 class Files : public ::testing::Test {
 protected:
     Files() {
+        fs::remove_all(folder);
         fs::create_directories(path("settings"));
         ThePlatform().settingsFolder = path("settings");
     }
