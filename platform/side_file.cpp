@@ -113,7 +113,6 @@ void SideFile::finish() {
     if (!named) {
         file->fail();
     }
-    SyncFolder(place.folder);
 }
 
 bool SideFile::moveTo(const std::string& destination) {

@@ -37,7 +37,7 @@ public:
     OpenFile& content() { return *file; }
     const std::string& name() const { return path; }
 
-    /// Brings content and name to the disk. Throws `Fault`.
+    /// Brings the content to the disk and gives the file its name. Throws `Fault`.
     void finish();
     /// Puts the finished file in the place of `destination`. False if the system refuses that.
     bool moveTo(const std::string& destination);

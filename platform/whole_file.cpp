@@ -105,6 +105,7 @@ std::unique_ptr<SideFile> CopyOf(const std::string& path, const SidePlace& place
     auto copy = std::make_unique<SideFile>(place, kOldEnding, 0600);
     copy->content().writeRestOf(source);
     copy->finish();
+    SyncFolder(place.folder);
     return copy;
 }
 
