@@ -58,6 +58,7 @@ TEST(Units, WhatIsShownOfAnAxis) {
         DevSetting[1] = MadeOf(row[1], row[2]);
         DevSetting[1].DevLead = Number(row[3]);
         DevSetting[1].DevPPR = Number(row[4]);
+        DevSetting[0] = DevSetting[3] = DevSetting[1];
         DevSettei[1] = MadeOf("J52L100", row[5]);
         DevSetting[2] = MadeOf(" 61F200", "QN");
         DevSetting[0].MaxPulse = 77;
@@ -72,7 +73,7 @@ TEST(Units, WhatIsShownOfAnAxis) {
         SetPanelScale("", "");
         ShowUnitScale();
         for (const int axis : {-1, 0, 2, 3, 4}) {
-            ShowUnitScaleOfAxis(axis); // out of use, and without lead and pulses
+            ShowUnitScaleOfAxis(axis); // none or out of use; 2 has no lead
         }
         EXPECT_EQ(panel.scale[0] + panel.scale[1], row[7]);
         EXPECT_THROW(Culc_MaxPulse(), Fault) << "at the axis without a lead";
