@@ -66,7 +66,7 @@ TEST(DeviceName, TellsTheDeviceWhateverStoodThere) {
             const AxisDevice other = DevSetting[0] = MadeOf(" 52H300", row[1] == "NEW" ? "" : "N");
             FileDevText[0] = row[0];
             FileNewOld[0] = row[1];
-            FamilyText[0] = "HN";
+            FamilyText[0] = "--";
             const std::string result = std::to_string(ParseFileDevices());
             EXPECT_EQ(
                 result + bench.boxes() + TextOf(DevSettei[0]) + " " + FamilyText[0],

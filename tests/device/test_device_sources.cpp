@@ -17,6 +17,9 @@ TEST(DeviceSettings, AreReadAndWrittenForTheFirstAxisAndTheLast) {
                     keyAndValue.back();
             }
             bench.useList(row[0]);
+            if (row.size() > 4) {
+                DevSetting[axis] = MadeOf(row[4], "");
+            }
             AxisOff.fill(kSet); // axes out of use are read as well
             const auto told = [&](int result) {
                 return std::to_string(result) + bench.boxes() + TextOf(DevSetting[axis]) + " " +
@@ -41,9 +44,10 @@ TEST(Controller, TellsTheDeviceOfAnAxisWhateverStoodThere) {
     ForEachRow("controller", [](DeviceBench& bench, const auto& row) {
         AxisOff = {kClear, kSet, kClear, kSet};
         CtDevice.fill({1, 2, 400, 0, 2000, " 52", "L", 10});
-        CtDevice[2] = {Number(row[0]), Number(row[4]), std::stoi(row[5]), Number(row[6]), 4800,
-                       row[1],         row[2],         Number(row[3])};
-        DevSetting.fill(MadeOf("J52F50", row[7]));
+        CtDevice[2] = {Number(row[0]), Number(row[4]),    std::stoi(row[5]),
+                       Number(row[7]), std::stoi(row[6]), row[1],
+                       row[2],         Number(row[3])};
+        DevSetting.fill(MadeOf("J52F50", row[8]));
         DevSettei = DevSetting;
         FamilyText.fill("HN");
         const auto told = [&](int result) {
@@ -51,9 +55,9 @@ TEST(Controller, TellsTheDeviceOfAnAxisWhateverStoodThere) {
                    std::to_string(DevSetting[2].MaxPulse) + " " + FamilyText[2] + "; " +
                    TextOf(DevSettei[2]) + "; " + TextOf(DevSetting[0]);
         };
-        EXPECT_EQ(told(TakeControllerFlags()), row[8]);
-        EXPECT_EQ(told(TakeControllerDevices()), row[9]);
-        EXPECT_EQ(TextOf(DevSetting[3]) + FamilyText[3], "J52F50 0/0 " + row[7] + "HN");
+        EXPECT_EQ(told(TakeControllerFlags()), row[9]);
+        EXPECT_EQ(told(TakeControllerDevices()), row[10]);
+        EXPECT_EQ(TextOf(DevSetting[3]) + FamilyText[3], "J52F50 0/0 " + row[8] + "HN");
     });
 }
 
