@@ -173,6 +173,7 @@ void ThawGridWholly() {
 }
 
 void GridHome() {
+    ++grid.homes;
     SelectCells(0, 0, 0, 0);
     Tell();
 }

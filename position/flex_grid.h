@@ -58,6 +58,7 @@ struct FlexGrid {
     int col = 0;
     int rowSel = 0; ///< the other end of the selection
     int colSel = 0;
+    int homes = 0;  ///< times that the grid went home: it then shows its first row
     int locked = 0; ///< no selection and no editing while above 0
     int frozen = 0; ///< not painted while above 0
     FillMode fillMode = FillMode::OneCell;

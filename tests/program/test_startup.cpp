@@ -234,6 +234,12 @@ TEST_F(StartUp, MissingListsAreToldAndTheProgramGoesOn) {
     expectUsable();
 }
 
+TEST_F(StartUp, TheTitleBarOfTheDeviceChoiceEndsTheProgram) {
+    start(1, true, [] { ProgramEndFlag = DeviceCancelled = kSet; });
+    platform.checkAllAsked();
+    EXPECT_TRUE(platform.ended);
+}
+
 TEST_F(StartUp, TheEndAsksAndStoresPortAndLanguage) {
     startOnLine();
     platform.expectBox(kFinish, BoxButtons::OkCancel, BoxAnswer::Cancel);
@@ -287,6 +293,7 @@ TEST_F(StartUp, ACloseDuringATransferEndsItAtTheNextRow) {
                            BoxAnswer::Ok);
     });
     EXPECT_TRUE(platform.ended);
+    EXPECT_LT(platform.sent.size(), 20U);
 }
 
 } // namespace

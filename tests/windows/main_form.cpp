@@ -25,19 +25,26 @@ MainForm::MainForm() {
                                   [] { QGuiApplication::clipboard()->clear(); }};
     QGuiApplication::clipboard()->clear();
     RegisterCommands();
-    window = std::make_unique<frmMain>(Commands(),
-                                       MainWindowEvents{[this](Command command) {
-                                                            commands.emplace_back(NameOf(command));
-                                                            RunCommand(command);
-                                                        },
-                                                        [] { return false; },
-                                                        {},
-                                                        flgdData_RowColChange});
+    const auto run = [this](Command command) {
+        commands.emplace_back(NameOf(command));
+        RunCommand(command);
+    };
+    const auto query = [this] {
+        closed += "query ";
+        return mayClose;
+    };
+    window = std::make_unique<frmMain>(
+        Commands(),
+        MainWindowEvents{run, query, [this] { closed += "unload "; }, flgdData_RowColChange});
     Screens().flgdData = [this] { window->showGrid(); };
     Screens().flgdDataFocus = [this] { window->focusGrid(); };
     Screens().flgdDataFinishInput = [this] { return window->finishInput(); };
     Screens().frmMainCommands = [this] { window->showCommands(); };
     Screens().frmMainPanel = [this] { window->showPanel(); };
+    Screens().frmSelectPosiNo2 = Screens().frmSelectPosiNo3 = [] {};
+    Screens().frmDataShogo = [] { return std::int16_t{0}; };
+    Screens().frmSelection = [](const SelectionQuestion&) { return kSelectionCancelled; };
+    ThePlatform().CommonDialog1.ShowFile = [](const FileQuestion&) { return std::nullopt; };
     Set_MainFormStr();
     window->loadResources();
     window->showSized(false);

@@ -53,6 +53,8 @@ protected:
     QTableView* grid = nullptr;
     QLineEdit* editor = nullptr;
     std::vector<std::string> commands;
+    bool mayClose = false; ///< the answer to a close
+    std::string closed;    ///< what was asked and told of a close
 };
 
 } // namespace qdw8::test

@@ -28,9 +28,10 @@ namespace {
 
 using enum Command;
 
-constexpr int kLampSide = 18;
+constexpr int kLampSide = 16;
 constexpr int kSpacing = 6;
-constexpr int kFrameMargin = 6;
+constexpr int kFrameMargin = 4;
+constexpr int kButtonGap = 4;
 
 // 12400 by 8250 and 15360 by 10755 twips, at 15 twips a pixel.
 constexpr QSize kSmallSize{827, 550};
@@ -81,7 +82,7 @@ frmMain::frmMain(const CommandTable& commands, MainWindowEvents handlers)
 
 QGridLayout* frmMain::addButtons(QGroupBox& frame, Frame which) {
     auto* layout = new QGridLayout;
-    layout->setSpacing(kSpacing);
+    layout->setSpacing(kButtonGap);
     layout->setContentsMargins(kFrameMargin, kFrameMargin, kFrameMargin, kFrameMargin);
     BuildButtons(frame, *layout, which, controls, table,
                  [this](Command command) { chosen(command); });
@@ -134,7 +135,6 @@ QGroupBox* frmMain::makeStatusFrame() {
         place->addWidget(lamp.coloured, 0, 0);
         place->addWidget(lamp.caption, 0, 1);
         lampRow->addLayout(place);
-        lampRow->addSpacing(kSpacing);
         lampRow->addStretch(1);
     }
     // On a wide window the lamps stay together.

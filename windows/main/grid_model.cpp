@@ -91,11 +91,10 @@ bool GridModel::refreshRows() {
     return false;
 }
 
-int GridModel::refreshCells(int first, int last) {
+void GridModel::refreshCells(int first, int last) {
     std::vector<FlexGrid::Row> now;
     now.reserve(static_cast<std::size_t>(std::max(last - first + 1, 0)));
     std::vector<QModelIndex> changed;
-    int differing = 0;
     bool numbersChanged = false;
     static const FlexGrid::Row kNoRow;
     for (int row = first; row <= last; ++row) {
@@ -109,7 +108,6 @@ int GridModel::refreshCells(int first, int last) {
             if (!isKnown || fresh.text[at] != old.text[at] || fresh.colour[at] != old.colour[at] ||
                 fresh.bad[at] != old.bad[at]) {
                 changed.push_back(index(row, column));
-                differing += isKnown ? 1 : 0;
             }
         }
         now.push_back(fresh);
@@ -126,7 +124,6 @@ int GridModel::refreshCells(int first, int last) {
     if (numbersChanged) {
         emit headerDataChanged(Qt::Vertical, first, last);
     }
-    return differing;
 }
 
 bool GridModel::refreshHeads() {

@@ -22,8 +22,8 @@ public:
     /// Takes over the number of rows that the grid holds now. True if it has changed.
     bool refreshRows();
     /// Takes over what the rows `first` to `last` of the body hold now, those on the screen, and
-    /// tells the view of the cells that have changed there. How many of those that it knew have.
-    int refreshCells(int first, int last);
+    /// tells the view of the cells that have changed there.
+    void refreshCells(int first, int last);
     /// Takes over the heads. True if one has changed.
     bool refreshHeads();
 

@@ -27,9 +27,6 @@ namespace {
 constexpr int kBodyColumns = kGridColumns - 1;
 constexpr int kLastColumn = kGridCommentColumn - 1; // the comment
 
-/// More changed cells than this are other data, not an edit.
-constexpr int kManyCells = 100;
-
 GridSelection InUnit() {
     const FlexGrid& grid = flgdData();
     return {grid.row, grid.col, grid.rowSel, grid.colSel};
@@ -117,13 +114,14 @@ void GridView::refresh() {
         executeDelayedItemsLayout(); // or a new line couldn't be scrolled to yet
     }
     const auto [first, last] = rowsOnScreen();
-    const int changed = cells->refreshCells(first, last);
+    cells->refreshCells(first, last);
     showing = false;
     refreshHeads();
     showLock();
     showSelection();
-    if (flgdData().row < kGridHeadRows && (otherRows || changed > kManyCells)) {
-        scrollToTop(); // other data; the cursor that only went home leaves the view where it is
+    if (knownHomes != flgdData().homes) {
+        knownHomes = flgdData().homes;
+        scrollToTop();
         horizontalScrollBar()->setValue(0);
     }
     showEditor();

@@ -1,0 +1,186 @@
+// The stories of grid_stories.txt, in the real window over the real rules.
+
+#include "main_form.h"
+#include "platform/whole_file.h"
+#include "position/grid_display.h"
+#include "support/every_step.h"
+
+#include <QApplication>
+#include <QScrollBar>
+#include <QStringList>
+#include <functional>
+#include <map>
+#include <optional>
+
+namespace qdw8::test {
+namespace {
+
+struct Story {
+    std::string name;
+    std::vector<std::pair<int, std::string>> lines; ///< with their numbers
+};
+
+std::vector<Story> Stories() {
+    std::vector<Story> stories;
+    int number = 0;
+    const QString file =
+        QString::fromStdString(ReadWholeFile(QDW8_SOURCE_DIR "/tests/windows/grid_stories.txt"));
+    for (const QString& line : file.split(QLatin1Char('\n'))) {
+        ++number;
+        if (line.startsWith(QLatin1String("== "))) {
+            stories.push_back({line.mid(3).toStdString(), {}});
+        } else if (!line.isEmpty() && !line.startsWith(QLatin1Char('#'))) {
+            stories.back().lines.emplace_back(number, line.toStdString());
+        }
+    }
+    return stories;
+}
+
+class GridStories : public MainForm, public testing::WithParamInterface<Story> {
+protected:
+    GridStories() {
+        AnswerByItself(platform);
+        AxisOff[2] = kSet;
+    }
+
+    /// `rest`: what stands behind the verb; `n`: the numbers at its head.
+    void play(const std::string& verb, const std::string& rest, const std::vector<int>& n) {
+        const auto behind = [&rest](int numbers) {
+            const QStringList words = QString::fromStdString(rest).split(QLatin1Char(' '));
+            return unescaped(words.mid(numbers).join(QLatin1Char(' ')).toStdString());
+        };
+        const QString name = QString::fromStdString(rest);
+        const std::map<std::string, std::function<void()>> verbs{
+            {"rows",
+             [&] { show(static_cast<std::int16_t>(n[0]), static_cast<std::int16_t>(n[1])); }},
+            {"unit",
+             [&] {
+                 DispMmFlag = FlagOf(rest == "mm");
+                 Set_MainFormStr();
+             }},
+            {"set", [&] { SetGridText(n[0], n[1], behind(2)); }},
+            {"outside", [&] { copyOutside(unescaped(rest)); }},
+            {"click",
+             [&] {
+                 click(n[0], n[1]);
+                 QApplication::processEvents();
+             }},
+            {"now", [&] { click(n[0], n[1]); }},
+            {"double", [&] { doubleClick(n[0], n[1]); }},
+            {"drag", [&] { drag(n[0], n[1], n[2], n[3]); }},
+            {"number", [&] { clickNumber(n[0]); }},
+            {"keys", [&] { keys(rest); }},
+            {"press", [&] { press(name); }},
+            {"scroll", [&] { grid->verticalScrollBar()->setValue(n[0]); }},
+            {"home", [] { GridHome(); }},
+            {"lock", [&] { lock.emplace(); }},
+            {"edit",
+             [&] {
+                 EXPECT_EQ(editing(), !rest.empty());
+                 EXPECT_EQ(flgdData().edit.open ? editor->text().toStdString() : "", rest);
+                 if (editing()) {
+                     EXPECT_EQ(editor->geometry(),
+                               grid->visualRect(at(flgdData().row, flgdData().col)));
+                 }
+             }},
+            {"cell",
+             [&] {
+                 const std::string seen = n[1] == 0 ? GridText(n[0], 0) : shown(n[0], n[1]);
+                 EXPECT_EQ(seen, behind(2));
+             }},
+            {"column",
+             [&] {
+                 EXPECT_EQ(down(n[0], n[1], n[2]),
+                           n[1] + 1 == n[2] && behind(3).empty() ? " " : behind(3));
+             }},
+            {"at",
+             [&] {
+                 Place all = place();
+                 all.resize(n.size());
+                 EXPECT_EQ(all, n);
+             }},
+            {"seen",
+             [&] {
+                 EXPECT_TRUE(grid->viewport()->rect().contains(grid->visualRect(at(n[0], n[1]))));
+             }},
+            {"count", [&] { EXPECT_EQ(grid->model()->rowCount(), n[0]); }},
+            {"beeps", [&] { EXPECT_EQ(platform.beeps, n[0]); }},
+            {"clipboard", [&] { EXPECT_EQ(clipboard(), unescaped(rest)); }},
+            {"dirty", [&] { EXPECT_EQ(IsSet(PosiDirtyFlag), rest == "yes"); }},
+            {"ran",
+             [&] {
+                 QStringList ran;
+                 for (const std::string& command : commands) {
+                     ran << QString::fromStdString(command);
+                 }
+                 EXPECT_EQ(ran.join(QLatin1Char(' ')), name);
+             }},
+            {"on", [&] { EXPECT_TRUE(isOn(name)); }},
+            {"off", [&] { EXPECT_FALSE(isOn(name)); }},
+            {"box",
+             [&] {
+                 ASSERT_FALSE(platform.boxes.empty());
+                 EXPECT_NE(platform.boxes.back().find(rest), std::string::npos);
+             }},
+            {"focus", [&] { EXPECT_EQ(QApplication::focusWidget()->objectName(), name); }},
+            {"top", [&] { EXPECT_EQ(grid->verticalScrollBar()->value(), n[0]); }},
+            {"limits", [&] { EXPECT_EQ(text("sbStatusBar(4)"), name); }},
+        };
+        verbs.at(verb)();
+    }
+
+    static std::string unescaped(std::string text) {
+        return QString::fromStdString(text)
+            .replace("\\t", "\t")
+            .replace("\\r", "\r")
+            .replace("\\n", "\n")
+            .toStdString();
+    }
+
+    /// Characters, and keys between angle brackets.
+    static void keys(const std::string& typed) {
+        const QString all = QString::fromStdString(typed);
+        for (int at = 0; at < all.size(); ++at) {
+            if (all[at] != QLatin1Char('<')) {
+                type(QString(all[at]).toUtf8());
+                continue;
+            }
+            const int end = static_cast<int>(all.indexOf(QLatin1Char('>'), at));
+            const QKeyCombination pressed = QKeySequence(all.mid(at + 1, end - at - 1))[0];
+            key(pressed.key(), pressed.keyboardModifiers());
+            at = end;
+        }
+    }
+
+    std::optional<GridLock> lock;
+};
+
+TEST_P(GridStories, GoesAsTold) {
+    for (const auto& [number, line] : GetParam().lines) {
+        SCOPED_TRACE("line " + std::to_string(number) + ": " + line);
+        const auto end = std::min(line.find(' '), line.size());
+        const std::string rest = end < line.size() ? line.substr(end + 1) : "";
+        std::vector<int> numbers;
+        for (const QString& word : QString::fromStdString(rest).split(QLatin1Char(' '))) {
+            bool isNumber = false;
+            numbers.push_back(word.toInt(&isNumber));
+            if (!isNumber) {
+                numbers.pop_back();
+                break;
+            }
+        }
+        play(line.substr(0, end), rest, numbers);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Told, GridStories, testing::ValuesIn(Stories()), [](const auto& given) {
+    std::string name;
+    for (const char character : given.param.name) {
+        name += std::isalnum(static_cast<unsigned char>(character)) != 0 ? std::string(1, character)
+                                                                         : "";
+    }
+    return name;
+});
+
+} // namespace
+} // namespace qdw8::test
