@@ -29,8 +29,8 @@ protected:
         ThePlatform().programFolder = QDW8_DATA_DIR;
         FirstDeviceSetFlag = kSet;
         AxisOff = {kClear, kClear, kSet, kSet};
-        DevSetting[0] = {" 44", "L", 100, kClear, kClear, kSet, kSet, 2, 400, 0.005, 20000, 100};
-        DevSetting[1] = {"J52", "L", 50, kSet, kClear, kSet, kSet, 2, 400, 0.005, 10000, 50};
+        DevSetting[0] = {" 44", "L", 100, kClear, kClear, kSet, kSet, 2, 400, 20000, 100};
+        DevSetting[1] = {"J52", "L", 50, kSet, kClear, kSet, kSet, 2, 400, 10000, 50};
         DevSettei = DevSetting;
         DevSetting[2] = DevSetting[0];
     }

@@ -31,7 +31,7 @@ using enum Command;
 constexpr int kLampSide = 16;
 constexpr int kSpacing = 6;
 constexpr int kFrameMargin = 4;
-constexpr int kButtonGap = 4;
+constexpr int kButtonGap = 3;
 
 // 12400 by 8250 and 15360 by 10755 twips, at 15 twips a pixel.
 constexpr QSize kSmallSize{827, 550};
