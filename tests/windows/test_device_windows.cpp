@@ -1,4 +1,3 @@
-#include "link/Module3Tusin.h"
 #include "parameter/factory_lists.h"
 #include "parameter/para_device.h"
 #include "setup/detail_edit.h"
