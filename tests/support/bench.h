@@ -53,7 +53,5 @@ void ExpectAtRest(const ScriptedPlatform& platform);
 
 /// A test fixture out of a bench.
 template<typename TheBench> class Unit : public testing::Test, protected TheBench {};
-using UnitTest = Unit<Bench>;
-using LineUnitTest = Unit<LineBench>;
 
 } // namespace qdw8::test

@@ -22,7 +22,6 @@ inline const std::string kLength = "Communication data length error occurs!\r\n"
 inline const std::string kWrongData = kError + "\r\ntransmit data is wrong";
 inline const std::string kCommError = "Communication Error occured.";
 inline const std::string kMoving = "The writing of data is not made during movement.";
-inline const std::string kStopped = kError + "\r\nReading of data was stopped.";
 
 // Lists and files.
 inline const std::string kNoErrorList =
