@@ -1,18 +1,20 @@
 #include "parameter/para_device.h"
 
+#include "app/screens.h"
 #include "device/axis_device.h"
+#include "link/receiver.h"
 #include "parameter/factory_lists.h"
-#include "parameter/parameter_fixture.h"
+#include "parameter/parameter_bench.h"
 #include "setup/controller_devices.h"
 #include "setup/device_bytes.h"
+#include "support/every_step.h"
 
 namespace qdw8::test {
 namespace {
 
-class ParaDevice : public ParameterLineTest {
-protected:
-    ParaDevice() {
-        ParaSet = SampleSet();
+struct DeviceBench : ParameterBench {
+    DeviceBench() {
+        GoOnLine();
         ParaSet.LEAD = {8, 2, 2, 2};
         ParaSet.PULSE = {400, 400, 400, 400};
         ParaSet.STROKE = {15000, 10000, 20000, 40000};
@@ -20,6 +22,7 @@ protected:
         ParaSet.FUNCTION = {0, 1, 2, 0};
     }
 };
+using ParaDevice = Unit<DeviceBench>;
 
 TEST_F(ParaDevice, TheImageBecomesTheDevices) {
     DevSetting[1].NewType = kClear;
@@ -53,7 +56,7 @@ TEST_F(ParaDevice, FiguresThatNoDeviceHasAreToldAndChangeNoDevice) {
     const auto refused = [&](auto change) {
         const ParameterSet good = ParaSet;
         change(ParaSet);
-        platform.expectBox(kInvalid);
+        platform.expectBox(box::kInvalid);
         EXPECT_EQ(TakeParameterDevices(), 1);
         platform.checkAllAsked();
         EXPECT_EQ(DevSetting, before);
@@ -96,7 +99,7 @@ TEST_F(ParaDevice, OnlyAxesThatLackTheirLeadAreCompleted) {
     EXPECT_EQ(DevSetting[2].DevSize, "J52");
     EXPECT_EQ(DevSetting[2].MaxStrokeMm, 100);
     EXPECT_EQ(platform.settings["DevSize3"], "J52");
-    expectQuiet();
+    ExpectAtRest(platform);
 }
 
 TEST_F(ParaDevice, AnAxisThatCantBeCompletedGoesOutOfUse) {
@@ -106,7 +109,7 @@ TEST_F(ParaDevice, AnAxisThatCantBeCompletedGoesOutOfUse) {
         AxisOff.fill(kClear);
         DevSetting[3].DevPPR = 0;
         const auto before = DevSetting;
-        boxes.push_back(kNotSelected);
+        boxes.push_back(box::kNotSelected);
         for (const std::string& box : boxes) {
             platform.expectBox(box);
         }
@@ -114,15 +117,15 @@ TEST_F(ParaDevice, AnAxisThatCantBeCompletedGoesOutOfUse) {
         platform.checkAllAsked();
         EXPECT_EQ(AxisOff, (std::array<Flag, kAxes>{kClear, kClear, kClear, kSet}));
         EXPECT_EQ(DevSetting, before);
-        expectQuiet();
+        ExpectAtRest(platform);
         DevSetting = whole;
     };
-    for (int step = 1; step <= 4; ++step) {
+    for (const int step : {1, 4}) {
         SCOPED_TRACE(step);
         forgetFrames();
         GoOnLine();
         addFault("0RD:" + std::to_string(step) + "+:silence");
-        goes({kTimeout});
+        goes({box::kTimeout});
     }
     forgetFrames();
     goes({}); // off line by now
@@ -139,11 +142,11 @@ TEST_F(ParaDevice, TheControllersActuatorsAreTakenOverOrLeft) {
     EXPECT_EQ(DevSetting[3].DevPPR, 192);
     EXPECT_EQ(CompareDeviceSettings(), 0);
     const auto before = DevSetting;
-    for (int step = 1; step <= 4; ++step) {
+    for (const int step : {1, 4}) {
         forgetFrames();
         GoOnLine();
         addFault("0RD:" + std::to_string(step) + "+:silence");
-        platform.expectBox(kTimeout);
+        platform.expectBox(box::kTimeout);
         EXPECT_EQ(TakeOverDevicesOfController(), 1);
         EXPECT_EQ(DevSetting, before);
     }

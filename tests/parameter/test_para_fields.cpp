@@ -1,37 +1,80 @@
 #include "parameter/para_fields.h"
 
+#include "app/number_forms.h"
+#include "app/screens.h"
 #include "app/string_table.h"
 #include "device/axis_device.h"
-#include "parameter/parameter_fixture.h"
-
-#include <utility>
+#include "parameter/parameter_bench.h"
 
 namespace qdw8::test {
 namespace {
 
-class Fields : public ParameterTest {
-protected:
-    Fields() {
-        ParaSet = SampleSet();
-        ParaSet.TYPE = {0, 1, 2, 3};
-        ParametaHyoji();
-    }
-};
+using Fields = ParaFieldTexts;
+using FieldsTest = ParameterTest;
 
-TEST_F(Fields, WhatIsShownIsTakenBackUnchanged) {
-    const ParameterSet shown = ParaSet;
-    for (int mask = 0; mask < 16; ++mask) {
-        SetAxisOffByMask(AxisOff, mask);
-        ParaSet = shown;
-        ParaSet.ACC_DCC = 77;
-        EXPECT_EQ(TorikomiParametaValue(), 0);
-        EXPECT_EQ(ParaSet.ACC_DCC, 77) << "it has no field";
-        ParaSet.ACC_DCC = shown.ACC_DCC;
-        EXPECT_EQ(ParaSet, shown) << mask;
+const std::vector<std::pair<ParaRow, AxisTexts Fields::*>> kTexts = {
+    {kRowOFFSET, &Fields::txtHomeOffset},
+    {kRowPUSH, &Fields::txtHomePush},
+    {kRowVEL, &Fields::txtHomeVel},
+    {kRowOFSVEL, &Fields::txtHomeOfsVel},
+    {kRowPUSHVEL, &Fields::txtHomePushVel},
+    {kRowSEQ, &Fields::txtHomeOrder},
+    {kRowSTROKE, &Fields::txtAxisStroke},
+    {kRowLEAD, &Fields::txtAxisLead},
+    {kRowPULSE, &Fields::txtAxisPulse},
+    {kRowJOGVEL, &Fields::txtJogHighVel},
+    {kRowALM, &Fields::txtPgAlarm},
+    {kRowPG_TIMER, &Fields::txtPgCheckTimer},
+    {kRowLS_SERCH_TIMER, &Fields::txtLsSerchTimer}};
+const std::vector<std::pair<ParaRow, AxisLists Fields::*>> kLists = {
+    {kRowAUTODRIVE, &Fields::comboAxisAutoDrv},
+    {kRowTYPE, &Fields::comboEtcHnOrQd},
+    {kRowFUNCTION, &Fields::comboPgFunc},
+    {kRowSOFT_LIMIT, &Fields::comboSoftLimit},
+    {kRowM0_DISABLE, &Fields::comboM0Disable}};
+const std::vector<std::pair<ParaRow, int Fields::*>> kCommonLists = {
+    {kRowHOME_OUT, &Fields::comboHomeOut},        {kRowALM_CODE, &Fields::comboEtcAlmCode},
+    {kRowGRP_ENABLE, &Fields::comboEtcGrpEnable}, {kRowSM_TIMEOUT, &Fields::comboSmInTimer},
+    {kRowAUTO_HOME, &Fields::comboAutoHome},      {kRowSTOP_PAUSE, &Fields::comboStopPause}};
+
+// Each item alone, so that no field can stand for another one.
+TEST_F(FieldsTest, EachItemHasAFieldOfItsOwnBothWays) {
+    for (const ParaItem& item : ParaItems()) {
+        if (item.row == kRowACC_DCC) {
+            continue; // it has none
+        }
+        for (std::size_t axis = 0; axis < (item.perAxis() ? kAxes : 1); ++axis) {
+            SCOPED_TRACE("row " + std::to_string(item.row) + " axis " + std::to_string(axis));
+            ParaSet = ParameterSet{};
+            ParametaHyoji();
+            Fields expected = ParaFields;
+            for (const auto& [row, field] : kTexts) {
+                (expected.*field)[axis] = row == item.row ? "1" : "0";
+            }
+            for (const auto& [row, field] : kLists) {
+                (expected.*field)[axis] = row == item.row ? 1 : 0;
+            }
+            for (const auto& [row, field] : kCommonLists) {
+                expected.*field = row == item.row ? 1 : 0;
+            }
+            expected.txtSmTimeoutTimer = item.row == kRowSM_TIMER ? "1" : "0";
+            expected.txtOneAxis = item.row == kRowAXIS ? "1" : "0";
+            SetParaValue(ParaSet, item, axis, 1);
+            const ParameterSet set = ParaSet;
+            ParametaHyoji();
+            EXPECT_EQ(ParaFields, expected);
+            ParaSet = ParameterSet{};
+            ASSERT_EQ(TorikomiParametaValue(), 0);
+            EXPECT_EQ(ParaValue(ParaSet, item, axis), 1);
+            ParaSet.Actuator = set.Actuator;
+            ParaSet.parts = set.parts;
+            EXPECT_EQ(ParaSet, set);
+        }
     }
 }
 
-TEST_F(Fields, AreTakenOfTheAxesInUseOnly) {
+TEST_F(FieldsTest, AreTakenOfTheAxesInUseOnly) {
+    ParametaHyoji();
     AxisOff[1] = kSet;
     const ParameterSet before = ParaSet;
     for (std::size_t axis = 0; axis < kAxes; ++axis) {
@@ -40,6 +83,9 @@ TEST_F(Fields, AreTakenOfTheAxesInUseOnly) {
         ParaFields.comboActSpeed[axis] = " H ";
         ParaFields.comboActStroke[axis] = "450";
     }
+    ParaFields.txtHomeOffset[0] = "12.5";
+    ParaFields.txtAxisStroke[0] = "13.5";
+    ParaFields.txtPgAlarm[0] = "abc";
     ASSERT_EQ(TorikomiParametaValue(), 0);
     EXPECT_EQ(ParaSet.PUSH, (AxisWords{9, before.PUSH[1], 9, 9}));
     EXPECT_EQ(ParaSet.Actuator[0], " 52H450");
@@ -47,98 +93,57 @@ TEST_F(Fields, AreTakenOfTheAxesInUseOnly) {
     EXPECT_EQ(ParaSet.Actuator[1], before.Actuator[1]);
     EXPECT_EQ(DevSettei[0].DevSize, " 52");
     EXPECT_EQ(DevSettei[0].DevSpeed, "H");
-    EXPECT_EQ(DevSettei[1].DevSize, "");
-    EXPECT_EQ(DevSetting[0].DevSize, "") << "what the program works with is another thing";
-}
-
-TEST_F(Fields, NumbersAreTakenWhole) {
-    ParaFields.txtHomeOffset[0] = "12.5";
-    ParaFields.txtAxisStroke[0] = "13.5";
-    ParaFields.txtPgAlarm[0] = "abc";
-    ParaFields.txtAxisPulse[0] = "60000";
-    ASSERT_EQ(TorikomiParametaValue(), 0);
+    EXPECT_EQ(DevSettei[1].DevSize + DevSetting[0].DevSize, "");
     EXPECT_EQ(ParaSet.OFFSET[0], 12);
     EXPECT_EQ(ParaSet.STROKE[0], 14);
     EXPECT_EQ(ParaSet.ALM[0], 0);
-    EXPECT_EQ(ParaSet.PULSE[0], 60000);
-}
-
-TEST_F(Fields, AValueTooWideRefusesTheWhole) {
-    const ParameterSet before = ParaSet;
-    const std::vector<std::pair<AxisTexts ParaFieldTexts::*, std::string>> cases = {
-        {&ParaFieldTexts::txtHomePush, "32768"},
-        {&ParaFieldTexts::txtAxisPulse, "2147483648"},
-        {&ParaFieldTexts::txtHomeOffset, "99999999999"},
-        {&ParaFieldTexts::comboActStroke, "40000"}};
-    for (const auto& [field, text] : cases) {
+    const ParameterSet taken = ParaSet;
+    for (const auto& [field, text] : std::vector<std::pair<AxisTexts Fields::*, std::string>>{
+             {&Fields::txtHomePush, "32768"},
+             {&Fields::txtAxisPulse, "2147483648"},
+             {&Fields::txtHomeOffset, "99999999999"},
+             {&Fields::comboActStroke, "40000"}}) {
         ParametaHyoji();
         ParaFields.txtHomeVel[0] = "7";
         (ParaFields.*field)[3] = text;
         EXPECT_EQ(TorikomiParametaValue(), 1) << text;
-        EXPECT_EQ(ParaSet, before);
+        EXPECT_EQ(ParaSet, taken);
     }
 }
 
-TEST_F(Fields, AListWithoutAValidRowGivesZero) {
+TEST_F(FieldsTest, RowsAndValuesOutsideAList) {
+    ParametaHyoji();
     ParaFields.comboEtcHnOrQd = {-1, 3, 4, 5};
     ParaFields.comboSoftLimit = {1, 2, 3, -1};
     ParaFields.comboM0Disable = {1, 4, 5, 0};
-    ParaFields.comboAxisAutoDrv = {1, 2, -1, 0};
-    ParaFields.comboPgFunc = {2, 3, -1, 1};
     ParaFields.comboHomeOut = 4;
-    ParaFields.comboStopPause = -1;
     ASSERT_EQ(TorikomiParametaValue(), 0);
     EXPECT_EQ(ParaSet.TYPE, (AxisWords{0, 3, 0, 0}));
     EXPECT_EQ(ParaSet.SOFT_LIMIT, (AxisWords{1, 0, 0, 0}));
     EXPECT_EQ(ParaSet.M0_DISABLE, (AxisWords{1, 0, 0, 0}));
-    EXPECT_EQ(ParaSet.AUTODRIVE, (AxisWords{1, 0, 0, 0}));
-    EXPECT_EQ(ParaSet.FUNCTION, (AxisWords{2, 0, 0, 1}));
     EXPECT_EQ(ParaSet.HOME_OUT, 0);
-    EXPECT_EQ(ParaSet.STOP_PAUSE, 0);
-}
-
-TEST_F(Fields, AValueWithoutARowSelectsNothing) {
     ParaSet.TYPE = {0, 3, 4, 5};
     ParaSet.FUNCTION = {0, 2, 3, -1};
-    ParaSet.SOFT_LIMIT = {0, 1, 2, 7};
     ParaSet.HOME_OUT = 4;
-    ParaSet.AUTO_HOME = 1;
     ParametaHyoji();
     EXPECT_EQ(ParaFields.comboEtcHnOrQd, (AxisLists{0, 3, -1, -1}));
     EXPECT_EQ(ParaFields.comboPgFunc, (AxisLists{0, 2, -1, -1}));
-    EXPECT_EQ(ParaFields.comboSoftLimit, (AxisLists{0, 1, -1, -1}));
     EXPECT_EQ(ParaFields.comboHomeOut, -1);
-    EXPECT_EQ(ParaFields.comboAutoHome, 1);
     EXPECT_EQ(ParaFields.txtActuator[2], "J52L100");
-}
-
-TEST_F(Fields, TheListsOfferTheTextsOfTheirValues) {
-    const auto texts = [](ParaRow row) {
-        std::vector<std::string> all;
+    std::string texts;
+    for (const ParaRow row : {kRowTYPE, kRowSTOP_PAUSE, kRowAUTODRIVE, kRowOFFSET}) {
         for (const ParaListRow& entry : ParaListRows(row)) {
-            all.push_back(ResText(entry.textId) + "=" + std::to_string(entry.value));
+            texts += ResText(entry.textId) + "=" + std::to_string(entry.value) + ";";
         }
-        return all;
-    };
-    EXPECT_EQ(texts(kRowTYPE),
-              (std::vector<std::string>{"QD(PUSH)=0", "QD(LS)=1", "RTW=2", "GG=3"}));
-    EXPECT_EQ(texts(kRowSTOP_PAUSE), (std::vector<std::string>{"0. STOP=0", "1. PAUSE=1"}));
-    EXPECT_EQ(texts(kRowAUTODRIVE), (std::vector<std::string>{"0. Drive-ON=0", "1. Drive-OFF=1"}));
-    EXPECT_TRUE(texts(kRowOFFSET).empty());
-    EXPECT_TRUE(texts(kRowACC_DCC).empty());
+    }
+    EXPECT_EQ(texts, "QD(PUSH)=0;QD(LS)=1;RTW=2;GG=3;0. STOP=0;1. PAUSE=1;"
+                     "0. Drive-ON=0;1. Drive-OFF=1;");
 }
 
-TEST_F(Fields, AnEmptyTextOfAnAxisInUseIsFound) {
+TEST_F(FieldsTest, AnEmptyTextOfAnAxisInUseIsFound) {
+    ParametaHyoji();
     EXPECT_TRUE(ParaFieldsFilled());
-    const std::vector<AxisTexts ParaFieldTexts::*> texts = {
-        &ParaFieldTexts::txtHomeOffset,  &ParaFieldTexts::txtHomePush,
-        &ParaFieldTexts::txtHomeVel,     &ParaFieldTexts::txtHomeOfsVel,
-        &ParaFieldTexts::txtHomePushVel, &ParaFieldTexts::txtHomeOrder,
-        &ParaFieldTexts::txtAxisStroke,  &ParaFieldTexts::txtAxisLead,
-        &ParaFieldTexts::txtAxisPulse,   &ParaFieldTexts::txtJogHighVel,
-        &ParaFieldTexts::txtPgAlarm,     &ParaFieldTexts::txtPgCheckTimer,
-        &ParaFieldTexts::txtLsSerchTimer};
-    for (const auto field : texts) {
+    for (const auto& [row, field] : kTexts) {
         for (std::size_t axis = 0; axis < kAxes; ++axis) {
             const std::string kept = (ParaFields.*field)[axis];
             (ParaFields.*field)[axis].clear();
@@ -149,22 +154,18 @@ TEST_F(Fields, AnEmptyTextOfAnAxisInUseIsFound) {
             (ParaFields.*field)[axis] = kept;
         }
     }
-    ParaFields.txtOneAxis.clear();
-    EXPECT_FALSE(ParaFieldsFilled());
-    ParaFields.txtOneAxis = "15";
-    ParaFields.txtSmTimeoutTimer.clear();
-    EXPECT_FALSE(ParaFieldsFilled());
     AxisOff.fill(kSet);
-    EXPECT_FALSE(ParaFieldsFilled()) << "the common fields count without any axis";
-}
-
-TEST_F(Fields, AnAxisOutOfUseLosesItsTexts) {
-    AxisOff[2] = kSet;
+    for (std::string* const field : {&ParaFields.txtOneAxis, &ParaFields.txtSmTimeoutTimer}) {
+        const std::string kept = *field;
+        field->clear();
+        EXPECT_FALSE(ParaFieldsFilled()) << "the common fields count without any axis";
+        *field = kept;
+    }
+    AxisOff = {kClear, kClear, kSet, kClear};
     int told = 0;
     Screens().frmParameta2 = [&told] { ++told; };
     YukoJikuHyojiSettei();
-    EXPECT_EQ(ParaFields.txtHomeOffset[2], "");
-    EXPECT_EQ(ParaFields.comboActSize[2], "");
+    EXPECT_EQ(ParaFields.txtHomeOffset[2] + ParaFields.comboActSize[2], "");
     EXPECT_NE(ParaFields.txtHomeOffset[1], "");
     EXPECT_NE(ParaFields.txtPgCheckTimer[2], "") << "behind the lock";
     ParaFields.chkTokuParaChange = true;
