@@ -58,7 +58,7 @@ frmSelectPosiNo2::frmSelectPosiNo2(QWidget* parent) : QDialog(parent) {
 
 void frmSelectPosiNo2::showOptions() {
     const bool selected = selectedRange->isChecked();
-    for (PosiNoBox* box : {range.txtStartPosiNo, range.txtEndPosiNo}) {
+    for (NumberField* box : {range.txtStartPosiNo, range.txtEndPosiNo}) {
         if (box == nullptr) {
             return; // still being built
         }

@@ -105,8 +105,9 @@ frmSelectPosiNo4::frmSelectPosiNo4(bool common, QWidget* parent)
     QLabel* rangeMoji = MakeLabel(*picture, "lblRangeMoji", 1613);
     range.lblStartPosiMoji = startHead;
     range.lblEndPosiMoji = endHead;
-    range.txtStartPosiNo = new PosiNoBox(QStringLiteral("txtStartPosiNo"), picture);
-    range.txtEndPosiNo = new PosiNoBox(QStringLiteral("txtEndPosiNo"), picture);
+    range.txtStartPosiNo =
+        new NumberField(QStringLiteral("txtStartPosiNo"), kPosiNoDigits, picture);
+    range.txtEndPosiNo = new NumberField(QStringLiteral("txtEndPosiNo"), kPosiNoDigits, picture);
     range.txtStartPosiNo->setText(QString::fromStdString(preset.range.start));
     range.txtEndPosiNo->setText(QString::fromStdString(preset.range.end));
     boxes->addWidget(rangeMoji, 0, 0);

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "position/range_dialogs.h"
-
-#include <QLineEdit>
+#include "windows/controls/number_field.h"
 
 class QDialog;
 class QGridLayout;
@@ -11,23 +10,14 @@ class QPushButton;
 
 namespace qdw8 {
 
-/// A box for a position number: digits only, at most three, Enter moves on to the next control, the
-/// whole text is selected when the box gets the focus.
-class PosiNoBox : public QLineEdit {
-public:
-    PosiNoBox(const QString& objectName, QWidget* parent);
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-};
+inline constexpr int kPosiNoDigits = 3;
 
 /// What the range dialogs have in common: two labelled boxes, OK and Cancel.
 struct RangeControls {
     QLabel* lblStartPosiMoji = nullptr;
     QLabel* lblEndPosiMoji = nullptr;
-    PosiNoBox* txtStartPosiNo = nullptr;
-    PosiNoBox* txtEndPosiNo = nullptr;
+    NumberField* txtStartPosiNo = nullptr;
+    NumberField* txtEndPosiNo = nullptr;
     QPushButton* cmdOk = nullptr;
     QPushButton* cmdCancel = nullptr;
 
