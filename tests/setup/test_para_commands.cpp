@@ -154,6 +154,12 @@ TEST_F(ParaCommands, AnActuatorBeyondTheLimitsIsNotTakenOver) {
         EXPECT_EQ(read(), 1);
         EXPECT_EQ(Everything(), before) << block;
     }
+    line.controller.setBlock(6,
+                             "0102019000003A982C00012C00000000"); // its lead is good, its model not
+    expectAsk(kUnmatched, BoxAnswer::Yes);
+    platform.expectBox(box::kNoAxis);
+    EXPECT_EQ(read(), 1);
+    EXPECT_EQ(Everything(), before) << "half a device is none";
 }
 
 // ---- writing ----
