@@ -6,8 +6,6 @@
 #include "parameter/factory_lists.h"
 #include "parameter/parameter_bench.h"
 #include "setup/controller_devices.h"
-#include "setup/device_bytes.h"
-#include "support/every_step.h"
 
 namespace qdw8::test {
 namespace {
@@ -136,27 +134,6 @@ TEST_F(ParaDevice, AnAxisThatCantBeCompletedGoesOutOfUse) {
     goes({});
 }
 
-TEST_F(ParaDevice, TheControllersActuatorsAreTakenOverOrLeft) {
-    ASSERT_EQ(TakeOverDevicesOfController(), 0);
-    EXPECT_EQ(DevSetting[2].DevSize, "J52");
-    EXPECT_EQ(DevSetting[3].DevPPR, 192);
-    EXPECT_EQ(CompareDeviceSettings(), 0);
-    const auto before = DevSetting;
-    for (const int step : {1, 4}) {
-        forgetFrames();
-        GoOnLine();
-        addFault("0RD:" + std::to_string(step) + "+:silence");
-        platform.expectBox(box::kTimeout);
-        EXPECT_EQ(TakeOverDevicesOfController(), 1);
-        EXPECT_EQ(DevSetting, before);
-    }
-    forgetFrames();
-    GoOnLine();
-    line.controller.setBlock(12, std::string(32, '0'));
-    EXPECT_EQ(TakeOverDevicesOfController(), 1) << "it was never set up";
-    EXPECT_EQ(DevSetting, before);
-}
-
 TEST_F(ParaDevice, TheChosenActuatorsBringTheirFactoryParameters) {
     KeepAxisFlag = kSet;
     Screens().frmDevice2 = [] {
@@ -178,20 +155,6 @@ TEST_F(ParaDevice, TheChosenActuatorsBringTheirFactoryParameters) {
     EXPECT_EQ(ParaSet.TYPE[1], 0);
     EXPECT_NE(ParaSet.FUNCTION[0], 0);
     EXPECT_EQ(ParaSet.FUNCTION[1], 0);
-}
-
-TEST_F(ParaDevice, ACancelledChoiceChangesNothing) {
-    const ParameterSet before = ParaSet;
-    Screens().frmDevice2 = [] { DeviceCancelled = kSet; };
-    EXPECT_EQ(SelectDeviceAndLoadFactory(), -1);
-    EXPECT_EQ(DeviceCancelled, kClear);
-    EXPECT_EQ(FactoryDeviceFlag, kClear);
-    EXPECT_EQ(ParaSet, before);
-
-    Screens().frmDevice2 = [] {}; // a choice that no list holds
-    platform.expectBox("Fail to open standard parameter file.");
-    EXPECT_EQ(SelectDeviceAndLoadFactory(), 1);
-    EXPECT_EQ(FactoryDeviceFlag, kClear);
 }
 
 } // namespace
