@@ -7,7 +7,7 @@
 #include "link/receiver.h"
 #include "platform/platform.h"
 #include "platform/qt/qt_platform.h"
-#include "platform_qt/pump_until.h"
+#include "platform_qt/verbs.h"
 
 #include <QSocketNotifier>
 #include <QTemporaryDir>
@@ -20,7 +20,7 @@
 #include <termios.h>
 #include <unistd.h>
 
-namespace qdw8 {
+namespace qdw8::test {
 namespace {
 
 constexpr std::int16_t kLimit = 150;
@@ -127,4 +127,4 @@ TEST_P(PtyTest, StrayLinesAndNoiseInFrontOfEachCommandAreNotItsReply) {
 INSTANTIATE_TEST_SUITE_P(PortKept, PtyTest, testing::Bool());
 
 } // namespace
-} // namespace qdw8
+} // namespace qdw8::test

@@ -1,8 +1,11 @@
+// Message boxes and dialogs, told in dialogs.txt, and where they stand.
+
 #include "platform/platform.h"
 #include "platform/qt/dialog_places.h"
 #include "platform/qt/qt_file_dialog.h"
 #include "platform/qt/qt_platform.h"
-#include "pump_until.h"
+#include "support/stories.h"
+#include "verbs.h"
 
 #include <QApplication>
 #include <QDir>
@@ -12,23 +15,36 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
 
-#include <gtest/gtest.h>
-
-#include <map>
-
-namespace qdw8 {
+namespace qdw8::test {
 namespace {
 
-/// A window is active, in a folder with the files "there.qdd" and "UP.QDD" and the folder "sub".
-class QtDialogs : public ::testing::Test {
-protected:
-    QtDialogs() {
+/// Calls `act` from the event loop as soon as a modal window of this name is on the screen.
+void WhenShown(const QString& name, const std::function<void(QDialog& dialog)>& act) {
+    auto* look = new QTimer(qApp);
+    QObject::connect(look, &QTimer::timeout, look, [look, name, act] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (dialog != nullptr && dialog->objectName() == name && dialog->isVisible()) {
+            look->deleteLater();
+            look->stop();
+            act(*dialog);
+        }
+    });
+    look->start(1);
+}
+
+void Click(const QWidget& box, const QString& button) {
+    QTest::mouseClick(box.findChild<QPushButton*>(button), Qt::LeftButton);
+}
+
+class DialogPlayer {
+public:
+    DialogPlayer() {
         InstallQtMessageBox();
         InstallQtCommonDialog();
         InstallQtDialogPlaces();
+        InstallQtPrinter();
         window->setGeometry(100, 80, 500, 400);
         window->show();
         EXPECT_TRUE(PumpUntil([&] { return window->isActiveWindow(); }));
@@ -38,37 +54,59 @@ protected:
             EXPECT_TRUE(QFile(folder.filePath(name)).open(QIODevice::WriteOnly));
         }
     }
-    ~QtDialogs() override {
+    ~DialogPlayer() {
+        SetPrinterOutputFile("");
         SetStandardTexts({});
         QDir::setCurrent(before);
         delete window;
     }
+    void play(const std::string& line) const { PlayVerb(verbs, line); }
 
-    /// Shows a box, does that to it, and gives the answer.
-    static BoxAnswer ask(const BoxQuestion& question,
-                         const std::function<void(QMessageBox& box)>& act) {
-        WhenShown("MessageBox", [&](QWidget& box) { act(dynamic_cast<QMessageBox&>(box)); });
-        return ThePlatform().ShowMessageBox(question);
-    }
-    static void click(QWidget& box, const QString& button) {
-        QTest::mouseClick(box.findChild<QPushButton*>(button), Qt::LeftButton);
-    }
+    QPointer<QWidget> window = new QWidget;
 
-    /// What the file dialog answers when the name is typed: the path below the folder, or "" if it
-    /// stayed. What Qt asks on the way is answered with No or Ok, and kept in `asked`.
-    std::string type(const QString& name) {
+private:
+    std::string box(const QString& text) {
+        const QStringList kinds{"Ok", "Ok Cancel", "Yes No", "Yes No Cancel"};
+        const QString act = text.section(" / ", 1);
+        bool stays = false;
+        WhenShown("MessageBox", [&](QDialog& dialog) {
+            const auto& its = dynamic_cast<QMessageBox&>(dialog);
+            EXPECT_EQ(its.text(), "<b>line\n\nline</b>");
+            EXPECT_EQ(its.textFormat(), Qt::PlainText);
+            EXPECT_EQ(its.icon(), QMessageBox::Question);
+            shown = its.windowTitle() + ", " + its.buttons().constFirst()->text();
+            act == "gone"     ? delete window
+            : act == "escape" ? QTest::keyClick(&dialog, Qt::Key_Escape)
+            : act == "close"  ? void(dialog.close())
+                              : Click(dialog, act);
+            stays = window && dialog.isVisible();
+            if (stays) {
+                Click(dialog, "No");
+            }
+        });
+        const auto buttons = static_cast<BoxButtons>(kinds.indexOf(text.section(" / ", 0, 0)));
+        const auto answer = static_cast<std::size_t>(ThePlatform().ShowMessageBox(
+            {"<b>line\r\n\r\nline</b>", buttons, title, BoxIcon::Question}));
+        const char* const names[] = {"Ok", "Cancel", "Yes", "No"};
+        return stays ? "stays" : names[answer];
+    }
+    std::string type(const std::string& name) {
         asked.clear();
-        WhenShown("CommonDialog1", [&](QWidget& dialog) {
-            dialog.findChild<QLineEdit*>("fileNameEdit")->setText(name);
+        WhenShown("CommonDialog1", [&](QDialog& dialog) {
+            auto* edit = dialog.findChild<QLineEdit*>("fileNameEdit");
+            shown = dialog.windowTitle() + ", " + edit->text() + ", " +
+                    QDir(folder.path())
+                        .relativeFilePath(dynamic_cast<QFileDialog&>(dialog).directory().path());
+            edit->setText(QString::fromStdString(name));
             QTimer look;
             QObject::connect(&look, &QTimer::timeout, &look, [this] {
                 if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-                    asked = box->text();
+                    asked = box->text().section('\n', 0, 0).section(' ', 0, 0);
                     box->buttons().constLast()->click();
                 }
             });
             look.start(1);
-            dynamic_cast<QDialog&>(dialog).accept();
+            dialog.accept();
             if (dialog.isVisible()) {
                 dialog.close();
             }
@@ -76,162 +114,82 @@ protected:
         const auto answer = ThePlatform().CommonDialog1.ShowFile(question);
         const QString path = QString::fromStdString(answer ? answer->path : "");
         EXPECT_EQ(QFileInfo(path).fileName().toStdString(), answer ? answer->title : "");
-        QDir::setCurrent(folder.path());
         return path.isEmpty() ? "" : QDir(folder.path()).relativeFilePath(path).toStdString();
     }
+    static std::string printer(const std::string& text) {
+        WhenShown("CommonDialog1", [accept = text.ends_with("accept")](QDialog& dialog) {
+            dialog.done(accept ? QDialog::Accepted : QDialog::Rejected);
+        });
+        const auto copies = ThePlatform().CommonDialog1.ShowPrinter({std::stoi(text), 1});
+        return copies ? std::to_string(*copies) : "-";
+    }
 
-    QPointer<QWidget> window = new QWidget;
     QTemporaryDir folder;
     QString before = QDir::currentPath();
+    std::string title;
     QString asked;
+    QString shown;
     FileQuestion question{
         FileQuestion::Kind::Save, "Save As...", "Data(*.qdd)|*.qdd", "qdd", "Posi.qdd", "",
         kOverwritePrompt};
+    const Verbs verbs{
+        {"box", [this](auto& text) { return box(QString::fromStdString(text)); }},
+        {"title", Does([this](auto& text) { title = text; })},
+        {"words", Does([](auto& yes) { SetStandardTexts({.yes = yes}); })},
+        {"type", [this](auto& name) { return type(name); }},
+        {"asked", [this](auto&) { return asked.toStdString(); }},
+        {"shown", [this](auto&) { return shown.toStdString(); }},
+        {"save", Does([this](auto& flags) { question.flags = std::stoi(flags); })},
+        {"open", Does([this](auto& flags) {
+             question.kind = FileQuestion::Kind::Open;
+             question.flags = std::stoi(flags);
+         })},
+        {"ext", Does([this](auto& text) { question.defaultExt = text; })},
+        {"filters", [](auto& text) { return NameFilters(text).join(';').toStdString(); }},
+        {"printer", [](auto& text) { return printer(text); }},
+        {"paper", Does([this](auto&) {
+             SetPrinterOutputFile(folder.filePath("paper.pdf").toStdString());
+         })}};
 };
 
-TEST_F(QtDialogs, EveryButtonAnswersForItselfAndClosingForTheMildest) {
-    const std::map<QString, BoxAnswer> answers = {{"Ok", BoxAnswer::Ok},
-                                                  {"Cancel", BoxAnswer::Cancel},
-                                                  {"Yes", BoxAnswer::Yes},
-                                                  {"No", BoxAnswer::No}};
-    const std::pair<BoxButtons, QString> rows[] = {{BoxButtons::Ok, "Ok"},
-                                                   {BoxButtons::OkCancel, "Ok Cancel"},
-                                                   {BoxButtons::YesNo, "Yes No"},
-                                                   {BoxButtons::YesNoCancel, "Yes No Cancel"}};
-    for (const auto& [buttons, names] : rows) {
-        const BoxQuestion box{"text", buttons, "", {}};
-        for (const QString& name : names.split(' ')) {
-            EXPECT_EQ(ask(box, [&](QWidget& shown) { click(shown, name); }), answers.at(name));
-        }
-        for (const bool byKey : {false, true}) {
-            const BoxAnswer closed = ask(box, [&](QWidget& shown) {
-                byKey ? QTest::keyClick(&shown, Qt::Key_Escape) : void(shown.close());
-                EXPECT_EQ(shown.isVisible(), box.buttons == BoxButtons::YesNo);
-                if (shown.isVisible()) {
-                    click(shown, "No");
-                }
-            });
-            EXPECT_EQ(closed, answers.at(names.section(' ', -1)));
-        }
-    }
-    EXPECT_EQ(ask({"text", BoxButtons::OkCancel, "", {}}, [&](QWidget&) { delete window; }),
-              BoxAnswer::Cancel)
-        << "a window that goes takes its box along";
+TEST(QtDialogs, ComeOutAsTold) {
+    EXPECT_EQ(PlayStories<DialogPlayer>("platform_qt/dialogs.txt"), 6);
 }
 
-TEST_F(QtDialogs, ABoxShowsTextTitleIconAndWordsAsGiven) {
-    StandardTexts texts;
-    texts.yes = "はい(&Y)";
-    SetStandardTexts(texts);
-    for (const char* title : {"", "Select"}) {
-        ask({"<b>line\r\n\r\nline</b>", BoxButtons::YesNo, title, BoxIcon::Question},
-            [&](QMessageBox& box) {
-                EXPECT_EQ(box.text(), "<b>line\n\nline</b>");
-                EXPECT_EQ(box.textFormat(), Qt::PlainText);
-                EXPECT_EQ(box.windowTitle().toStdString(), *title == 0 ? "QD-W8" : title);
-                EXPECT_EQ(box.icon(), QMessageBox::Question);
-                EXPECT_EQ(box.parentWidget(), window);
-                EXPECT_EQ(box.findChild<QPushButton*>("Yes")->text().toStdString(), "はい(&Y)");
-                click(box, "No");
-            });
-    }
-}
-
-TEST_F(QtDialogs, ABoxStandsOverItsWindowAndGoesAlongUntilTheUserMovesIt) {
-    const QRect screen = window->screen()->availableGeometry();
+TEST(QtDialogs, ABoxStandsOverItsWindowAndGoesAlongUntilTheUserMovesIt) {
+    const DialogPlayer player;
+    QWidget& window = *player.window;
+    const QRect screen = window.screen()->availableGeometry();
     const auto isCentred = [&](const QWidget& box) {
-        return (box.frameGeometry().center() - window->frameGeometry().center()).manhattanLength() <
+        return (box.frameGeometry().center() - window.frameGeometry().center()).manhattanLength() <
                4;
     };
-    ask({"text", BoxButtons::Ok, "", {}}, [&](QMessageBox& box) {
+    WhenShown("MessageBox", [&](QDialog& box) {
         EXPECT_TRUE(isCentred(box));
-        window->move(200, 150);
+        window.move(200, 150);
         EXPECT_TRUE(PumpUntil([&] { return isCentred(box); }));
         box.move(3, 3);
-        window->move(-450, -350);
+        window.move(-450, -350);
         QCoreApplication::processEvents();
         EXPECT_EQ(box.pos(), QPoint(3, 3));
-        click(box, "Ok");
+        Click(box, "Ok");
     });
-    QDialog dialog(window);
-    for (const QSize size : {QSize(200, 100), screen.size() * 2}) {
+    ThePlatform().ShowMessageBox({"text", BoxButtons::Ok, "", {}});
+    QDialog dialog(&window);
+    for (const QSize size : {QSize(200, 100), screen.size() * 2, QSize(200, 100)}) {
         dialog.resize(size);
         dialog.show();
         EXPECT_TRUE(screen.contains(dialog.frameGeometry()));
         dialog.hide();
-        window->move(100, 80);
+        window.move(100, 80);
     }
-    dialog.resize(200, 100);
     dialog.show();
-    EXPECT_TRUE(isCentred(dialog)) << "the second time as the first";
-    QDialog placed(window);
+    EXPECT_TRUE(isCentred(dialog)) << "as at the first time";
+    QDialog placed(&window);
     placed.move(5, 6);
     placed.show();
     EXPECT_EQ(placed.pos(), QPoint(5, 6));
 }
 
-TEST_F(QtDialogs, ANameToSaveUnderGetsTheExtensionAndTheQuestionIsAboutThatName) {
-    const char* const rows[][3] = {{"表 1", "表 1.qdd", ""},
-                                   {"2024.11.21", "2024.11.21.qdd", ""},
-                                   {"sub/a.QDD", "sub/a.QDD", ""},
-                                   {"there", "", "there.qdd"},
-                                   {"UP.QDD", "", "UP.QDD"},
-                                   {" ", "", ""},
-                                   {".qdd", "", ""},
-                                   {"sub/.QDD", "", ""},
-                                   {"sub", "", ""}};
-    for (const auto& [typed, answer, box] : rows) {
-        EXPECT_EQ(type(typed), answer) << typed;
-        EXPECT_EQ(asked.section('\n', 0, 0).section(' ', 0, 0).toStdString(), box) << typed;
-    }
-    question.flags = 0;
-    EXPECT_EQ(type("there"), "there.qdd");
-    question.defaultExt.clear();
-    EXPECT_EQ(type("plain"), "plain");
-}
-
-TEST_F(QtDialogs, AMissingFileToOpenIsRefusedOnlyWhenToldTo) {
-    question.kind = FileQuestion::Kind::Open;
-    question.flags = 0;
-    EXPECT_EQ(type("missing"), "missing.qdd");
-    question.flags = kFileMustExist;
-    EXPECT_EQ(type("missing"), "");
-    EXPECT_NE(asked, "");
-    EXPECT_EQ(type("there"), "there.qdd");
-    EXPECT_EQ(type("UP.QDD"), "UP.QDD");
-}
-
-TEST_F(QtDialogs, TheFileDialogShowsProposalAndKindsAndStartsWhereTheLastOneEnded) {
-    EXPECT_EQ(NameFilters("位置(*.qdd)|*.qdd|All Files(*.*)|*.*"),
-              (QStringList{"位置(*.qdd)", "All Files(*)"}));
-    EXPECT_EQ(NameFilters("Lists|*.lst;*.txt|No pattern"), QStringList("Lists (*.lst *.txt)"));
-    for (const char* start : {"", "sub"}) {
-        WhenShown("CommonDialog1", [&](QWidget& widget) {
-            auto& dialog = dynamic_cast<QFileDialog&>(widget);
-            EXPECT_EQ(dialog.windowTitle(), "Save As...");
-            EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "Posi.qdd");
-            EXPECT_EQ(dialog.directory(), QDir(folder.filePath(start)));
-            dialog.setDirectory(folder.filePath("sub"));
-            dynamic_cast<QDialog&>(dialog).accept();
-        });
-        EXPECT_TRUE(ThePlatform().CommonDialog1.ShowFile(question).has_value());
-    }
-}
-
-TEST_F(QtDialogs, ThePrinterDialogsComeUpWithOrWithoutAPrinter) {
-    const auto show = [](int flags, bool accept) {
-        WhenShown("CommonDialog1", [accept](QWidget& dialog) {
-            dynamic_cast<QDialog&>(dialog).done(accept ? QDialog::Accepted : QDialog::Rejected);
-        });
-        return ThePlatform().CommonDialog1.ShowPrinter({flags, 1});
-    };
-    EXPECT_FALSE(show(0, false).has_value());
-    EXPECT_FALSE(show(64, false).has_value());
-    InstallQtPrinter();
-    SetPrinterOutputFile(folder.filePath("paper.pdf").toStdString());
-    EXPECT_EQ(show(0, true), 1);
-    SetPrinterOutputFile("");
-}
-
 } // namespace
-} // namespace qdw8
+} // namespace qdw8::test
