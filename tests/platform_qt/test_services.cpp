@@ -49,7 +49,8 @@ TEST_F(QtTimers, ThePumpSleepsBetweenTheTicksAndServesOneThatWaits) {
         PumpEvents();
     }
     EXPECT_LE(turns, 60) << "a turn for each tick, and a few that Qt needs";
-    timer.routine = [&, depth = 0]() mutable {
+    int depth = 0;
+    timer.routine = [&] {
         calls = ++depth;
         EXPECT_TRUE(PumpUntil([&] { return calls == 2; }));
     };
