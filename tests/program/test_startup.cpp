@@ -81,12 +81,12 @@ struct StartBench : LineBench {
         EXPECT_EQ(DevSetting[1].DevLead, 2);
         expectUsable();
     }
-    /// A command on line during which the user closes the window, 100 ms after its begin.
-    void closeDuring(Command command, const std::function<void()>& questions) {
+    /// A command on line during which the user closes the window, so long after its begin.
+    void closeDuring(Command command, std::int64_t ms, const std::function<void()>& questions) {
         line.controller.setTurnaround(40);
         platform.sent.clear();
         questions();
-        platform.after(100, [this] {
+        platform.after(ms, [this] {
             platform.expectBox(kFinish, BoxButtons::OkCancel, BoxAnswer::Ok);
             EXPECT_FALSE(frmMain_QueryUnload()) << "the command comes first";
             EXPECT_FALSE(platform.ended);
@@ -284,7 +284,7 @@ TEST_F(StartUp, TheEndAsksAndStoresPortAndLanguage) {
 
 TEST_F(StartUp, ACloseDuringATransferEndsItAtTheNextRow) {
     startOnLine();
-    closeDuring(Command::cmdPosiRead, [this] {
+    closeDuring(Command::cmdPosiRead, 100, [this] {
         platform.expectScreen("frmSelectPosiNo2", [] {
             PosiFirst = 1;
             PosiLast = 999;
@@ -294,6 +294,23 @@ TEST_F(StartUp, ACloseDuringATransferEndsItAtTheNextRow) {
     });
     EXPECT_TRUE(platform.ended);
     EXPECT_LT(platform.sent.size(), 20U);
+}
+
+TEST_F(StartUp, ACloseDuringAWriteTakesTheControllerOutOfTheWritingMode) {
+    startOnLine();
+    GridFirst = PosiFirst = 1;
+    GridLast = PosiLast = GridRowCount = 99;
+    ClearPosiTable();
+    QdDataHyoji_3();
+    closeDuring(Command::cmdPosiLoad, 1500, [this] {
+        platform.expectScreen("frmSelectPosiNo3");
+        platform.expectBox("Data is transmitted to controller,Yes?", BoxButtons::OkCancel,
+                           BoxAnswer::Ok);
+    });
+    EXPECT_TRUE(platform.ended);
+    EXPECT_EQ(platform.sent.back(), "0CM00");
+    EXPECT_TRUE(platform.sent.rbegin()[1].starts_with("0WP")) << platform.sent.rbegin()[1];
+    EXPECT_LT(platform.sent.size(), 99U);
 }
 
 } // namespace
