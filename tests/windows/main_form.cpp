@@ -112,7 +112,6 @@ void MainForm::clickNumber(int row) {
     const int section = row - kGridHeadRows;
     const int y = numbers.sectionViewportPosition(section) + numbers.sectionSize(section) / 2;
     QTest::mouseClick(numbers.viewport(), Qt::LeftButton, {}, QPoint(5, y));
-    QApplication::processEvents();
 }
 
 bool MainForm::editing() const {

@@ -65,10 +65,14 @@ protected:
                  click(n[0], n[1]);
                  QApplication::processEvents();
              }},
-            {"now", [&] { click(n[0], n[1]); }},
+            {"now", [&] { n[1] == 0 ? clickNumber(n[0]) : click(n[0], n[1]); }},
             {"double", [&] { doubleClick(n[0], n[1]); }},
             {"drag", [&] { drag(n[0], n[1], n[2], n[3]); }},
-            {"number", [&] { clickNumber(n[0]); }},
+            {"number",
+             [&] {
+                 clickNumber(n[0]);
+                 QApplication::processEvents();
+             }},
             {"keys", [&] { keys(rest); }},
             {"press", [&] { press(name); }},
             {"scroll", [&] { grid->verticalScrollBar()->setValue(n[0]); }},

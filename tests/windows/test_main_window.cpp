@@ -39,6 +39,7 @@ TEST_F(MainWindow, ShowsTheCommandStates) {
     expectStates(" with a selection");
     EXPECT_TRUE(isOn("LineCopy"));
     const CommandsAway away;
+    { const CommandsAway inner; }
     expectStates(" in a batch");
     EXPECT_FALSE(isOn("mnuFileNew"));
     // A click that comes before the window has looked at the states again.
@@ -177,6 +178,21 @@ TEST_F(MainWindow, ColoursHaveDarkTextAndAHeadIsNotCutOff) {
         width += grid->columnWidth(column);
     }
     EXPECT_GE(width, grid->fontMetrics().horizontalAdvance(head));
+}
+
+TEST_F(MainWindow, ACellThatChangedInAnyWayIsRepaintedAndNoOther) {
+    show(1, 3);
+    QStringList told;
+    QObject::connect(
+        grid->model(), &QAbstractItemModel::dataChanged, [&told](auto& from, auto& to) {
+            EXPECT_EQ(from, to);
+            told << QStringLiteral("%1 %2").arg(from.row() + kGridHeadRows).arg(from.column() + 1);
+        });
+    SetGridText(2, 1, "31");
+    SetGridColour(3, 2, CellColour::OffAxis);
+    SetGridBad(4, 20, true);
+    SetGridText(3, 1, GridText(3, 1));
+    EXPECT_EQ(told.join(QLatin1Char(',')), "2 1,3 2,4 20");
 }
 
 TEST_F(MainWindow, AFrozenGridIsNotShown) {
