@@ -188,11 +188,14 @@ TEST_F(MainWindow, ACellThatChangedInAnyWayIsRepaintedAndNoOther) {
             EXPECT_EQ(from, to);
             told << QStringLiteral("%1 %2").arg(from.row() + kGridHeadRows).arg(from.column() + 1);
         });
+    QObject::connect(grid->model(), &QAbstractItemModel::headerDataChanged,
+                     [&told] { told << QStringLiteral("numbers"); });
+    SetGridText(2, 0, "7");
     SetGridText(2, 1, "31");
     SetGridColour(3, 2, CellColour::OffAxis);
     SetGridBad(4, 20, true);
     SetGridText(3, 1, GridText(3, 1));
-    EXPECT_EQ(told.join(QLatin1Char(',')), "2 1,3 2,4 20");
+    EXPECT_EQ(told.join(QLatin1Char(',')), "numbers,2 1,3 2,4 20");
 }
 
 TEST_F(MainWindow, AFrozenGridIsNotShown) {
