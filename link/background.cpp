@@ -2,8 +2,8 @@
 
 #include "link/line_state.h"
 #include "link/receiver.h"
-#include "platform/timer.h"
 
+#include <exception>
 #include <utility>
 
 namespace qdw8 {
@@ -17,33 +17,24 @@ struct BackgroundState {
 };
 BackgroundState state;
 
-/// Starts the command that was kept. Out of a timer of its own: the tick's timer must run on while
-/// the command does.
-Timer timerKept{"timerKept", 1, false, {}};
-
 /// A tick talks for the life of the object.
 class Talking {
 public:
     Talking() { state.talks = true; }
-    ~Talking() {
-        state.talks = false;
-        if (state.kept) {
-            EnableTimer(timerKept);
-        }
-    }
+    ~Talking() { state.talks = false; }
     Talking(const Talking&) = delete;
     Talking& operator=(const Talking&) = delete;
 };
 
 bool LineIsTaken() {
-    return state.talks || state.kept || state.holders > 0 || IsSet(CtBusyFlag) ||
-           IsSet(OffLineFlag);
+    return state.talks || state.holders > 0 || IsSet(CtBusyFlag) || IsSet(OffLineFlag);
 }
 
 void RunKept() {
-    DisableTimer(timerKept);
     const std::function<void()> command = std::exchange(state.kept, {});
-    command();
+    if (command) {
+        command();
+    }
 }
 
 } // namespace
@@ -52,20 +43,23 @@ bool RunInBackground(const std::function<void()>& talk) {
     if (LineIsTaken()) {
         return false;
     }
-    const Talking talking;
-    PutReceiverAtRest();
-    talk();
+    try {
+        const Talking talking;
+        PutReceiverAtRest();
+        talk();
+    } catch (const std::exception&) {
+        RunKept();
+        throw;
+    }
+    RunKept();
     return true;
 }
 
 void WhenLineIsFree(const std::function<void()>& command) {
-    if (state.kept) {
-        return;
-    }
-    if (state.talks) {
-        state.kept = command;
-    } else {
+    if (!state.talks) {
         command();
+    } else if (!state.kept) {
+        state.kept = command;
     }
 }
 
@@ -82,8 +76,6 @@ PollHeld::~PollHeld() {
 
 void ResetBackground() {
     state = {};
-    DisableTimer(timerKept);
-    timerKept = {"timerKept", 1, false, RunKept};
 }
 
 } // namespace qdw8

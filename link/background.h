@@ -8,9 +8,9 @@
 /// command is kept until then.
 namespace qdw8 {
 
-/// The exchanges of a tick: runs `talk` now. A command that was kept meanwhile starts right behind
-/// it, out of the event pump. False, and nothing happened: the line is busy, off line, held, or
-/// another tick talks; the tick comes again. What `talk` throws goes on to the caller.
+/// The exchanges of a tick: runs `talk` now, and then the command that was kept meanwhile, if any.
+/// False, and nothing happened: the line is busy, off line, held, or another tick talks; the tick
+/// comes again. What `talk` throws goes on to the caller after the kept command.
 bool RunInBackground(const std::function<void()>& talk);
 
 /// Runs a command of the user: at once, or when the background exchange out of whose wait it was
