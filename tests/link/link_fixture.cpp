@@ -2,6 +2,7 @@
 
 #include "app/main_panel.h"
 #include "app/number_forms.h"
+#include "app/transfer_dialog.h"
 #include "link/alarm.h"
 #include "link/line_state.h"
 #include "link/port.h"
@@ -36,7 +37,10 @@ std::string WordOf(const std::string& event) {
     if (found != words.end()) {
         return found->second;
     }
-    return event.starts_with("send ") ? "send" : event.starts_with("box") ? event : "";
+    return event.starts_with("send ")  ? "send"
+           : event.starts_with("bar ") ? event.substr(4)
+           : event.starts_with("box")  ? event
+                                       : "";
 }
 
 } // namespace
@@ -56,6 +60,7 @@ LinkBench::LinkBench() {
     ErrorList[0].code = "2";
     ErrorList[1] = {"13", "Homing not completed"};
     ErrorList[2] = {"24", "Home sensor not detected"};
+    ErrorList[3] = {"1a", "small letter"};
     GoOnLine();
     SetOnlineState();
     ClearAlarmDisplay();
@@ -64,6 +69,13 @@ LinkBench::LinkBench() {
             platform.events.emplace_back("off");
         }
         lit = ThePanel().imgGreenLedOnline;
+    };
+    Screens().frmTrance = [this] {
+        const TransferDialog& now = TheTransferDialog();
+        platform.events.push_back("bar " + (!now.shown ? "gone"
+                                                       : std::to_string(now.prgBar1) + "/" +
+                                                             std::to_string(now.prgBar1Max) +
+                                                             (now.cancelShown ? "c" : "")));
     };
 }
 

@@ -4,15 +4,15 @@
 
 #include "app/main_panel.h"
 #include "app/number_forms.h"
-#include "app/transfer_dialog.h"
+#include "app/waits.h"
 #include "link/alarm.h"
 #include "link/line_state.h"
 #include "link/link_fixture.h"
 #include "link/port.h"
 #include "link/receiver.h"
+#include "platform/fault.h"
 
 #include <fstream>
-#include <sstream>
 
 namespace qdw8::test {
 namespace {
@@ -89,36 +89,41 @@ TEST_F(ExchangeTest, FaultHasATextOfItsOwnInJapanese) {
     EXPECT_NE(platform.boxes[0], platform.boxes[1]);
 }
 
-// The way out of the recovery is offered from one time limit on, by the transfer dialog where it is
-// up.
-TEST_F(ExchangeTest, RecoveryIsGivenUpFromOneLimitOn) {
-    for (const auto& [limit, dialog, offered] :
-         {std::tuple{500, true, 510}, {500, false, 510}, {0, false, 1010}}) {
-        GoOnLine();
-        ReplyTimeoutMs = static_cast<std::int16_t>(limit);
-        platform.answer("0ZZ1");
-        std::int64_t offeredAt = 0;
-        const std::int64_t begin = platform.now;
-        Screens().frmTrance = Screens().frmGiveUp = [&, inDialog = dialog] {
-            const std::string text = "The controller does not answer. Do you stop waiting?";
-            if (inDialog ? TheTransferDialog().cancelShown : TheGiveUpOffer().shown) {
-                offeredAt = platform.now - begin;
-                EXPECT_EQ(inDialog ? TheTransferDialog().lblSetumei : TheGiveUpOffer().text, text);
-                platform.after(5000, inDialog ? cmdTranceCancel_Click : cmdGiveUp_Click);
-            }
-        };
-        if (dialog) {
-            ShowTrance(1, "a");
-        }
-        EXPECT_EQ(SendCtCommandOnce("0RH", 6), 1);
-        EXPECT_EQ(offeredAt, offered);
-        EXPECT_EQ(platform.now - begin, offered + 5000);
-        EXPECT_EQ(GrpMoveStopFlag, kClear);
-        EXPECT_FALSE(TheGiveUpOffer().shown || TheTransferDialog().cancelShown);
-        EXPECT_EQ(TheTransferDialog().lblSetumei, "a");
-        UnloadTrance();
-    }
-    EXPECT_TRUE(platform.boxes.empty());
+TEST_F(ExchangeTest, LineSettingsAreWrittenBehindTheOpen) {
+    SerialControl& port = MSComm1();
+    port.SetCDTimeout = [this](int ms) { platform.events.push_back("CD " + std::to_string(ms)); };
+    port.SetHandshaking = [this](int kind) {
+        platform.events.push_back("handshaking " + std::to_string(kind));
+    };
+    PortNo = 9;
+    EXPECT_EQ(OpenCtPort(), 0);
+    EXPECT_EQ(OpenCtPort(), 0) << "an open port is left as it is";
+    EXPECT_EQ(platform.events, (std::vector<std::string>{"open 9", "settings 9600,N,8,1", "CD 3000",
+                                                         "handshaking 0"}));
+    CloseCtPortForce();
+    port.SetHandshaking = [](int) { throw Fault("refused"); };
+    EXPECT_EQ(OpenCtPort(), 1);
+}
+
+TEST(Waits, NestedWaitsTakeTheirOwnTimeAndSixTriesAreSix) {
+    Bench bench;
+    ScriptedPlatform& platform = bench.platform;
+    std::int64_t innerEnd = 0;
+    platform.after(30, [&] {
+        MsecTimer(40);
+        innerEnd = platform.now;
+    });
+    MsecTimer(100);
+    EXPECT_EQ(innerEnd, 70);
+    EXPECT_EQ(platform.now, 100);
+    platform.after(10, [] { MsecTimer(500); });
+    MsecTimer(100);
+    EXPECT_EQ(platform.now, 610) << "it can only return behind the inner one";
+    int tries = 0;
+    EXPECT_FALSE(SixTries([&tries] { return ++tries > 6; }));
+    EXPECT_TRUE(SixTries([&tries] { return ++tries > 8; }));
+    EXPECT_EQ(tries, 9);
+    EXPECT_EQ(platform.now, 610 + 5 * 100 + 2 * 100);
 }
 
 } // namespace
