@@ -1,9 +1,20 @@
+// The rows of dialogs.txt, and what takes more than a row.
+
 #include "app/string_table.h"
 #include "app/transfer_dialog.h"
 #include "main_form.h"
+#include "parameter/factory_lists.h"
+#include "parameter/para_device.h"
+#include "platform/whole_file.h"
 #include "position/check_result.h"
 #include "position/posi_reader.h"
 #include "position/posi_verify.h"
+#include "setup/detail_edit.h"
+#include "support/boxes.h"
+#include "support/simulated_line.h"
+#include "windows/device/device_panels.h"
+#include "windows/device/frmDevice2.h"
+#include "windows/device/frmDevice3.h"
 #include "windows/dialogs/frmDataShogo.h"
 #include "windows/dialogs/frmGiveUp.h"
 #include "windows/dialogs/frmProcessing.h"
@@ -15,105 +26,187 @@
 #include "windows/dialogs/frmTrance.h"
 
 #include <QApplication>
-#include <QClipboard>
+#include <QComboBox>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QRadioButton>
-#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
+#include <functional>
+#include <sstream>
 
 namespace qdw8::test {
 namespace {
 
-/// What a user does to a dialog, in the order told: "cmdOk" is clicked, "Esc" and other keys are
-/// pressed, "close" is the title bar, "txtEndPosiNo=30" is put into a box.
-void Do(QWidget& dialog, const QString& steps) {
-    for (const QString& step : steps.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
-        const QStringList sides = step.split(QLatin1Char('='));
-        if (sides.size() == 2) {
-            Get<QLineEdit>(dialog, sides[0]).setText(sides[1]);
-        } else if (step == QLatin1String("close")) {
-            dialog.close();
-        } else if (auto* button = dialog.findChild<QAbstractButton*>(step)) {
-            button->click();
-        } else {
-            QTest::keyClick(&dialog, QKeySequence(step)[0].key());
+QString Looked(const QWidget& at) {
+    QString seen;
+    if (const auto* list = qobject_cast<const QComboBox*>(&at)) {
+        seen = list->currentText();
+        for (int row = 0; row < list->count(); ++row) {
+            seen += (row == 0 ? " of " : " ") + list->itemText(row);
         }
+    } else if (const auto* edit = qobject_cast<const QLineEdit*>(&at)) {
+        seen = edit->hasSelectedText() ? '[' + edit->selectedText() + ']' : edit->text();
+        const QPalette window = edit->window()->palette();
+        const bool grey = edit->palette().color(QPalette::Base) == window.color(QPalette::Window);
+        return seen + (edit->isEnabled() ? "" : " off") + (grey ? " grey" : "");
+    } else {
+        seen = at.property("text").toString();
     }
+    return seen + (at.property("checked").toBool() ? " x" : "") + (at.isEnabled() ? "" : " off") +
+           (at.isVisible() ? "" : " hidden");
 }
 
 class Dialogs : public MainForm {
 protected:
     Dialogs() {
-        modalIsUp.setSingleShot(true);
-        QObject::connect(&modalIsUp, &QTimer::timeout, [this] {
-            QWidget* dialog = QApplication::activeModalWidget();
-            ASSERT_NE(dialog, nullptr);
-            Do(*dialog, steps);
-            stayed = dialog->isVisible();
-            Do(*dialog, after);
-        });
+        ThePlatform().programFolder = QDW8_DATA_DIR;
+        ThePlatform().ShowMessageBox = [this](const BoxQuestion& asked) {
+            told << QString::fromStdString(asked.text).replace("\r\n", " ");
+            const bool no = std::exchange(answerNo, false);
+            return asked.buttons == BoxButtons::OkCancel ? no ? BoxAnswer::Cancel : BoxAnswer::Ok
+                   : no                                  ? BoxAnswer::No
+                                                         : BoxAnswer::Yes;
+        };
+        FirstDeviceSetFlag = kSet;
+        AxisOff = {kClear, kClear, kSet, kSet};
+        DevSetting[0] = {" 44", "L", 100, kClear, kClear, kSet, kSet, 2, 400, 20000, 100};
+        DevSetting[1] = {"J52", "L", 50, kSet, kClear, kSet, kSet, 2, 400, 10000, 50};
+        DevSettei = DevSetting;
         GridFirst = PosiFirst = 1;
         GridLast = PosiLast = 10;
         FileFirst = 5;
         FileLast = 20;
         CompareFileRange();
     }
-    /// The user does the steps once the next modal dialog is up, and, after a look whether it is
-    /// still there, what comes then.
-    void user(const QString& first, const QString& then = {}) {
-        steps = first;
-        after = then;
-        modalIsUp.start();
+
+    void step(QWidget& dialog, const QString& what) {
+        const auto focus = [&dialog] {
+            return dialog.focusWidget() != nullptr ? dialog.focusWidget() : &dialog;
+        };
+        const auto key = [](QWidget& at, const QString& name) {
+            const QKeyCombination pressed = QKeySequence(name)[0];
+            QTest::keyClick(&at, pressed.key(), pressed.keyboardModifiers());
+        };
+        const auto put = [](QWidget& at, const QString& text) {
+            auto* list = qobject_cast<QComboBox*>(&at);
+            auto* edit = list != nullptr ? list->lineEdit() : qobject_cast<QLineEdit*>(&at);
+            edit->setFocus();
+            edit->selectAll();
+            QTest::keyClicks(edit, text);
+        };
+        const qsizetype arrow = what.indexOf(" -> ");
+        if (what == "close") {
+            dialog.close();
+        } else if (what == "no") {
+            answerNo = true;
+        } else if (what == "focus") {
+            told << focus()->objectName();
+        } else if (what == "walk") {
+            QWidget* const first = focus();
+            QStringList walked;
+            do {
+                walked << focus()->objectName();
+                key(*focus(), "Tab");
+            } while (focus() != first && walked.size() < 40);
+            told << walked.join(' ');
+        } else if (what.startsWith('\'')) {
+            for (const QChar typed : what.mid(1)) {
+                QTest::sendKeyEvent(QTest::Click, focus(), Qt::Key_unknown, QString(typed), {});
+            }
+        } else if (what.startsWith("paste ")) {
+            copyOutside(what.mid(6).toStdString());
+            key(*focus(), "Ctrl+V");
+        } else if (what.startsWith('<')) {
+            key(*focus(), what.mid(1, what.size() - 2));
+        } else if (what.startsWith('?')) {
+            told << Looked(Get<QWidget>(dialog, what.mid(1)));
+        } else if (arrow > 0) {
+            auto& list = Get<QComboBox>(dialog, what.left(arrow));
+            const int row = list.findText(what.mid(arrow + 4));
+            ASSERT_GE(row, 0);
+            list.setFocus();
+            while (list.currentIndex() != row) {
+                key(list, list.currentIndex() < row ? "Down" : "Up");
+            }
+        } else if (what.contains('=')) {
+            put(Get<QWidget>(dialog, what.section('=', 0, 0)), what.section('=', 1));
+        } else {
+            Get<QAbstractButton>(dialog, what).click();
+        }
+    }
+    void steps(QWidget& dialog, const QString& all) {
+        for (const QString& what : all.split(" ; ")) {
+            step(dialog, what);
+        }
+    }
+    /// What a user does once the next modal dialog is up.
+    void user(const QString& all) {
+        QTimer::singleShot(0, window.get(), [this, all] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            ASSERT_NE(dialog, nullptr);
+            dialog->activateWindow();
+            ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == dialog; }));
+            const QSize whole = dialog->size();
+            steps(*dialog, all);
+            EXPECT_EQ(dialog->size(), whole) << "nothing jumps";
+            if (dialog->isVisible()) {
+                told << "stays";
+                dialog->close();
+            }
+        });
+    }
+    QString device(std::size_t axis) const {
+        return QString::fromStdString(FamilyText[axis] + DevSettei[axis].DevSize + ' ') +
+               QString::number(DevSettei[axis].DevStroke);
+    }
+    /// Opens the dialog and tells what it has handed back.
+    QString opened(const QString& name) {
+        QWidget* parent = window.get();
+        if (name.startsWith("frmSelection")) {
+            return QString::number(AskSelection(
+                parent,
+                {"Select", "?", {"a", "b", "c"}, name.endsWith("answered"), {"one | two"}}));
+        }
+        if (name == "frmDataShogo") {
+            return QString::number(AskDataShogo(parent));
+        }
+        if (name.startsWith("frmDevice2")) {
+            StartDeviceSelectFlag = FlagOf(name.endsWith("start"));
+            ShowDevice2(parent);
+            return device(0) + ", " + device(1) + (IsSet(DeviceCancelled) ? ", cancelled" : "");
+        }
+        name.endsWith('2')   ? ShowSelectPosiNo2(parent)
+        : name.endsWith('3') ? ShowSelectPosiNo3(parent)
+                             : ShowSelectPosiNo4(parent, name.endsWith('4'));
+        return QString("%1 %2").arg(PosiFirst).arg(PosiLast) +
+               (IsSet(RangeCancelFlag) ? ", cancelled" : "");
     }
 
-    QTimer modalIsUp;
-    QString steps;
-    QString after;
-    bool stayed = false;
+    QStringList told;
+    bool answerNo = false;
 };
 
-const std::vector<const char*> kLeave{"cmdCancel", "Esc", "close"};
+class DialogRows : public Dialogs, public testing::WithParamInterface<std::string> {};
 
-TEST_F(Dialogs, SelectionGivesTheChoice) {
-    const SelectionQuestion question{"Select", "?", {"a", "b", "c"}, false};
-    const std::vector<std::pair<const char*, int>> ways{{"Return", 0},
-                                                        {"optSelectKomoku(1) cmdSelectOk", 1},
-                                                        {"optSelectKomoku(2) cmdSelectOk", 2},
-                                                        {"cmdSelectCancel", -1},
-                                                        {"Esc", -1},
-                                                        {"close", -1}};
-    for (const auto& [way, result] : ways) {
-        user(way);
-        EXPECT_EQ(AskSelection(window.get(), question), result) << way;
+TEST_P(DialogRows, GoAsTold) {
+    const QStringList sides = QString::fromStdString(GetParam()).split(" | ");
+    user(sides[1]);
+    const QString result = opened(sides[0]);
+    told << "= " + result + (IsSet(ProgramEndFlag) ? ", end of the program" : "");
+    EXPECT_EQ(told.join(" ; ").toStdString(), sides[2].toStdString());
+}
+
+std::vector<std::string> Rows() {
+    std::vector<std::string> rows;
+    std::istringstream file(ReadWholeFile(QDW8_SOURCE_DIR "/tests/windows/dialogs.txt"));
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with("frm")) {
+            rows.push_back(line);
+        }
     }
+    return rows;
 }
-
-TEST_F(Dialogs, AQuestionThatMustBeAnsweredEndsTheProgramOrStays) {
-    const SelectionQuestion question{"Select", "?", {"a", "b"}, true, {"AXIS 1: one | two"}};
-    platform.expectBox("Finish QD-W8.", BoxButtons::OkCancel, BoxAnswer::Cancel);
-    user("close", "Return");
-    EXPECT_EQ(AskSelection(window.get(), question), 0);
-    EXPECT_TRUE(stayed);
-    EXPECT_EQ(ProgramEndFlag, kClear);
-    platform.expectBox("Finish QD-W8.", BoxButtons::OkCancel, BoxAnswer::Ok);
-    user("close");
-    EXPECT_EQ(AskSelection(window.get(), question), kSelectionCancelled);
-    EXPECT_EQ(ProgramEndFlag, kSet);
-}
-
-TEST_F(Dialogs, LongChoicesAreBrokenAndLoseNothing) {
-    for (const std::int16_t base : {std::int16_t{10000}, std::int16_t{0}}) {
-        speak(base);
-        frmSelection dialog({"", ResText(44), {ResText(45), ResText(46), ResText(47)}, false});
-        dialog.show();
-        EXPECT_LT(dialog.width(), 800);
-        const QString joint = base == 0 ? QString() : QStringLiteral(" ");
-        const auto& option = Get<QRadioButton>(dialog, "optSelectKomoku(1)");
-        EXPECT_EQ(option.text().replace('\n', joint).toStdString(), ResText(46));
-    }
-}
+INSTANTIATE_TEST_SUITE_P(Told, DialogRows, testing::ValuesIn(Rows()));
 
 TEST_F(Dialogs, TranceShowsTheTransferUntilItEnds) {
     frmTrance dialog(window.get());
@@ -124,15 +217,15 @@ TEST_F(Dialogs, TranceShowsTheTransferUntilItEnds) {
     {
         const TransferShown shown(100000, 368, TransferShown::Cancel::Yes);
         EXPECT_FALSE(dialog.isModal());
-        for (const char* way : {"Esc", "close", "cmdTranceCancel"}) {
+        for (const char* way : {"<Esc>", "close", "cmdTranceCancel"}) {
             TransferCancelFlag = kClear;
-            Do(dialog, way);
+            step(dialog, way);
             EXPECT_EQ(TransferCancelFlag, kSet) << way;
             EXPECT_TRUE(dialog.isVisible());
         }
         EXPECT_EQ(GrpMoveStopFlag, kClear);
         OfferGiveUp();
-        Do(dialog, "Esc");
+        step(dialog, "<Esc>");
         EXPECT_EQ(GrpMoveStopFlag, kSet);
         WithdrawGiveUp();
         for (int row = 1; row <= 50000; ++row) {
@@ -149,7 +242,7 @@ TEST_F(Dialogs, TranceShowsTheTransferUntilItEnds) {
     const TransferShown shown(4, 378);
     EXPECT_EQ(bar.value(), 0);
     TransferCancelFlag = kClear;
-    Do(dialog, "Esc");
+    step(dialog, "<Esc>");
     EXPECT_EQ(TransferCancelFlag, kClear);
     EXPECT_TRUE(dialog.isVisible());
 }
@@ -171,9 +264,9 @@ TEST_F(Dialogs, WhatDoesNotBlockStandsInFrontOfTheWindowThatStartedTheWork) {
                 EXPECT_TRUE(dialog->isVisible());
             }
         }
-        Do(giveUp, "Return");
+        step(giveUp, "<Return>");
         EXPECT_EQ(GrpMoveStopFlag, kClear) << "an Enter gives up nothing";
-        Do(giveUp, "Esc");
+        step(giveUp, "<Esc>");
         EXPECT_EQ(GrpMoveStopFlag, kSet);
         EXPECT_TRUE(giveUp.isVisible()) << "the end of the wait takes it away";
         GrpMoveStopFlag = kClear;
@@ -193,102 +286,8 @@ TEST_F(Dialogs, WhatDoesNotBlockStandsInFrontOfTheWindowThatStartedTheWork) {
     run(window.get()); // they haven't gone with it
 }
 
-TEST_F(Dialogs, BoxesTakeThreeDigitsAndNothingElse) {
-    frmSelectPosiNo3 dialog;
-    dialog.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
-    auto& start = Get<QLineEdit>(dialog, "txtStartPosiNo");
-    EXPECT_EQ(start.selectedText(), "1"); // typing replaces it
-    QTest::keyClicks(&start, "a-.4 x5");
-    QTest::sendKeyEvent(QTest::Click, &start, Qt::Key_unknown, QString::fromUtf8("６"), {});
-    EXPECT_EQ(start.text(), "45");
-    QTest::keyClicks(&start, "67"); // the box is full
-    EXPECT_EQ(start.text(), "456");
-    start.selectAll();
-    QTest::keyClicks(&start, "8");
-    copyOutside("123");
-    QTest::keyClick(&start, Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(start.text(), "8");
-    QTest::keyClick(&start, Qt::Key_Backspace);
-    EXPECT_EQ(start.text(), "");
-    QTest::keyClick(&start, Qt::Key_Return);
-    auto& end = Get<QLineEdit>(dialog, "txtEndPosiNo");
-    EXPECT_EQ(end.selectedText(), "10");
-    QTest::keyClick(&end, Qt::Key_Enter);
-    EXPECT_TRUE(Get<QPushButton>(dialog, "cmdOk").hasFocus());
-}
-
-TEST_F(Dialogs, RangesAreTakenOrRefused) {
-    struct Case {
-        void (*show)(QWidget*);
-        const char* steps;
-        const char* box; ///< behind a refusal
-        int first;
-        int last;
-    };
-    const auto overlap = [](QWidget* parent) { ShowSelectPosiNo4(parent, true); };
-    const auto apart = [](QWidget* parent) { ShowSelectPosiNo4(parent, false); };
-    const char* const invalid = "Invalid value in Position No.";
-    const std::vector<Case> cases{
-        {ShowSelectPosiNo2, "cmdOk", nullptr, 1, 999},
-        {ShowSelectPosiNo2, "optSelectPosiNo(1) txtStartPosiNo=20 txtEndPosiNo=30 cmdOk", nullptr,
-         20, 30},
-        {ShowSelectPosiNo2, "optSelectPosiNo(1) txtStartPosiNo=20 cmdOk", invalid, 1, 10},
-        {ShowSelectPosiNo3, "txtStartPosiNo=6 cmdOk", nullptr, 6, 10},
-        {ShowSelectPosiNo3, "txtStartPosiNo=0 cmdOk", invalid, 1, 10},
-        {overlap, "cmdOk", nullptr, 5, 10},
-        {overlap, "txtStartPosiNo=7 txtEndPosiNo=7 Return", nullptr, 7, 7},
-        {overlap, "txtStartPosiNo=8 txtEndPosiNo=6 cmdOk", "", 1, 10},     // refused without a word
-        {overlap, "txtStartPosiNo=4 txtEndPosiNo=9 cmdOk", invalid, 1, 9}, // what is right is set
-        {apart, "Return", nullptr, 1, 10}};
-    for (const Case& one : cases) {
-        PosiFirst = 1;
-        PosiLast = 10;
-        if (one.box != nullptr && *one.box != '\0') {
-            platform.expectBox(one.box);
-        }
-        user(one.steps, one.box != nullptr ? "Esc" : "");
-        one.show(window.get());
-        EXPECT_EQ(stayed, one.box != nullptr) << one.steps;
-        EXPECT_EQ(PosiFirst, one.first) << one.steps;
-        EXPECT_EQ(PosiLast, one.last) << one.steps;
-        EXPECT_EQ(IsSet(RangeCancelFlag), one.box != nullptr) << one.steps;
-        for (const char* leave : kLeave) {
-            RangeCancelFlag = kClear;
-            user(leave);
-            one.show(window.get());
-            EXPECT_EQ(RangeCancelFlag, kSet) << leave;
-        }
-    }
-}
-
-TEST_F(Dialogs, TheBoxesOfAReadAreThereForItsSecondChoiceOnly) {
-    frmSelectPosiNo2 dialog;
-    dialog.show();
-    for (const bool enabled : {false, true, false}) {
-        Get<QRadioButton>(dialog, enabled ? "optSelectPosiNo(1)" : "optSelectPosiNo(0)").click();
-        for (const char* name :
-             {"txtStartPosiNo", "txtEndPosiNo", "lblStartPosiMoji", "lblEndPosiMoji"}) {
-            EXPECT_EQ(Get<QWidget>(dialog, name).isEnabled(), enabled) << name;
-        }
-        EXPECT_EQ(Get<QLineEdit>(dialog, "txtStartPosiNo").palette().color(QPalette::Base),
-                  dialog.palette().color(enabled ? QPalette::Base : QPalette::Window));
-    }
-}
-
-TEST_F(Dialogs, DataShogoAsksForTheOtherSide) {
-    const std::vector<std::pair<const char*, int>> ways{
-        {"cmdFileDataShogo", 1}, {"Return", 1}, {"cmdCtDataShogo", 2},
-        {"cmdCancelOfShogo", 0}, {"Esc", 0},    {"close", 0}};
-    for (const auto& [way, result] : ways) {
-        user(way);
-        EXPECT_EQ(AskDataShogo(window.get()), result) << way;
-    }
-}
-
 TEST_F(Dialogs, TheResultWindowLeadsToTheCell) {
-    AxisOff[2] = kClear;
-    AxisOff[1] = kSet;
+    AxisOff = {kClear, kSet, kClear, kClear};
     show(1, 999);
     PosiFirst = 3;
     MarkPosiCell(0, 2); // before the range
@@ -320,8 +319,59 @@ TEST_F(Dialogs, TheResultWindowLeadsToTheCell) {
         EXPECT_TRUE(grid->viewport()->rect().contains(grid->visualRect(at(target[0], target[1]))));
     }
     dialog.show();
-    Do(dialog, "cmdCloseSyogokekka");
+    step(dialog, "cmdCloseSyogokekka");
     EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST_F(Dialogs, AListThatHasTheFocusWhenTheWindowGoesChangesNothing) {
+    DeviceForm form;
+    OpenDevice2(form);
+    {
+        DevicePanels panels(form, nullptr);
+        panels.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&panels));
+        step(panels, "comboDeviceSize(0)=52");
+    }
+    EXPECT_EQ(form.axes[0].comboDeviceSize.text, " 44");
+}
+
+TEST_F(Dialogs, OnlineWindowWritesIntoTheController) {
+    SimulatedLine line(platform);
+    line.controller.setAxisMask(0b0011);
+    line.controller.setTurnaround(50);
+    frmDevice3 dialog;
+    dialog.show();
+    step(dialog, "comboDeviceStroke(0) -> 300");
+    bool seen = false;
+    platform.after(100, [&] {
+        seen = true;
+        for (const char* name : {"cmdPrmCtWrite", "cmdDeviceSet", "cmdDeviceCancel"}) {
+            EXPECT_FALSE(Get<QPushButton>(dialog, name).isEnabled()) << name;
+        }
+        EXPECT_FALSE(Get<QWidget>(dialog, "comboDeviceStroke(0)").isEnabled());
+        dialog.close();
+        EXPECT_TRUE(dialog.isVisible());
+    });
+    step(dialog, "cmdPrmCtWrite");
+    EXPECT_TRUE(seen);
+    EXPECT_EQ(told.join(' ').toStdString(), box::kWritten);
+    EXPECT_TRUE(Get<QPushButton>(dialog, "cmdPrmCtWrite").isEnabled());
+    EXPECT_EQ(DevSetting[0].DevStroke, 300);
+    dialog.close();
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(DeviceCancelled, kClear);
+}
+
+TEST_F(Dialogs, OnlineWindowGoesOnToTheParametersAndForgetsItsMask) {
+    int details = 0;
+    Screens().frmParameta2Show = [&details] { ++details; };
+    QTimer::singleShot(0, qApp, [] { EXPECT_EQ(KeepAxisFlag, kSet); });
+    user("comboDeviceStroke(0) -> 50 ; cmdSyosai");
+    ShowDevice3(nullptr);
+    EXPECT_EQ(KeepAxisFlag, kClear);
+    EXPECT_EQ(DevSettei[0].DevStroke, 50);
+    platform.run(2000);
+    EXPECT_EQ(details, 1);
 }
 
 } // namespace

@@ -280,6 +280,10 @@ void DevicePanels::nameControls() {
             name(*lists[i], made.captions[i]->text());
             name(*lists[i]->lineEdit(), made.captions[i]->text());
         }
+        // The texts came while an axis out of use was hidden; its place is kept in their size, or
+        // the window would grow when the axis is switched on.
+        made.PictureAxis->layout()->activate();
+        made.PictureAxis->updateGeometry();
     }
 }
 
