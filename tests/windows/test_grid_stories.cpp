@@ -6,11 +6,13 @@
 #include "support/every_step.h"
 
 #include <QApplication>
+#include <QInputMethodEvent>
 #include <QScrollBar>
 #include <QStringList>
 #include <functional>
 #include <map>
 #include <optional>
+#include <random>
 
 namespace qdw8::test {
 namespace {
@@ -36,10 +38,11 @@ std::vector<Story> Stories() {
     return stories;
 }
 
-class GridStories : public MainForm, public testing::WithParamInterface<Story> {
+class GridUser : public MainForm {
 protected:
-    GridStories() {
+    GridUser() {
         AnswerByItself(platform);
+        Screens().frmSyogoKekka = [] {};
         AxisOff[2] = kSet;
     }
 
@@ -128,6 +131,16 @@ protected:
              }},
             {"focus", [&] { EXPECT_EQ(QApplication::focusWidget()->objectName(), name); }},
             {"top", [&] { EXPECT_EQ(grid->verticalScrollBar()->value(), n[0]); }},
+            {"marked", [&] { EXPECT_TRUE(isMarked(n[0], n[1])); }},
+            {"unmarked", [&] { EXPECT_FALSE(isMarked(n[0], n[1])); }},
+            {"compose",
+             [&] {
+                 compose({name, {}});
+             }},
+            {"commit", [&] { compose({}, name); }},
+            {"ime", [&] { expectInputMethod(rest == "yes"); }},
+            {"close", [&] { EXPECT_EQ(window->close(), mayClose = rest == "yes"); }},
+            {"closed", [&] { EXPECT_EQ(closed, rest + " "); }},
             {"limits", [&] { EXPECT_EQ(text("sbStatusBar(4)"), name); }},
         };
         verbs.at(verb)();
@@ -156,8 +169,25 @@ protected:
         }
     }
 
+    bool isMarked(int row, int column) const {
+        grid->scrollTo(at(row, column));
+        const bool told = !at(row, column).data(Qt::AccessibleDescriptionRole).toString().isEmpty();
+        EXPECT_EQ(PaintedColour(*grid, at(row, column)) == QColor(0xFF, 0x80, 0x80), told);
+        return told;
+    }
+    static void compose(QInputMethodEvent event, const QString& committed = {}) {
+        event.setCommitString(committed);
+        QApplication::sendEvent(QApplication::focusWidget(), &event);
+    }
+    void expectInputMethod(bool wanted) const {
+        EXPECT_EQ(QApplication::focusWidget()->testAttribute(Qt::WA_InputMethodEnabled), wanted);
+        EXPECT_EQ(platform.imeOpen, false) << "left as it is in the comment";
+    }
+
     std::optional<GridLock> lock;
 };
+
+class GridStories : public GridUser, public testing::WithParamInterface<Story> {};
 
 TEST_P(GridStories, GoesAsTold) {
     for (const auto& [number, line] : GetParam().lines) {
@@ -174,6 +204,56 @@ TEST_P(GridStories, GoesAsTold) {
             }
         }
         play(line.substr(0, end), rest, numbers);
+    }
+}
+
+TEST_F(GridUser, ScreenAndDataAgreeWhateverTheUserDoes) {
+    show(1, 8);
+    QAbstractItemModel& model = *grid->model();
+    std::map<std::pair<int, int>, QString> seen; // as painted last
+    const auto paint = [&](const QModelIndex& from, const QModelIndex& to) {
+        for (int row = from.row(); row <= to.row(); ++row) {
+            for (int column = from.column(); column <= to.column(); ++column) {
+                seen[{row, column}] = model.index(row, column).data().toString();
+            }
+        }
+    };
+    const auto paintAll = [&] { paint(at(2, 1), model.index(model.rowCount() - 1, 19)); };
+    QObject::connect(&model, &QAbstractItemModel::dataChanged, window.get(), paint);
+    QObject::connect(&model, &QAbstractItemModel::rowsInserted, window.get(), paintAll);
+    QObject::connect(&model, &QAbstractItemModel::rowsRemoved, window.get(), paintAll);
+    paintAll();
+    std::mt19937 random(1);
+    const auto pick = [&random](std::size_t count) { return static_cast<int>(random() % count); };
+    const auto any = [&random](const auto& of) { return of[random() % of.size()]; };
+    const std::vector<std::string> keys{
+        "4",     "0",      "a",       "<F2>",     "<Del>",    "<Return>",     "<Esc>",
+        "<Up>",  "<Down>", "<Right>", "<Ctrl+C>", "<Ctrl+V>", "<Shift+Down>", "<Shift+Right>",
+        "<Home>"};
+    const std::vector<std::string> presses{"cmdInsertLine", "cmdDeleteLine", "mnuEditLineCopy",
+                                           "mnuEditLinePaste"};
+    for (int step = 0; step < 1000; ++step) {
+        const std::size_t rows = flgdData().rows.size() - 2;
+        const std::vector<int> cells{pick(rows) + 2, pick(20) + 1, pick(rows) + 2, pick(20) + 1};
+        const auto deed = static_cast<std::size_t>(pick(10));
+        const std::vector<std::string> verbs{"click", "drag", "number", "press"};
+        const std::string name = deed == 3 ? any(presses) : any(keys);
+        SCOPED_TRACE(std::to_string(step) + (deed < 4 ? " " + verbs[deed] : " keys") + " " + name);
+        play(deed < 4 ? verbs[deed] : "keys", name, cells);
+        if (flgdData().rows.size() < 5) {
+            show(1, 8);
+        }
+        for (const auto& [place, text] : seen) {
+            const int row = place.first + 2;
+            ASSERT_TRUE(row > model.rowCount() + 1 || text == shown(row, place.second + 1).c_str());
+        }
+        const QItemSelectionRange range = grid->selectionModel()->selection().value(0);
+        const Place now = place();
+        ASSERT_TRUE(!editing() || flgdData().edit.text.ends_with(editor->text().toStdString()));
+        ASSERT_EQ((Place{range.top() + 2, range.left() + 1, range.bottom() + 2, range.right() + 1}),
+                  now[0] < 2 ? (Place{1, 0, 1, 0})
+                             : (Place{std::min(now[0], now[2]), std::min(now[1], now[3]),
+                                      std::max(now[0], now[2]), std::max(now[1], now[3])}));
     }
 }
 

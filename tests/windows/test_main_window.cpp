@@ -6,9 +6,7 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QInputMethodEvent>
 #include <QPushButton>
-#include <QScrollBar>
 #include <QTest>
 
 namespace qdw8::test {
@@ -107,51 +105,6 @@ TEST_F(MainWindow, FitsEveryScreenInBothLanguages) {
     }
 }
 
-TEST_F(MainWindow, ClosingAsksFirstAndNeverHangsOnARejectedText) {
-    show(1, 3);
-    SetGridText(2, 1, "");
-    click(2, 1);
-    key(Qt::Key_F2);
-    EXPECT_FALSE(window->close());
-    EXPECT_TRUE(window->isVisible());
-    EXPECT_FALSE(editing());
-    EXPECT_EQ(GridText(2, 1), "");
-    mayClose = true;
-    EXPECT_TRUE(window->close());
-    EXPECT_EQ(closed, "query query unload ");
-}
-
-TEST_F(MainWindow, ACellThatTheCheckRefusedIsMarked) {
-    show(1, 5);
-    const QColor red(0xFF, 0x80, 0x80);
-    const auto isMarked = [&](int row, int column) {
-        click(6, column);
-        return PaintedColour(*grid, at(row, column)) == red;
-    };
-    SetGridText(3, 1, "0");
-    SetGridText(4, 5, "61");
-    Screens().frmSyogoKekka = [] {};
-    press("cmdPosiSaveFile");
-    EXPECT_TRUE(isMarked(3, 1) && isMarked(4, 5));
-    EXPECT_FALSE(isMarked(3, 2));
-    EXPECT_EQ(at(3, 1).data(Qt::AccessibleDescriptionRole), "Refused by the last check");
-    click(3, 1);
-    type("7");
-    key(Qt::Key_Escape);
-    EXPECT_TRUE(isMarked(3, 1)) << "given up is not edited";
-    click(2, 20);
-    press("cmdInsertLine");
-    EXPECT_TRUE(isMarked(4, 1)) << "the mark goes with the row";
-    click(4, 1);
-    type("7");
-    key(Qt::Key_Return);
-    EXPECT_FALSE(isMarked(4, 1));
-    EXPECT_TRUE(isMarked(5, 5));
-    SetGridText(5, 5, "60");
-    press("cmdPosiSaveFile");
-    EXPECT_FALSE(isMarked(5, 5));
-}
-
 TEST_F(MainWindow, ColoursHaveDarkTextAndAHeadIsNotCutOff) {
     QPalette night = grid->palette();
     night.setColor(QPalette::Base, Qt::black);
@@ -210,35 +163,6 @@ TEST_F(MainWindow, AFrozenGridIsNotShown) {
     ThawGrid();
     EXPECT_EQ(grid->model()->rowCount(), 1);
     EXPECT_EQ(grid->model()->headerData(0, Qt::Vertical), "7") << "numbers are repainted";
-}
-
-TEST_F(MainWindow, AComposedCommentBeginsInTheGridAndEndsInTheEditBox) {
-    show(1, 3);
-    for (const int column : {1, 20, 19}) {
-        click(2, column);
-        EXPECT_EQ(grid->testAttribute(Qt::WA_InputMethodEnabled), column == 20) << column;
-        key(Qt::Key_F2);
-        EXPECT_EQ(editor->testAttribute(Qt::WA_InputMethodEnabled), column == 20) << column;
-        key(Qt::Key_Escape);
-        // The rules leave it as it is in the comment and close it everywhere else.
-        EXPECT_EQ(platform.imeOpen, false) << column;
-    }
-    click(2, 20);
-    QInputMethodEvent composing(QString::fromUtf8("げん"), {});
-    QApplication::sendEvent(grid, &composing);
-    ASSERT_TRUE(editing());
-    EXPECT_TRUE(grid->hasFocus()); // or the composition would be lost
-    QInputMethodEvent composed;
-    composed.setCommitString(QString::fromUtf8("原点"));
-    QApplication::sendEvent(grid, &composed);
-    EXPECT_TRUE(editor->hasFocus());
-    key(Qt::Key_Return);
-    EXPECT_EQ(GridText(2, 20), "原点");
-    click(2, 1);
-    QInputMethodEvent digits;
-    digits.setCommitString(QString::fromUtf8("５"));
-    QApplication::sendEvent(grid, &digits);
-    EXPECT_FALSE(editing());
 }
 
 } // namespace
