@@ -1,13 +1,11 @@
-// Settings, the fields of files, file questions and the transfer dialog.
+// Settings, file questions and the transfer dialog.
 
 #include "app/settings.h"
 
 #include "app/Module1.h"
-#include "app/field_reader.h"
 #include "app/file_questions.h"
 #include "app/move_defaults.h"
 #include "app/transfer_dialog.h"
-#include "platform/fault.h"
 #include "support/scripted_platform.h"
 
 #include <gtest/gtest.h>
@@ -42,35 +40,6 @@ TEST(Settings, MotionDefaultsKeepJogWithinItsRange) {
     platform.settings.clear();
     ReadMoveDefaults();
     EXPECT_EQ(all(), fresh);
-}
-
-TEST(FieldReader, CutsTheText) {
-    using Fields = std::vector<std::string>;
-    for (const auto& [text, fields] : std::vector<std::pair<std::string, Fields>>{
-             {"", {}},
-             {"a,b\r\nc,d\r\n", {"a", "b", "c", "d"}},
-             {"a\nb\rc\r\nd", {"a", "b", "c", "d"}},
-             {"a,,b\n\nc\n\rd", {"a", "", "b", "", "c", "", "d"}},
-             {",", {""}},
-             {"\"\",\"\"\n", {"", ""}},
-             {"  a , b ", {"a ", "b "}},
-             {"\" 44L-100\",2,  \" 30\"", {" 44L-100", "2", " 30"}},
-             {"\"a,b\",\"c\r\nd\",e", {"a,b", "c\r\nd", "e"}},
-             {"\"a\"dropped,b,\"c\"dropped\nd", {"a", "b", "c", "d"}},
-             {"a\"b\",\"it said \"no\" twice\",c", {"a\"b\"", "it said ", "c"}},
-             {"a\tb,\tc", {"a\tb", "\tc"}},
-             {std::string("a\0b,c", 5), {std::string("a\0b", 3), "c"}}}) {
-        FieldReader reader(text);
-        Fields cut;
-        while (!reader.atEnd()) {
-            cut.push_back(reader.next());
-        }
-        EXPECT_EQ(cut, fields) << text;
-        EXPECT_THROW(reader.next(), Fault) << "the end";
-    }
-    FieldReader open("\"abc,1\r\n2\r\n");
-    EXPECT_THROW(open.next(), Fault) << "a quote that never closes";
-    EXPECT_TRUE(open.atEnd());
 }
 
 TEST(FileQuestions, NothingForACancelledDialogAndAnEmptyPath) {
