@@ -110,17 +110,6 @@ void ConvertTableToMm() {
     });
 }
 
-void ConvertTableToPulse() {
-    ForWorkingRows([](std::size_t row) {
-        PosiUnits& units = PosiUnitTable[row];
-        for (std::size_t axis = 0; axis < kAxes; ++axis) {
-            const AxisDevice& device = DevSetting[axis];
-            units.pulse[axis] =
-                IsSet(AxisOff[axis]) ? 0 : MmToPulse(device.DevLead, device.DevPPR, units.mm[axis]);
-        }
-    });
-}
-
 bool PosiTableHasData() {
     // The last row is not looked at: the test runs over the rows 0 to 998.
     return std::any_of(PosiTable.begin(), PosiTable.end() - 1,

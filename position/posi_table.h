@@ -71,9 +71,8 @@ void ClearPosiTable();
 /// Copies `PosiStage` to the table for the working range; the positions go to the pulse forms and
 /// reach `PosiTable` with the next commit.
 void PosiStageToTable();
-/// Fill one form of the positions from the other for the working range; an axis out of use gets 0.
+/// Fills the mm of the positions from their pulses for the working range; an axis out of use gets 0.
 void ConvertTableToMm();
-void ConvertTableToPulse();
 /// Forgets every row, as before the first document.
 void EmptyPosiTable();
 /// True if any cell of rows 0 to 998, table columns 0 to 10, is not the empty text.

@@ -1,6 +1,5 @@
 #include "setup/recheck_positions.h"
 
-#include "app/Module1.h"
 #include "app/boxes.h"
 #include "position/grid_display.h"
 #include "position/posi_check.h"
@@ -13,14 +12,7 @@ void RecheckPositions() {
     // devices.
     TakeWholeGrid();
     switch (PosiDataCheck3()) {
-    case PosiCheck::Committed:
-        if (IsSet(DispMmFlag)) {
-            ConvertTableToPulse();
-        } else {
-            ConvertTableToMm();
-        }
-        ShowTable();
-        break;
+    case PosiCheck::Committed: ShowTable(); break; // both units, worked out with the new devices
     case PosiCheck::Refused: ShowTexts({1526}); break;
     case PosiCheck::Faulted: // the table is not what the grid shows: the user's rows stay
     case PosiCheck::NoData: break;

@@ -3,9 +3,9 @@
 namespace qdw8 {
 
 /// Checks the whole grid against the devices in force, which have just changed and are shown.
-/// Clean: the unit that isn't shown is worked out anew from the one that is, and the grid shown
-/// again. Errors: they are shown, nothing is converted, and a box asks the user to correct the
-/// rows. Without data nothing happens.
+/// Clean: the table takes the grid, the unit that isn't shown worked out anew from the one that is,
+/// and the grid is shown again. Errors: they are shown, nothing is converted, and a box asks the
+/// user to correct the rows. Without data nothing happens.
 void RecheckPositions();
 
 } // namespace qdw8

@@ -12,47 +12,18 @@
 #include "setup/posi_open.h"
 #include "setup/posi_read.h"
 #include "setup/posi_write.h"
+#include "support/story.h"
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <map>
-#include <memory>
-#include <sstream>
 
-/// Tells the stories in stories/: what the user does, what the program asks, and what stands
-/// afterwards, a statement a line. "== title" begins a new story with a fresh program; the words
-/// are those of the table below. After each "do" everything asked for must have come, and the
-/// program must be at rest.
+/// Tells the stories in stories/ in the words of the tables below. After each "do" everything asked
+/// for must have come, and the program must be at rest.
 namespace qdw8::test {
 namespace {
 
-using Args = std::istringstream;
-
-std::string Word(Args& args) {
-    std::string word;
-    args >> word;
-    return word;
-}
-int Number(Args& args) {
-    int number = 0;
-    args >> number;
-    return number;
-}
-/// What is left of the line; "\r", "\n" and "\t" stand for themselves.
-std::string Rest(Args& args) {
-    std::string rest;
-    std::getline(args, rest);
-    std::string text;
-    for (std::size_t i = rest.starts_with(' ') ? 1 : 0; i < rest.size(); ++i) {
-        const std::size_t code = std::string("rnt").find(i + 1 < rest.size() ? rest[i + 1] : ' ');
-        const bool escape = rest[i] == '\\' && code != std::string::npos;
-        text += escape ? "\r\n\t"[code] : rest[i];
-        i += escape ? 1 : 0;
-    }
-    return text;
-}
 /// A word between quotes.
 std::string Field(Args& args) {
     const std::string word = Word(args);
@@ -112,19 +83,7 @@ public:
         };
     }
 
-    void tell(const std::string& statement) {
-        Args args(statement);
-        const std::string word = Word(args);
-        const bool asks = statement.find(" = ") != statement.npos && values.contains(word);
-        ASSERT_TRUE(asks || words.contains(word)) << "no such word: " << word;
-        if (!asks) {
-            words.at(word)(args);
-            return;
-        }
-        const std::string value = values.at(word)(args);
-        EXPECT_EQ(Word(args), "=");
-        EXPECT_EQ(value, Rest(args));
-    }
+    void tell(const std::string& statement) { TellStatement(words, values, statement); }
 
 private:
     /// A file of the tests with "@", else one in the folder.
@@ -182,7 +141,7 @@ private:
     std::int64_t took = 0;
     int closes = 0;
     std::string bars; ///< what the transfer dialog showed, one after the other
-    const std::map<std::string, std::function<void(Args&)>> words{
+    const StoryWords words{
         // what there is
         {"grid", [](Args& a) { std::apply(showRows, Range(Word(a))); }},
         {"no-grid", [](Args&) { ResetGrid(); }},
@@ -288,7 +247,7 @@ private:
     };
     std::optional<std::string> pasted;
     /// "word arguments = value"
-    const std::map<std::string, std::function<std::string(Args&)>> values{
+    const StoryValues values{
         {"rows", [](Args&) { return std::to_string(flgdData().rows.size()); }},
         {"has-data", [](Args&) { return PosiTableHasData() ? "yes" : "no"; }},
         {"place", [](Args&) { return flgdData().row + flgdData().col == 0 ? "nowhere" : "cell"; }},
@@ -364,30 +323,7 @@ private:
 };
 
 TEST(Stories, AllHold) {
-    int told = 0;
-    for (const auto& file :
-         std::filesystem::directory_iterator(QDW8_SOURCE_DIR "/tests/position/stories")) {
-        std::ifstream lines(file.path());
-        std::unique_ptr<Story> story;
-        std::string title;
-        int number = 0;
-        for (std::string statement; std::getline(lines, statement);) {
-            ++number;
-            const std::string where =
-                file.path().filename().string() + ":" + std::to_string(number) + " " + statement;
-            SCOPED_TRACE(title + "\n" + where);
-            if (statement.starts_with("== ")) {
-                story.reset(); // one platform at a time
-                story = std::make_unique<Story>();
-                title = statement.substr(3);
-                ++told;
-            } else if (!statement.empty() && !statement.starts_with('#')) {
-                story->tell(statement);
-                ASSERT_FALSE(testing::Test::HasFatalFailure());
-            }
-        }
-    }
-    EXPECT_GT(told, 20);
+    TellStories<Story>(QDW8_SOURCE_DIR "/tests/position/stories", 20);
 }
 
 } // namespace

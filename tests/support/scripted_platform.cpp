@@ -43,6 +43,9 @@ std::string Describe(const SelectionQuestion& question) {
     for (const std::string& choice : question.choices) {
         text += " | " + choice;
     }
+    for (const std::string& detail : question.details) {
+        text += " | " + detail;
+    }
     return text + (question.mustAnswer ? " | must answer" : "");
 }
 

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <gtest/gtest.h>
+#include <map>
+#include <memory>
+#include <sstream>
+#include <string>
+
+/// Stories: what the user does, what the program asks and what stands afterwards, a statement a
+/// line. "== title" begins a new one with a fresh program; "#" begins a comment. The words are
+/// those of the room.
+namespace qdw8::test {
+
+using Args = std::istringstream;
+std::string Word(Args& args);
+int Number(Args& args);
+/// What is left of the line; "\r", "\n" and "\t" stand for themselves.
+std::string Rest(Args& args);
+
+/// "word arguments", and "word arguments = value".
+using StoryWords = std::map<std::string, std::function<void(Args&)>>;
+using StoryValues = std::map<std::string, std::function<std::string(Args&)>>;
+void TellStatement(const StoryWords& words, const StoryValues& values,
+                   const std::string& statement);
+
+/// Tells all stories of a folder, each by a `Story` of its own.
+template<typename Story> void TellStories(const std::string& folder, int atLeast) {
+    int told = 0;
+    for (const auto& file : std::filesystem::directory_iterator(folder)) {
+        std::ifstream lines(file.path());
+        std::unique_ptr<Story> story;
+        std::string title;
+        int number = 0;
+        for (std::string statement; std::getline(lines, statement);) {
+            SCOPED_TRACE(title + "\n" + file.path().filename().string() + ":" +
+                         std::to_string(++number) + " " + statement);
+            if (statement.starts_with("== ")) {
+                story.reset(); // one platform at a time
+                story = std::make_unique<Story>();
+                title = statement.substr(3);
+                ++told;
+            } else if (!statement.empty() && !statement.starts_with('#')) {
+                story->tell(statement);
+                ASSERT_FALSE(testing::Test::HasFatalFailure());
+            }
+        }
+    }
+    EXPECT_GE(told, atLeast);
+}
+
+} // namespace qdw8::test
