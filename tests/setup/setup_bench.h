@@ -2,18 +2,18 @@
 
 #include "device/Module2Calc.h"
 #include "device/axis_device.h"
+#include "link/receiver.h"
+#include "parameter/para_fields.h"
 #include "parameter/para_set.h"
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
 #include "position/posi_table.h"
+#include "setup/controller_devices.h"
+#include "setup/para_commands.h"
 #include "support/bench.h"
 #include "support/boxes.h"
 
 namespace qdw8::test {
-
-inline const std::string kOtherAxes =
-    "A setting of AXIS is changed.\r\nIs a setting of AXIS changed?";
-inline const std::string kNoFactory = "Fail to open standard parameter file.";
 
 /// AXIS 1 a QD-44L of 100 mm, AXIS 2 an old QD-52H of 200 mm with a pulse generator, AXIS 3 and 4
 /// out of use; the controller holds its start machine.
@@ -32,6 +32,15 @@ struct SetupBench : LineBench {
         Culc_MaxPulse();
         CalcMaxStrokeMm();
     }
+    /// PC and controller agree on axes and actuators; the fields show what the controller holds.
+    void agree() {
+        AxisOff.fill(kClear);
+        GoOnLine();
+        EXPECT_EQ(TakeOverDevicesOfController(), 0);
+        EXPECT_EQ(GetParametaValue2(), 0);
+        ParametaHyoji();
+        forgetFrames();
+    }
     /// Puts rows of defaults into the table and the grid.
     static void showRows(std::int16_t first, std::int16_t last) {
         ClearPosiTable();
@@ -47,7 +56,6 @@ struct SetupBench : LineBench {
         SetGridText(position - GridFirst + kGridHeadRows, column + 1, text);
     }
 };
-using SetupTest = Unit<SetupBench>;
 
 /// Everything that says which devices are fitted.
 struct Everything {
