@@ -4,6 +4,7 @@
 #include "app/transfer_dialog.h"
 #include "app/waits.h"
 #include "link/ct_commands.h"
+#include "link/line_state.h"
 #include "link/port.h"
 #include "link/receiver.h"
 #include "platform/fault.h"
@@ -42,11 +43,16 @@ std::int16_t ReadAxisMaskShown() {
 }
 
 std::int16_t ReadAxisMaskQuiet() {
-    const bool read = SixTries([] {
+    bool read = false;
+    SixTries([&read] {
         // A failed try went off line, where the receiver is deaf.
         GoOnLine();
-        return ReadParaBlock0Quiet() == 0 && TakeMask(CtAxisOff);
+        read = ReadParaBlock0Quiet() == 0 && TakeMask(CtAxisOff);
+        return read || LastLoss != LineLoss::None || IsSet(ProgramEndFlag);
     });
+    if (!read && LastLoss == LineLoss::Port) {
+        ShowPortBox();
+    }
     return read ? 0 : 1;
 }
 

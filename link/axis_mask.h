@@ -10,7 +10,9 @@ namespace qdw8 {
 std::int16_t ReadAxisMask();
 /// The same with the steps of the transfer dialog, which must be up.
 std::int16_t ReadAxisMaskShown();
-/// Into `CtAxisOff`, for a comparison, without any box: six tries, 100 ms apart.
+/// Into `CtAxisOff`, for a comparison, in up to six tries, 100 ms apart, that tell nothing. No
+/// further try when the port is gone, which is told once with the port box, when the user gave the
+/// wait up, or at the end of the program.
 std::int16_t ReadAxisMaskQuiet();
 
 } // namespace qdw8

@@ -76,11 +76,12 @@ WritingMode::~WritingMode() {
 }
 
 bool WritingMode::begin() {
-    on = SetCtMode(kWriting) == 0;
-    if (!on) {
+    const bool taken = SetCtMode(kWriting) == 0;
+    on = taken || LineAnswers();
+    if (!taken) {
         TellFailed();
     }
-    return on;
+    return taken;
 }
 
 void WritingMode::end(int tries) {
@@ -92,7 +93,7 @@ void WritingMode::end(int tries) {
         return;
     }
     while (SetCtMode(kIdle) != 0) {
-        if (--tries <= 0) {
+        if (--tries <= 0 || !LineAnswers()) {
             TellFailed();
             return;
         }

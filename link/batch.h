@@ -32,7 +32,8 @@ enum class OnFailure { Silent, Tell };
 bool StandsStill(OnFailure onFailure);
 
 /// The controller's writing mode, `0CM01`, and its end, `0CM00`: one that was left in the writing
-/// mode would refuse to move. The mode is ended at the latest when the object goes; never into a
+/// mode would refuse to move. The mode is ended at the latest when the object goes, also when the
+/// controller's answer to `begin` was no good one, since it may have taken the mode; never into a
 /// line that no longer answers.
 class WritingMode {
 public:
@@ -41,11 +42,11 @@ public:
     WritingMode(const WritingMode&) = delete;
     WritingMode& operator=(const WritingMode&) = delete;
 
-    /// Asks for the mode. False: failed, box 377 was shown, and nothing will be ended.
+    /// Asks for the mode. False: failed, and box 377 was shown.
     bool begin();
-    /// Ends the mode, in up to `tries` tries, 100 ms apart; box 377 when the last one failed too.
-    /// Nothing goes out, and nothing is told, when the line no longer answers, or the mode is not
-    /// on.
+    /// Ends the mode, in up to `tries` tries, 100 ms apart; box 377 when the last one failed too,
+    /// or the line died at one. Nothing goes out, and nothing is told, when the line no longer
+    /// answers, or the mode was not asked for.
     void end(int tries = 1);
     /// The mode stays as it is.
     void leave() { on = false; }

@@ -104,6 +104,7 @@ void LeaveIfNotResettable() {
 }
 
 void FailPort(Manner manner) {
+    LastLoss = LineLoss::Port;
     if (IsTalking(manner)) {
         ShowPortBox();
     } else {
@@ -114,6 +115,7 @@ void FailPort(Manner manner) {
 
 /// The port closed itself under the exchange.
 void FailPortGone(Manner manner) {
+    LastLoss = LineLoss::Port;
     CommErrorFlag = kSet;
     CloseCtPortForce();
     SetOfflineState();
@@ -165,6 +167,7 @@ bool WaitForAnswerOrUser() {
 void Recover(Manner manner, bool wrongLength) {
     Send("0CM0", ReplyTimeoutMs > 0 ? ReplyTimeoutMs : kRecoveryMs);
     if (!WaitForAnswerOrUser()) {
+        LastLoss = LineLoss::GivenUp;
         SetOfflineState();
         return;
     }
@@ -232,6 +235,7 @@ std::int16_t Exchange(const std::string& word, std::int16_t length, const std::s
 
 std::int16_t ExchangeGuarded(const std::string& word, std::int16_t length, const std::string& data,
                              std::size_t echoed, Manner manner) {
+    LastLoss = LineLoss::None;
     try {
         return Exchange(word, length, data, echoed, manner);
     } catch (const PortGone&) {

@@ -13,6 +13,7 @@ struct LineState {
     Flag CommErrorFlag = kClear;
     Flag AlarmFlag = kClear;
     Flag HomedFlag = kClear;
+    LineLoss LastLoss = LineLoss::None;
     std::int16_t ReplyTimeoutMs = 0;
     std::string CtVersion;
     std::int16_t CtAxisCount = 0;
@@ -28,6 +29,7 @@ Flag& CtBusyFlag = state.CtBusyFlag;
 Flag& CommErrorFlag = state.CommErrorFlag;
 Flag& AlarmFlag = state.AlarmFlag;
 Flag& HomedFlag = state.HomedFlag;
+LineLoss& LastLoss = state.LastLoss;
 std::int16_t& ReplyTimeoutMs = state.ReplyTimeoutMs;
 std::string& CtVersion = state.CtVersion;
 std::int16_t& CtAxisCount = state.CtAxisCount;

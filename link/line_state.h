@@ -15,6 +15,13 @@ extern Flag& CtBusyFlag;    ///< a caller is inside a `CtCommand`: the gate of e
 extern Flag& CommErrorFlag; ///< an exchange failed for good; cleared at the start of every try
 extern Flag& AlarmFlag;     ///< set by an error reply until a good reply or a reset
 extern Flag& HomedFlag;     ///< the controller has been homed in this run
+/// What the last exchange met that no further try mends.
+enum class LineLoss : std::uint8_t {
+    None,
+    Port,   ///< the port is gone, or can't be opened
+    GivenUp ///< the wait for an answer was given up
+};
+extern LineLoss& LastLoss;
 /// Milliseconds allowed for the next reply; every caller sets it before. 0 is no limit.
 extern std::int16_t& ReplyTimeoutMs;
 

@@ -24,12 +24,12 @@ bool PollIsDue() {
 }
 
 /// A poll that fails leaves the line as the exchange left it: on line with the alarm still
-/// standing, off line when nothing answered.
+/// standing, off line when nothing answered. The port that it opened is closed in every case.
 void Poll() {
     if (PollCtStatus() == 0) {
         AlarmFlag = kClear;
-        CloseCtPort();
     }
+    CloseCtPort();
 }
 
 } // namespace
