@@ -94,6 +94,10 @@ void OfferGiveUp() {
     if (offer.shown || beforeOffer) {
         return;
     }
+    if (dialog.shown && dialog.cancelShown && IsSet(TransferCancelFlag)) {
+        GrpMoveStopFlag = kSet; // the user has said so before he was asked
+        return;
+    }
     const std::string text = OfferText();
     if (dialog.shown) {
         beforeOffer = dialog;

@@ -56,7 +56,8 @@ struct GiveUpOffer {
 const GiveUpOffer& TheGiveUpOffer();
 /// What the offer says, in the dialog as in the window.
 std::string OfferText();
-/// Makes the offer until `WithdrawGiveUp`; a second call changes nothing.
+/// Makes the offer until `WithdrawGiveUp`; a second call changes nothing. Where the transfer
+/// dialog's own cancel button was pressed before, that gives the wait up at once.
 void OfferGiveUp();
 void WithdrawGiveUp();
 /// The button of the small window, Escape included: sets `GrpMoveStopFlag`.

@@ -1,5 +1,6 @@
 #include "link/receiver.h"
 
+#include "app/command_states.h"
 #include "link/alarm.h"
 #include "link/line_state.h"
 #include "link/port.h"
@@ -52,7 +53,8 @@ void TakeCharacters() {
     if (ReplyText.starts_with("0%%")) {
         AlarmFlag = kSet;
         ErrorReplyText = ReplyText;
-        if (IsSet(ReplyAwaitedFlag)) {
+        // An exchange that waits tells by itself, and on top of a command no box opens by itself.
+        if (IsSet(ReplyAwaitedFlag) || CommandsTaken()) {
             DecodeCtErrorSilently();
         } else {
             DecodeCtError();
