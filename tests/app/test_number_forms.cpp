@@ -19,8 +19,12 @@ namespace {
 std::string Fields(const std::string& text) {
     FieldReader reader(text);
     std::string fields;
-    while (!reader.atEnd()) {
-        fields += "<" + reader.next() + ">";
+    while (!reader.atEnd() && fields.size() < 100) {
+        try {
+            fields += "<" + reader.next() + ">";
+        } catch (const Fault&) {
+            fields += "!";
+        }
     }
     EXPECT_THROW(reader.next(), Fault) << "the end";
     return fields;
