@@ -60,6 +60,15 @@ struct StartBench : LineBench {
         }
         Main();
     }
+    /// Start-up that tries to go on line, and the box that says why it doesn't.
+    void startRefused(const std::string& why) {
+        platform.expectSelection(kStartMode, 0);
+        platform.expectBox(why);
+        platform.expectSelection(kActuators, 0);
+        platform.expectScreen("frmDevice2");
+        Main();
+        expectStoredDevices();
+    }
     void startOnLine() {
         start(0, false);
         platform.checkAllAsked();
@@ -80,6 +89,17 @@ struct StartBench : LineBench {
         EXPECT_EQ(DevSetting[0].DevSize, " 44");
         EXPECT_EQ(DevSetting[1].DevLead, 2);
         expectUsable();
+    }
+    /// The rows of positions 1 to `last`.
+    static void showRows(std::int16_t last) {
+        GridFirst = PosiFirst = 1;
+        GridLast = PosiLast = GridRowCount = last;
+        ClearPosiTable();
+        QdDataHyoji_3();
+    }
+    void expectEnd(bool ends, const std::string& question, BoxButtons buttons, BoxAnswer answer) {
+        platform.expectBox(question, buttons, answer);
+        EXPECT_EQ(frmMain_QueryUnload(), ends);
     }
     /// A command on line during which the user closes the window, so long after its begin.
     void closeDuring(Command command, std::int64_t ms, const std::function<void()>& questions) {
@@ -140,26 +160,16 @@ TEST(StartUpSteps, EveryFailureEndsOffLineWithTheStoredDevices) {
 
 TEST_F(StartUp, AControllerOfTwoAxesIsRefused) {
     line.controller.setAxisCount(2);
-    platform.expectSelection(kStartMode, 0);
-    platform.expectBox("This is not \"QD-K8\" controller.\r\n"
-                       "Please check whether a controller is QD-K8.");
-    platform.expectSelection(kActuators, 0);
-    platform.expectScreen("frmDevice2");
-    Main();
-    expectStoredDevices();
+    startRefused(
+        "This is not \"QD-K8\" controller.\r\nPlease check whether a controller is QD-K8.");
 }
 
 TEST_F(StartUp, APortThatCanNotBeOpenedIsTriedSixTimes) {
     platform.failingOpens = -1;
     platform.settings["PortNo"] = "3";
-    platform.expectSelection(kStartMode, 0);
-    platform.expectBox(box::kPort);
-    platform.expectSelection(kActuators, 0);
-    platform.expectScreen("frmDevice2");
-    Main();
+    startRefused(box::kPort);
     EXPECT_EQ(std::count(platform.events.begin(), platform.events.end(), "open fails"), 6);
     EXPECT_EQ(PortNo, 3);
-    expectStoredDevices();
 }
 
 TEST_F(StartUp, AnAxisWithoutALeadLeadsToTheStoredDevicesOneWithoutAModelToTheChoice) {
@@ -242,23 +252,16 @@ TEST_F(StartUp, TheTitleBarOfTheDeviceChoiceEndsTheProgram) {
 
 TEST_F(StartUp, TheEndAsksAndStoresPortAndLanguage) {
     startOnLine();
-    platform.expectBox(kFinish, BoxButtons::OkCancel, BoxAnswer::Cancel);
-    EXPECT_FALSE(frmMain_QueryUnload());
+    expectEnd(false, kFinish, BoxButtons::OkCancel, BoxAnswer::Cancel);
     EXPECT_TRUE(platform.portOpen);
-    platform.expectBox(kFinish, BoxButtons::OkCancel, BoxAnswer::Ok);
-    EXPECT_TRUE(frmMain_QueryUnload());
+    expectEnd(true, kFinish, BoxButtons::OkCancel, BoxAnswer::Ok);
     EXPECT_FALSE(platform.portOpen);
+    showRows(2);
     PosiDirtyFlag = kSet;
-    for (const BoxAnswer answer : {BoxAnswer::Cancel, BoxAnswer::No}) {
-        platform.expectBox(kSaveFirst, BoxButtons::YesNoCancel, answer);
-        EXPECT_EQ(frmMain_QueryUnload(), answer == BoxAnswer::No);
-    }
-    GridFirst = PosiFirst = PosiLast = 1;
-    GridLast = GridRowCount = 2;
-    ClearPosiTable();
-    QdDataHyoji_3();
+    expectEnd(false, kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::Cancel);
+    expectEnd(true, kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::No);
     platform.expectBox(kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::Yes);
-    platform.expectScreen("frmSelectPosiNo3");
+    platform.expectScreen("frmSelectPosiNo3", [] { PosiLast = 1; });
     platform.expectBox("Write Data to the file,Yes?", BoxButtons::OkCancel, BoxAnswer::Ok);
     platform.expectFile({FileQuestion::Kind::Save, "Save Position Data as ...",
                          "Position Data(*.qdd)|*.qdd|All Files(*.*)|*.*", "qdd", "qdw8posi.qdd", "",
@@ -298,10 +301,7 @@ TEST_F(StartUp, ACloseDuringATransferEndsItAtTheNextRow) {
 
 TEST_F(StartUp, ACloseDuringAWriteTakesTheControllerOutOfTheWritingMode) {
     startOnLine();
-    GridFirst = PosiFirst = 1;
-    GridLast = PosiLast = GridRowCount = 99;
-    ClearPosiTable();
-    QdDataHyoji_3();
+    showRows(99);
     closeDuring(Command::cmdPosiLoad, 1500, [this] {
         platform.expectScreen("frmSelectPosiNo3");
         platform.expectBox("Data is transmitted to controller,Yes?", BoxButtons::OkCancel,

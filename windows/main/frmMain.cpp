@@ -32,6 +32,8 @@ constexpr int kLampSide = 16;
 constexpr int kSpacing = 6;
 constexpr int kFrameMargin = 4;
 constexpr int kButtonGap = 3;
+/// At the least; on the smallest screen, in Japanese, there is no more.
+constexpr int kLampGap = 2;
 
 // 12400 by 8250 and 15360 by 10755 twips, at 15 twips a pixel.
 constexpr QSize kSmallSize{827, 550};
@@ -127,10 +129,10 @@ QGroupBox* frmMain::makeStatusFrame() {
              makeLamp(*frame, "imgHomeGreen", "imgHomeWhite", kGreen, 217, 321),
              makeLamp(*frame, "imgAlarmLed", "imgAlarmWhite", kRed, 214, 0)};
     auto* lampRow = new QHBoxLayout;
-    lampRow->setSpacing(0);
+    lampRow->setSpacing(kLampGap);
     for (const Lamp& lamp : lamps) {
         auto* place = new QGridLayout;
-        place->setSpacing(kSpacing / 2);
+        place->setSpacing(kLampGap);
         place->addWidget(lamp.white, 0, 0);
         place->addWidget(lamp.coloured, 0, 0);
         place->addWidget(lamp.caption, 0, 1);
