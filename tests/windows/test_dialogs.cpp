@@ -1,29 +1,14 @@
 // The rows of dialogs.txt, and what takes more than a row.
 
-#include "app/string_table.h"
-#include "app/transfer_dialog.h"
+#include "every_window.h"
 #include "main_form.h"
 #include "parameter/factory_lists.h"
 #include "parameter/para_device.h"
 #include "platform/whole_file.h"
-#include "position/check_result.h"
-#include "position/posi_reader.h"
-#include "position/posi_verify.h"
 #include "setup/detail_edit.h"
 #include "support/boxes.h"
 #include "support/simulated_line.h"
 #include "windows/device/device_panels.h"
-#include "windows/device/frmDevice2.h"
-#include "windows/device/frmDevice3.h"
-#include "windows/dialogs/frmDataShogo.h"
-#include "windows/dialogs/frmGiveUp.h"
-#include "windows/dialogs/frmProcessing.h"
-#include "windows/dialogs/frmSelectPosiNo2.h"
-#include "windows/dialogs/frmSelectPosiNo3.h"
-#include "windows/dialogs/frmSelectPosiNo4.h"
-#include "windows/dialogs/frmSelection.h"
-#include "windows/dialogs/frmSyogoKekka.h"
-#include "windows/dialogs/frmTrance.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -174,6 +159,14 @@ protected:
             StartDeviceSelectFlag = FlagOf(name.endsWith("start"));
             ShowDevice2(parent);
             return device(0) + ", " + device(1) + (IsSet(DeviceCancelled) ? ", cancelled" : "");
+        }
+        if (name == "frmDevice3") {
+            Screens().frmParameta2Show = [this] { told << "parameters"; };
+            QTimer::singleShot(0, qApp, [] { EXPECT_EQ(KeepAxisFlag, kSet); });
+            ShowDevice3(parent);
+            EXPECT_EQ(KeepAxisFlag, kClear);
+            platform.run(2000);
+            return device(0) + ", " + device(1);
         }
         name.endsWith('2')   ? ShowSelectPosiNo2(parent)
         : name.endsWith('3') ? ShowSelectPosiNo3(parent)
@@ -360,18 +353,6 @@ TEST_F(Dialogs, OnlineWindowWritesIntoTheController) {
     dialog.close();
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_EQ(DeviceCancelled, kClear);
-}
-
-TEST_F(Dialogs, OnlineWindowGoesOnToTheParametersAndForgetsItsMask) {
-    int details = 0;
-    Screens().frmParameta2Show = [&details] { ++details; };
-    QTimer::singleShot(0, qApp, [] { EXPECT_EQ(KeepAxisFlag, kSet); });
-    user("comboDeviceStroke(0) -> 50 ; cmdSyosai");
-    ShowDevice3(nullptr);
-    EXPECT_EQ(KeepAxisFlag, kClear);
-    EXPECT_EQ(DevSettei[0].DevStroke, 50);
-    platform.run(2000);
-    EXPECT_EQ(details, 1);
 }
 
 } // namespace

@@ -1,28 +1,12 @@
 // Every window as it stands, in both languages, against forms.txt: a line for each control with its
 // caption, what a screen reader says, its tip, and whether it is off or hidden.
 
+#include "every_window.h"
 #include "main_form.h"
 #include "platform/whole_file.h"
-#include "position/check_result.h"
 #include "position/grid_display.h"
 #include "program/commands.h"
-#include "windows/device/frmDevice2.h"
-#include "windows/device/frmDevice3.h"
-#include "windows/dialogs/frmDataShogo.h"
-#include "windows/dialogs/frmGiveUp.h"
-#include "windows/dialogs/frmProcessing.h"
-#include "windows/dialogs/frmSelectPosiNo2.h"
-#include "windows/dialogs/frmSelectPosiNo3.h"
-#include "windows/dialogs/frmSelectPosiNo4.h"
-#include "windows/dialogs/frmSelection.h"
 #include "windows/dialogs/frmSplash.h"
-#include "windows/dialogs/frmSyogoKekka.h"
-#include "windows/dialogs/frmTrance.h"
-
-#include "app/string_table.h"
-#include "app/transfer_dialog.h"
-#include "position/posi_reader.h"
-#include "position/posi_verify.h"
 
 #include <QAction>
 #include <QComboBox>

@@ -50,16 +50,13 @@ TEST_F(MainWindow, ShowsTheCommandStates) {
 }
 
 TEST_F(MainWindow, ShowsThePanel) {
-    const std::vector<std::tuple<bool MainPanel::*, const char*, const char*, QString, QString>>
-        lamps{
-            {&MainPanel::imgPortGreen, "imgPortGreen", "imgPortLed", "RS-232C: OFF", "RS-232C: ON"},
-            {&MainPanel::imgGreenLedOnline, "imgGreenLedOnline", "imgWhiteOnline",
-             "ONLINE: Offline", "ONLINE: Online"},
-            {&MainPanel::imgHomeGreen, "imgHomeGreen", "imgHomeWhite", "Home: OFF", "Home: ON"},
-            {&MainPanel::imgAlarmLed, "imgAlarmLed", "imgAlarmWhite", "ALARM: OFF", "ALARM: ON"}};
-    for (const auto& [field, coloured, white, off, on] : lamps) {
+    const std::vector<std::tuple<bool MainPanel::*, const char*, const char*, QString>> lamps{
+        {&MainPanel::imgPortGreen, "imgPortGreen", "imgPortLed", "RS-232C: ON"},
+        {&MainPanel::imgGreenLedOnline, "imgGreenLedOnline", "imgWhiteOnline", "ONLINE: Online"},
+        {&MainPanel::imgHomeGreen, "imgHomeGreen", "imgHomeWhite", "Home: ON"},
+        {&MainPanel::imgAlarmLed, "imgAlarmLed", "imgAlarmWhite", "ALARM: ON"}};
+    for (const auto& [field, coloured, white, on] : lamps) {
         EXPECT_FALSE(isLit(coloured)) << coloured;
-        EXPECT_EQ(Get<QLabel>(*window, white).accessibleName(), off);
         SetPanel(field, true);
         EXPECT_TRUE(isLit(coloured)) << coloured;
         EXPECT_EQ(Get<QLabel>(*window, coloured).accessibleName(), on);
