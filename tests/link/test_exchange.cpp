@@ -10,7 +10,6 @@
 #include "link/link_fixture.h"
 #include "link/port.h"
 #include "link/receiver.h"
-#include "platform/fault.h"
 
 #include <fstream>
 
@@ -87,22 +86,6 @@ TEST_F(ExchangeTest, FaultHasATextOfItsOwnInJapanese) {
     SendCtCommandOnce("0RH", 6);
     ASSERT_EQ(platform.boxes.size(), 2U);
     EXPECT_NE(platform.boxes[0], platform.boxes[1]);
-}
-
-TEST_F(ExchangeTest, LineSettingsAreWrittenBehindTheOpen) {
-    SerialControl& port = MSComm1();
-    port.SetCDTimeout = [this](int ms) { platform.events.push_back("CD " + std::to_string(ms)); };
-    port.SetHandshaking = [this](int kind) {
-        platform.events.push_back("handshaking " + std::to_string(kind));
-    };
-    PortNo = 9;
-    EXPECT_EQ(OpenCtPort(), 0);
-    EXPECT_EQ(OpenCtPort(), 0) << "an open port is left as it is";
-    EXPECT_EQ(platform.events, (std::vector<std::string>{"open 9", "settings 9600,N,8,1", "CD 3000",
-                                                         "handshaking 0"}));
-    CloseCtPortForce();
-    port.SetHandshaking = [](int) { throw Fault("refused"); };
-    EXPECT_EQ(OpenCtPort(), 1);
 }
 
 TEST(Waits, NestedWaitsTakeTheirOwnTimeAndSixTriesAreSix) {

@@ -200,8 +200,9 @@ private:
     }
     void inTheBox(const std::string& line) {
         ThePlatform().ShowMessageBox = [this, line, old = ThePlatform().ShowMessageBox](auto& box) {
-            bench.platform.boxes.size() < 5 ? play(line) : void();
-            return old(box);
+            const BoxAnswer answer = old(box);
+            platform.boxes.size() < 5 ? play(line) : void();
+            return answer;
         };
     }
     void hold(const std::string& what) {
@@ -253,6 +254,16 @@ private:
              EXPECT_EQ(TheTransferDialog().lblSetumei, text);
              EXPECT_FALSE(TheTransferDialog().cancelShown);
          }},
+        {"watch",
+         [this](auto&) {
+             MSComm1().SetSettings = [this](auto& text) {
+                 platform.events.push_back(platform.portOpen ? "bar " + text : "");
+             };
+             MSComm1().SetCDTimeout = MSComm1().SetHandshaking = [this](int number) {
+                 platform.events.push_back("bar " + std::to_string(number));
+             };
+         }},
+        {"refuse", [](auto&) { MSComm1().SetHandshaking = [](int) { throw Fault("refused"); }; }},
         {"hold", [this](auto& what) { hold(what); }},
         {"free", [this](auto&) { held.clear(); }},
         {"stored",
