@@ -3,11 +3,13 @@
 #include "platform/fault.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
 #include <iconv.h>
 #include <iterator>
+#include <utility>
 #include <vector>
 
 namespace qdw8 {
@@ -24,9 +26,9 @@ std::size_t SequenceLength(unsigned char lead) {
     return lead >= 0xC0 ? 2 : 1;
 }
 
-/// Length of the character that can't be converted and begins this UTF-8 text. Broken sequences
-/// count up to their last byte that is none of another.
-std::size_t LackingLength(std::string_view text) {
+/// Length of the character that begins this UTF-8 text. Broken sequences count up to their last
+/// byte that is none of another.
+std::size_t CharacterLength(std::string_view text) {
     const std::size_t whole = SequenceLength(static_cast<unsigned char>(text[0]));
     for (std::size_t i = 1; i < whole; ++i) {
         if (i >= text.size() || (static_cast<unsigned char>(text[i]) & 0xC0U) != 0x80U) {
@@ -105,20 +107,25 @@ std::string NameOf(std::string_view character) {
 std::string ToCp932(std::string_view utf8) {
     return Convert("CP932", "UTF-8", utf8, [](std::string_view rest, std::string& result) {
         result += '?';
-        return LackingLength(rest);
+        return CharacterLength(rest);
     });
 }
 
 std::string LackingInCp932(std::string_view utf8, std::size_t limit) {
+    // One character comes back for each that goes there.
+    const std::string returned = FromCp932(ToCp932(utf8));
+    std::string_view back = returned;
     std::vector<std::string> names;
-    Convert("CP932", "UTF-8", utf8, [&](std::string_view rest, std::string&) {
-        const std::size_t length = LackingLength(rest);
-        const std::string name = names.size() <= limit ? NameOf(rest.substr(0, length)) : "";
+    while (!utf8.empty() && !back.empty() && names.size() <= limit) {
+        const std::string_view one = utf8.substr(0, CharacterLength(utf8));
+        const std::string_view other = back.substr(0, CharacterLength(back));
+        utf8.remove_prefix(one.size());
+        back.remove_prefix(other.size());
+        const std::string name = one == other ? "" : NameOf(one);
         if (!name.empty() && std::find(names.begin(), names.end(), name) == names.end()) {
             names.push_back(name);
         }
-        return length;
-    });
+    }
     if (names.size() > limit) {
         names[limit] = "...";
     }
@@ -127,6 +134,18 @@ std::string LackingInCp932(std::string_view utf8, std::size_t limit) {
         list += (list.empty() ? "" : " ") + name;
     }
     return list;
+}
+
+std::string WithCp932Signs(std::string_view utf8) {
+    static constexpr std::array<std::pair<std::string_view, std::string_view>, 4> kSigns{
+        {{"\u301C", "\uFF5E"}, {"\u2212", "\uFF0D"}, {"\u2014", "\u2015"}, {"\u2016", "\u2225"}}};
+    std::string text(utf8);
+    for (const auto& [typed, sign] : kSigns) {
+        for (std::size_t at = text.find(typed); at != text.npos; at = text.find(typed, at)) {
+            text.replace(at, typed.size(), sign); // of the same length
+        }
+    }
+    return text;
 }
 
 std::string FromCp932(std::string_view bytes) {

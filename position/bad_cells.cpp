@@ -2,32 +2,37 @@
 
 #include "position/check_result.h"
 #include "position/flex_grid.h"
+#include "position/posi_table.h"
 
 namespace qdw8 {
 namespace {
 
-void Mark(bool (*isBad)(int position, int tableColumn)) {
-    FreezeGrid();
-    const int rows = static_cast<int>(flgdData().rows.size());
-    for (int row = kGridHeadRows; row < rows; ++row) {
-        for (int column = 1; column < kGridCommentColumn; ++column) {
-            SetGridBad(row, column, isBad(row - kGridHeadRows + GridFirst, column - 1));
-        }
-    }
-    ThawGrid();
+bool IsBad(int position, int tableColumn) {
+    return IsSet(
+        PosiCellError[static_cast<std::size_t>(tableColumn)][static_cast<std::size_t>(position)]);
 }
 
 } // namespace
 
 void MarkBadCells() {
-    Mark([](int position, int tableColumn) {
-        return IsSet(PosiCellError[static_cast<std::size_t>(tableColumn)]
-                                  [static_cast<std::size_t>(position)]);
-    });
+    FreezeGrid();
+    for (int position = PosiFirst; position <= PosiLast; ++position) {
+        for (int column = 0; column < kComment; ++column) {
+            SetGridBad(position - GridFirst + kGridHeadRows, column + 1, IsBad(position, column));
+        }
+    }
+    ThawGrid();
 }
 
 void ClearBadCells() {
-    Mark([](int, int) { return false; });
+    FreezeGrid();
+    const int rows = static_cast<int>(flgdData().rows.size());
+    for (int row = kGridHeadRows; row < rows; ++row) {
+        for (int column = 1; column < kGridCommentColumn; ++column) {
+            SetGridBad(row, column, false);
+        }
+    }
+    ThawGrid();
 }
 
 } // namespace qdw8

@@ -35,7 +35,7 @@ double PulsesOf(std::size_t axis, double mm) {
 /// An empty cell holds no data; blanks alone do.
 bool PassesCheck(int column, const std::string& text) {
     const auto number = text.empty() ? std::nullopt : CellNumber(column, text);
-    if (!number || *number < 0) {
+    if (!number) {
         return false;
     }
     const PosiColumn& kind = ColumnOf(column);
@@ -132,11 +132,11 @@ void CheckRows() {
 
 PosiCheck RunCheck() {
     CheckRows();
+    MarkBadCells();
     if (PosiErrorCount == 0) {
         return PosiCheck::Committed;
     }
     SyogoMode = 0;
-    MarkBadCells();
     Screens().frmSyogoKekka();
     ClearPosiErrors();
     PosiErrorCount = 0;
@@ -158,7 +158,6 @@ PosiCheck PosiDataCheck3() {
     ClearPosiErrors();
     PosiRowError.fill(kClear);
     PosiErrorCount = 0;
-    ClearBadCells();
     if (flgdData().rows.size() == kGridHeadRows) {
         GridFirst = GridLast = 0;
     }

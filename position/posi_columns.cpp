@@ -2,6 +2,7 @@
 
 #include "app/number_forms.h"
 #include "device/axis_device.h"
+#include "platform/cp932_text.h"
 
 #include <algorithm>
 #include <array>
@@ -143,10 +144,11 @@ bool PassesFilter(int tableColumn, char32_t character) {
 }
 
 std::optional<double> CellNumber(int tableColumn, std::string_view text) {
-    if (WithoutBlanks(text).empty()) {
+    text = WithoutBlanks(text);
+    if (text.empty()) {
         return 0;
     }
-    const auto number = NumberOfCell(text);
+    const auto number = text.front() == '-' ? std::nullopt : NumberOfCell(text);
     const bool inMm = ColumnOf(tableColumn).item == kPosi && IsSet(DispMmFlag);
     if (number && !inMm && *number != std::trunc(*number)) {
         return std::nullopt;
@@ -158,7 +160,7 @@ BoundText BoundCellText(int tableColumn, std::string_view text) {
     const int room = ColumnOf(tableColumn).editLength;
     if (tableColumn == kComment) {
         const std::size_t length = LengthOf(text, room);
-        BoundText bound{std::string(text.substr(0, length)), length < text.size()};
+        BoundText bound{WithCp932Signs(text.substr(0, length)), length < text.size()};
         std::replace(bound.text.begin(), bound.text.end(), '"', '\'');
         return bound;
     }

@@ -55,8 +55,9 @@ PosiLimits LimitsOf(int tableColumn);
 bool PassesFilter(int tableColumn, char32_t character);
 
 /// The number that a cell holds: blanks at its ends don't count, and nothing but blanks is 0, as
-/// ever. Nothing for a text that is not wholly one number, or for a fraction in a column of whole
-/// numbers (all but the positions in mm). Limits aren't looked at.
+/// ever. Nothing for a text that is not wholly one number, for a figure with a sign ("-0" too,
+/// which may be what a cut left of a negative one), or for a fraction in a column of whole numbers
+/// (all but the positions in mm). Limits aren't looked at.
 std::optional<double> CellNumber(int tableColumn, std::string_view text);
 
 /// A text as a cell can hold it, which is never longer than its edit box.
@@ -65,9 +66,9 @@ struct BoundText {
     bool cut = false; ///< characters were lost
 };
 /// A comment is cut to its 40 characters, and a double quote in it becomes an apostrophe: no file
-/// could hold it. A number too long is written shorter, and of a position in mm decimals are cut.
-/// Anything else that is too long ends in "#" behind what there is room for: a text that is cut
-/// must never turn into another number.
+/// could hold it. Signs that come in two ways are those of the file. A number too long is written
+/// shorter, and of a position in mm decimals are cut. Anything else that is too long ends in "#"
+/// behind what there is room for: a text that is cut must never turn into another number.
 BoundText BoundCellText(int tableColumn, std::string_view text);
 
 } // namespace qdw8

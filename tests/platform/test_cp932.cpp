@@ -31,7 +31,8 @@ TEST(Cp932, WhatCannotBeConvertedBecomesAQuestionMarkAndTheRestStays) {
 }
 
 TEST(Cp932, WhatThePageLacksIsNamedOnceInOrderAndUpToALimit) {
-    EXPECT_EQ(LackingInCp932("\"位置～①\",1\r\n"), "");
+    EXPECT_EQ(LackingInCp932("\"位置～①?－\",1\r\n"), "");
+    EXPECT_EQ(LackingInCp932("a\\b¥c〜\x80é¥‾"), "¥ 〜 U+FFFD é ‾"); // comes back as another
     EXPECT_EQ(LackingInCp932("aébé\U0001F600, ü"), "é \U0001F600 ü");
     EXPECT_EQ(LackingInCp932("éüéß", 2), "é ü ...");
     EXPECT_EQ(LackingInCp932("éüé", 2), "é ü");

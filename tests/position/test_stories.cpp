@@ -18,6 +18,7 @@
 #include <filesystem>
 #include <functional>
 #include <map>
+#include <utility>
 
 /// Tells the stories in stories/ in the words of the tables below. After each "do" everything asked
 /// for must have come, and the program must be at rest.
@@ -102,6 +103,17 @@ private:
         ExpectAtRest(platform);
         EXPECT_EQ(flgdData().locked + flgdData().frozen, 0);
     }
+    /// Runs a command when the program waits for the answer to a frame for the first time.
+    void runDuring(Args& args) {
+        const std::string frame = Word(args);
+        platform.onOutput = [this, frame, run = kCommands.at(Word(args)),
+                             send = platform.onOutput](const std::string& t) mutable {
+            if (run != nullptr && t.starts_with(frame)) {
+                platform.after(0, std::exchange(run, nullptr));
+            }
+            send(t);
+        };
+    }
     void edit(Args& args, int key, bool accepted) {
         platform.beeps = 0;
         ASSERT_TRUE(StartEdit());
@@ -171,6 +183,7 @@ private:
          [this](Args& a) {
              line.controller.setAxisMask(static_cast<unsigned>(std::stoi(Word(a), nullptr, 2)));
          }},
+        {"during", [this](Args& a) { runDuring(a); }},
         {"stroke", [](Args& a) { DevSetting[0].DevStroke = static_cast<std::int16_t>(Number(a)); }},
         {"pulses-a-turn",
          [](Args& a) { DevSetting[3].DevPPR = static_cast<std::int16_t>(Number(a)); }},
@@ -295,6 +308,12 @@ private:
          [](Args& a) {
              const auto [row, column] = place(a);
              return GridText(row, column);
+         }},
+        {"marked",
+         [](Args& a) {
+             const auto [row, column] = place(a);
+             const auto& bad = flgdData().rows[static_cast<std::size_t>(row)].bad;
+             return bad.test(static_cast<std::size_t>(column)) ? "yes" : "no";
          }},
         {"table",
          [](Args& a) {
