@@ -118,7 +118,7 @@ double WriteTable() {
         }
     }
     const auto begin = Clock::now();
-    const bool good = qdw8::WritePosidataToCt() == qdw8::LineResult::Done;
+    const bool good = qdw8::WritePosidataToCt(qdw8::TakePosiFrames()) == qdw8::LineResult::Done;
     return good ? SecondsSince(begin) : -1;
 }
 

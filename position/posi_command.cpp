@@ -2,12 +2,13 @@
 
 #include "app/command_states.h"
 #include "app/screens.h"
+#include "position/check_result.h"
 #include "position/flex_grid.h"
 #include "position/grid_cursor.h"
 #include "position/grid_display.h"
 #include "position/posi_table.h"
 
-#include <memory>
+#include <type_traits>
 
 namespace qdw8 {
 namespace {
@@ -57,6 +58,26 @@ void RangesBefore::putBack() const {
 
 WholeGridAfter::~WholeGridAfter() {
     TakeWholeGrid();
+}
+
+struct OuterWorkKept::Work {
+    RangesBefore ranges;
+    std::remove_reference_t<decltype(PosiRowError)> rowError = PosiRowError;
+    std::remove_reference_t<decltype(PosiCellError)> cellError = PosiCellError;
+    std::int16_t errorCount = PosiErrorCount;
+    std::int16_t syogoMode = SyogoMode;
+};
+
+OuterWorkKept::OuterWorkKept() : work(state.depth > 0 ? std::make_unique<Work>() : nullptr) {}
+
+OuterWorkKept::~OuterWorkKept() {
+    if (work) {
+        work->ranges.putBack();
+        PosiRowError = work->rowError;
+        PosiCellError = work->cellError;
+        PosiErrorCount = work->errorCount;
+        SyogoMode = work->syogoMode;
+    }
 }
 
 void ResetPositionCommand() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 /// What the commands of the position document have in common.
 namespace qdw8 {
@@ -41,6 +42,22 @@ public:
     ~WholeGridAfter();
     WholeGridAfter(const WholeGridAfter&) = delete;
     WholeGridAfter& operator=(const WholeGridAfter&) = delete;
+};
+
+/// For a command that can begin in the middle of another one, as the save does that is offered when
+/// the program is to end: if a command ran when the object was made, its working range and the
+/// marks of its check are put back when the object goes. If the program stays after all, that
+/// command goes on with the rows that were chosen for it, and with no others.
+class OuterWorkKept {
+public:
+    OuterWorkKept();
+    ~OuterWorkKept();
+    OuterWorkKept(const OuterWorkKept&) = delete;
+    OuterWorkKept& operator=(const OuterWorkKept&) = delete;
+
+private:
+    struct Work;
+    std::unique_ptr<Work> work; ///< none: no command ran
 };
 
 /// Part of `ResetPositions`: no command runs.

@@ -141,6 +141,7 @@ bool SaveWithTries(const std::string& path) {
 /// Runs the steps of a save command between the commands being taken away and given back. The
 /// steps say whether a file was written.
 template<typename Steps> void RunSave(Steps steps) {
+    const OuterWorkKept outer;
     const PositionCommand command;
     const WholeGridAfter wholeGrid;
     SaveCancelledFlag = kClear;

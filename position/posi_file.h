@@ -19,7 +19,8 @@ std::int16_t SaveFileAs2(const std::string& fileName);
 
 /// `mnuFileSave` and its kin: saves the whole grid to the file that was opened or written last;
 /// asks for a name when there is none. Characters of the comments that the file's code page lacks
-/// are named before they are replaced, here and in `SavePosiFileAs`.
+/// are named before they are replaced, here and in `SavePosiFileAs`. Both may run in the middle of
+/// another command, whose range and marks stay.
 void SavePosiFile();
 /// `mnuFileSaveAs`: asks for a range and a name. Afterwards the working range is the whole grid.
 void SavePosiFileAs();

@@ -24,6 +24,7 @@ struct State {
     std::int16_t first = 0;
     std::int16_t last = 0;
     std::array<std::string, kAxes> newOldText;
+    Flag readFail = kClear;
     Flag commentCut = kClear;
     bool leftOpen = false; ///< a file that was refused for its first field is left open
 };
@@ -106,9 +107,11 @@ void ReadBody(FieldReader fields) {
 std::int16_t& FileFirst = state.first;
 std::int16_t& FileLast = state.last;
 std::array<std::string, kAxes>& FileNewOldText = state.newOldText;
+Flag& FileReadFailFlag = state.readFail;
 Flag& FileCommentCut = state.commentCut;
 
 std::int16_t ReadPosiFile(const std::string& path) {
+    FileReadFailFlag = kClear;
     FileCommentCut = kClear;
     if (state.leftOpen) {
         state.leftOpen = false;
@@ -118,6 +121,7 @@ std::int16_t ReadPosiFile(const std::string& path) {
         FieldReader fields(ReadWholeFile(path));
         if (fields.next() != "QD-K8") {
             state.leftOpen = true;
+            FileReadFailFlag = kSet;
             ShowTexts({21, 20});
             return 0;
         }

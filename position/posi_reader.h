@@ -13,7 +13,8 @@ extern std::int16_t& FileFirst; ///< first and last row number met in the file l
 extern std::int16_t& FileLast;
 /// "(New)" or "(Old)" per axis of the file last read.
 extern std::array<std::string, kAxes>& FileNewOldText;
-extern Flag& FileCommentCut; ///< -1: a comment of the file last read was cut to its 40 characters
+extern Flag& FileReadFailFlag; ///< -1: the file last read was refused, it is no position file
+extern Flag& FileCommentCut;   ///< -1: a comment of the file last read was cut to its 40 characters
 
 /// Reads a file into `PosiStage` (fields as they stand; rows that the file lacks keep what they
 /// held), `FileFirst`, `FileLast`, `FileDevText`, `FileNewOld` and `FileNewOldText`. `FileAxisOff`

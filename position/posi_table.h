@@ -19,7 +19,6 @@ namespace qdw8 {
 
 inline constexpr int kPosiRows = 1000;
 inline constexpr int kLastPosition = 999;
-/// Table columns 0 to 15 are four blocks of "VEL", "ACC", "WAY", "Posi", one for each axis.
 /// Position files `.qdd`.
 inline constexpr FileKind kPosiFile{351, "qdd"};
 

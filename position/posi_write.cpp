@@ -10,9 +10,6 @@
 #include "position/posi_columns.h"
 #include "position/posi_table.h"
 
-#include <exception>
-#include <vector>
-
 namespace qdw8 {
 namespace {
 
@@ -24,10 +21,10 @@ bool IsWholeRow(const std::string& row) {
     return row.size() == kRowLength && row.find_first_not_of("0123456789ABCDEF") == row.npos;
 }
 
-/// The frames of the working range. The echo of the position number is the whole verification.
-/// Faults on a row that has no form on the line: nothing goes out then.
-std::vector<LineWrite> BuildRows() {
-    std::vector<LineWrite> writes;
+} // namespace
+
+PosiFrames TakePosiFrames() {
+    PosiFrames frames{{}, PosiLast - PosiFirst + 1};
     for (std::int16_t position = PosiFirst; position <= PosiLast; ++position) {
         const auto index = static_cast<std::size_t>(position) - 1;
         if (IsSet(PosiRowError[index])) {
@@ -38,13 +35,12 @@ std::vector<LineWrite> BuildRows() {
             throw Fault("a row has no form on the line");
         }
         PosiFrameText[index] = row;
-        writes.push_back(
+        // The echo of the position number is the whole verification.
+        frames.writes.push_back(
             {[row] { return WritePosiRow(row); }, "0WP" + row.substr(0, kNumberLength)});
     }
-    return writes;
+    return frames;
 }
-
-} // namespace
 
 std::string PosiRowText(std::int16_t position) {
     const PosiRow& row = PosiTable[static_cast<std::size_t>(position)];
@@ -56,19 +52,13 @@ std::string PosiRowText(std::int16_t position) {
     return text;
 }
 
-LineResult WritePosidataToCt() {
-    try {
-        const LineResult result =
-            SendMany(BuildRows(), {PosiLast - PosiFirst + 1, 383, /*cancel=*/true});
-        CloseCtPort();
-        if (result == LineResult::WrongEcho) {
-            CommErrorFlag = kSet; // the answer to another row: this line is out of step
-        }
-        return result;
-    } catch (const std::exception&) {
-        ShowWrongData();
-        return LineResult::Failed;
+LineResult WritePosidataToCt(const PosiFrames& frames) {
+    const LineResult result = SendMany(frames.writes, {frames.rows, 383, /*cancel=*/true});
+    CloseCtPort();
+    if (result == LineResult::WrongEcho) {
+        CommErrorFlag = kSet; // the answer to another row: this line is out of step
     }
+    return result;
 }
 
 } // namespace qdw8

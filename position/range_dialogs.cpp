@@ -68,20 +68,21 @@ VerifyRangeTexts VerifyRangePreset() {
 }
 
 bool TakeVerifyRange(const RangeTexts& texts) {
-    const auto start = NumberOfCell(texts.start);
-    const auto end = NumberOfCell(texts.end);
-    if (start && end && *start > *end) {
+    // A field without a number counts as 0.
+    const double start = NumberOfCell(texts.start).value_or(0);
+    const double end = NumberOfCell(texts.end).value_or(0);
+    if (start > end) {
         return false;
     }
     const int first = PositionIn(texts.start);
     const int last = PositionIn(texts.end);
     bool valid = first != 0 && last != 0;
-    if (start.value_or(0) < VerifyFirst) {
+    if (start < VerifyFirst) {
         valid = false;
     } else if (first != 0) {
         PosiFirst = static_cast<std::int16_t>(first);
     }
-    if (end && *end > VerifyLast) {
+    if (end > VerifyLast) {
         valid = false;
     } else if (last != 0) {
         PosiLast = static_cast<std::int16_t>(last);

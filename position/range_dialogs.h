@@ -33,7 +33,8 @@ struct VerifyRangeTexts {
 VerifyRangeTexts VerifyRangePreset();
 /// Takes a range inside the common one. True: the dialog may close. False: it stays; a box has told
 /// that a number is not valid, but of the two a number inside its own limit has been set all the
-/// same. A start behind the end is refused without a box, and nothing is set.
+/// same. A start behind the end, or with an
+/// empty end, is refused without a box, and nothing is set.
 bool TakeVerifyRange(const RangeTexts& texts);
 
 /// Called when a range dialog opens, and when it is left by Cancel or by closing it.

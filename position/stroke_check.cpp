@@ -66,8 +66,9 @@ bool GoesTooFar(int gridRow) {
             continue;
         }
         const int column = kAxisColumns * (static_cast<int>(axis) + 1);
-        const auto shown = CellNumber(column - 1, GridText(gridRow, column));
-        if (!shown || RoundHalfEven(*shown) > CtStrokeLimit[axis]) {
+        // Any text counts by its leading number here: the rows that go out have been judged by
+        // the check, and those looked at here may be others.
+        if (RoundHalfEven(NumberFromText(GridText(gridRow, column))) > CtStrokeLimit[axis]) {
             return true;
         }
     }

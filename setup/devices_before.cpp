@@ -15,4 +15,8 @@ void DevicesBefore::putBackButAxes() const {
     ParaSet = parameters;
 }
 
+bool DevicesBefore::haveChanged() const {
+    return AxisOff != off || DevSetting != setting;
+}
+
 } // namespace qdw8

@@ -17,6 +17,8 @@ public:
     void putBack() const;
     /// The same but for the axes in use.
     void putBackButAxes() const;
+    /// True if the program works with other axes or actuators now.
+    bool haveChanged() const;
 
 private:
     std::array<AxisDevice, kAxes> setting = DevSetting;

@@ -129,6 +129,10 @@ bool Open(const DevicesBefore& before) {
     CalcMaxStrokeMm();
     ShowUnitScale();
     TakePosiFile(answer->path);
+    if (IsSet(FileReadFailFlag)) {
+        // What is shown is not out of this file, which some other program may need as it is.
+        PosiFilePath.clear();
+    }
     PosiDirtyFlag = kClear;
     if (IsSet(FileCommentCut)) {
         ShowTexts({3020});

@@ -12,6 +12,8 @@
 #include "position/posi_table.h"
 #include "position/posi_transfer.h"
 #include "setup/controller_settings.h"
+#include "setup/devices_before.h"
+#include "setup/recheck_positions.h"
 
 #include <exception>
 
@@ -26,8 +28,9 @@ bool OfferToSave() {
     switch (AskBox(ResText(369), BoxButtons::YesNoCancel)) {
     case BoxAnswer::Yes:
         SavePosiFileAs();
-        // What the user wanted to keep is not overwritten because saving it was broken off.
-        return !IsSet(SaveCancelledFlag);
+        // What the user wanted to keep is not overwritten because saving it was broken off, or
+        // because only a part of it was saved.
+        return !IsSet(SaveCancelledFlag) && !IsSet(PosiDirtyFlag);
     case BoxAnswer::No: return true;
     default: return false;
     }
@@ -65,7 +68,7 @@ bool ReadChosenRange() {
         ShowBox(compared == 1 ? TextLines({108, 425}) : ResText(108));
         return false;
     }
-    PosiFirst = first; // devices taken over bring a check of the whole grid with them
+    PosiFirst = first; // a save that was offered meanwhile may have moved them
     PosiLast = last;
     const LineResult result = ReadPosidataFromCt();
     if (result == LineResult::Cancelled && !IsSet(ProgramEndFlag)) {
@@ -79,17 +82,21 @@ void Read() {
         return;
     }
     const RangesBefore before;
+    const DevicesBefore devices;
     bool read = false;
     try {
         read = AskRange() && ReadChosenRange();
     } catch (const std::exception&) {
-        before.putBack();
-        throw;
+        ShowTexts({108});
     }
     if (read) {
         ShowWhatCame();
     } else {
         before.putBack();
+        // Rows that come are the controller's own; those that stay stand on its devices now.
+        if (devices.haveChanged() && !IsSet(ProgramEndFlag)) {
+            RecheckPositions();
+        }
     }
 }
 

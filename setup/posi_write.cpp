@@ -14,21 +14,29 @@
 #include "setup/device_bytes.h"
 
 #include <exception>
+#include <optional>
 
 namespace qdw8 {
 namespace {
 
-/// Range, check and confirmation. False: nothing goes out.
-bool AskWhatToWrite() {
+/// Range, check and confirmation. Nothing: nothing goes out.
+std::optional<PosiFrames> AskWhatToWrite() {
     if (Check_flgdLineNo() != 0) {
-        return false;
+        return std::nullopt;
     }
     Screens().frmSelectPosiNo3();
     if (IsSet(RangeCancelFlag)) {
         RangeCancelFlag = kClear;
-        return false;
+        return std::nullopt;
     }
-    return TableTakesGrid(397) && AskBox(ResText(375), BoxButtons::OkCancel) == BoxAnswer::Ok;
+    if (!TableTakesGrid(397)) {
+        return std::nullopt;
+    }
+    PosiFrames frames = TakePosiFrames();
+    if (AskBox(ResText(375), BoxButtons::OkCancel) != BoxAnswer::Ok) {
+        return std::nullopt;
+    }
+    return frames;
 }
 
 /// Axes and actuators are those of the controller. False: the command ends.
@@ -52,14 +60,14 @@ bool SettingsAgree() {
 
 /// What is written in the writing mode. A run that stops before its last row leaves the controller
 /// in it, so that nothing moves by half a table; the end of the program ends it.
-void WriteRows() {
+void WriteRows(const PosiFrames& frames) {
     WritingMode mode;
     if (!mode.begin()) {
         return;
     }
     LineResult result = LineResult::Failed;
     if (SettingsAgree() && PosiKakikomimaeParaCheck() == 0) {
-        result = WritePosidataToCt();
+        result = WritePosidataToCt(frames);
     }
     if (result == LineResult::Done) {
         mode.end(kRetries + 1);
@@ -70,13 +78,14 @@ void WriteRows() {
 }
 
 void Write() {
-    if (!AskWhatToWrite()) {
+    const auto frames = AskWhatToWrite();
+    if (!frames) {
         return;
     }
     MsecTimer(1); // what is pending of events runs before the first frame
     const LineBatch batch;
     if (StandsStill(OnFailure::Silent)) {
-        WriteRows();
+        WriteRows(*frames);
     }
 }
 

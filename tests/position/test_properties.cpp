@@ -73,7 +73,7 @@ TEST_F(AnyTable, SurvivesFileControllerClipboardAndUnit) {
         const std::int16_t first = GridFirst;
         const std::int16_t last = GridLast;
         const auto showStage = [&](auto&& read) {
-            ASSERT_EQ(WritePosidataToCt(), LineResult::Done);
+            ASSERT_EQ(WritePosidataToCt(TakePosiFrames()), LineResult::Done);
             ClearPosiTable();
             ResetGrid();
             read();

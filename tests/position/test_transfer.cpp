@@ -1,5 +1,6 @@
 #include "app/number_forms.h"
 #include "app/screens.h"
+#include "platform/fault.h"
 #include "platform/whole_file.h"
 #include "position/posi_file.h"
 #include "position/posi_transfer.h"
@@ -157,13 +158,11 @@ TEST_F(Transfer, ASaveInTheMiddleOfAReadSavesTheGridAsItStands) {
 TEST_F(Transfer, ARowWithoutAFormOnTheLineKeepsAllRowsBack) {
     for (const double wrong : {1048576.0, -1.0, 1e12}) {
         PosiTable[7].number[kPosi] = wrong;
-        platform.expectBox(box::kWrongData);
-        EXPECT_EQ(WritePosidataToCt(), LineResult::Failed);
+        EXPECT_THROW(TakePosiFrames(), Fault);
     }
-    EXPECT_TRUE(platform.sent.empty());
     PosiRowError[6] = kSet; // a marked row is left out
     PosiFirst = 6;
-    EXPECT_EQ(WritePosidataToCt(), LineResult::Done);
+    EXPECT_EQ(WritePosidataToCt(TakePosiFrames()), LineResult::Done);
     EXPECT_EQ(platform.sent[1].substr(0, 6), "0WP008");
 }
 
