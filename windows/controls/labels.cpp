@@ -34,7 +34,7 @@ void FieldLabel::setValue(const QString& caption, const QString& value) {
         setText(value);
         setToolTip(value);
     }
-    const QString name = caption + QLatin1Char(' ') + value;
+    const QString name = QString(caption + QLatin1Char(' ') + value).trimmed();
     if (name != accessibleName()) {
         setAccessibleName(name);
     }

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QTextLayout>
 #include <QVBoxLayout>
 
@@ -26,6 +27,14 @@ QString Broken(const QString& text, const QFont& font, int width) {
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(width);
+        // Japanese may break anywhere; behind a comma or a full stop it reads best.
+        const int start = line.textStart();
+        const int end = start + line.textLength();
+        const auto stop =
+            text.lastIndexOf(QRegularExpression(QStringLiteral("[\u3001\u3002]")), end - 1);
+        if (end < text.size() && stop > start + line.textLength() / 2) {
+            line.setNumColumns(static_cast<int>(stop) - start + 1);
+        }
         lines << text.mid(line.textStart(), line.textLength()).trimmed();
     }
     layout.endLayout();
