@@ -13,6 +13,7 @@
 #include "parameter/para_device.h"
 #include "parameter/para_fields.h"
 #include "parameter/para_file.h"
+#include "parameter/sample_sets.h"
 #include "platform/whole_file.h"
 #include "position/posi_file.h"
 #include "position/posi_transfer.h"
@@ -243,6 +244,10 @@ private:
         {"off-line", [] { return mnuSettingsOffline_Click(), 0; }},
         {"open-positions", [] { return OpenPosiFile(), 0; }},
         {"take-parameters", TakeDevicesOfParaSet},
+        {"take-image", TakeParameterDevices},
+        {"complete", [] { return CompleteAxes() ? 1 : 0; }},
+        {"choose", SelectDeviceAndLoadFactory},
+        {"max-pulses", [] { return Culc_MaxPulse2(), 0; }},
         {"reflect", [] { return ReflectFileDevice2PcDevice(), 0; }},
         {"copy", [] { return LetDevSettingToDevSettei(), 0; }},
         {"read", GetParametaValue},
@@ -261,6 +266,7 @@ private:
         // what there is
         {"agree", [this](Args&) { agree(); }},
         {"on-line", [](Args&) { GoOnLine(), OpenCtPort(); }},
+        {"sample", [](Args&) { ParaSet = SampleSet(); }},
         {"axes", [](Args& a) { SetAxisOffByMask(AxisOff, MaskOf(Word(a))); }},
         {"file-axes", [](Args& a) { SetAxisOffByMask(FileAxisOff, MaskOf(Word(a))); }},
         {"controller-axes",
