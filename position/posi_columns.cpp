@@ -127,6 +127,16 @@ PosiLimits LimitsOf(int tableColumn) {
     return limits;
 }
 
+PosiLimits TypedLimitsOf(int tableColumn) {
+    const PosiColumn& column = ColumnOf(tableColumn);
+    PosiLimits limits = LimitsOf(tableColumn);
+    if (column.item == kPosi) {
+        const AxisDevice& device = DevSetting[static_cast<std::size_t>(column.axis)];
+        limits.highest = IsSet(DispMmFlag) ? device.MaxStrokeMm : device.MaxPulse;
+    }
+    return limits;
+}
+
 bool PassesFilter(int tableColumn, char32_t character) {
     const PosiColumn& column = ColumnOf(tableColumn);
     const auto within = [character](char32_t lowest, char32_t highest) {

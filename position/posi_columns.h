@@ -50,6 +50,9 @@ struct PosiLimits {
     double highest = 0;
 };
 PosiLimits LimitsOf(int tableColumn);
+/// What may be typed, which for a position is less: up to the stroke end of its device, in the unit
+/// of the view.
+PosiLimits TypedLimitsOf(int tableColumn);
 
 /// True if the character may be typed into a cell of the column; into a comment all may.
 bool PassesFilter(int tableColumn, char32_t character);

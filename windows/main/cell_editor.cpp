@@ -28,6 +28,14 @@ QString Shown(const std::string& text) {
     return shown;
 }
 
+/// What a line edit inserts for a key: what the key writes, also with Alt or AltGr held down.
+QString InsertedText(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers others = event.modifiers() & ~Qt::ShiftModifier;
+    const QString text = event.text();
+    const bool inserts = others != Qt::ControlModifier && !text.isEmpty() && text[0].isPrint();
+    return inserts ? text : QString();
+}
+
 } // namespace
 
 int EditKeyOf(const QKeyEvent& event) {
@@ -138,7 +146,7 @@ void CellEditor::keyPressEvent(QKeyEvent* event) {
         return;
     default: break;
     }
-    if (PassesKeyFilter(TypedText(*event))) {
+    if (PassesKeyFilter(InsertedText(*event))) {
         QLineEdit::keyPressEvent(event);
     }
     // A key that does nothing here must not be taken for one that the grid got.

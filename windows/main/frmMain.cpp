@@ -300,7 +300,7 @@ void frmMain::showGrid() {
     showLimits();
 }
 
-/// The figures that the current cell takes.
+/// The figures that may be typed into the current cell.
 void frmMain::showLimits() {
     const FlexGrid& cells = flgdData();
     const int column = cells.col - 1;
@@ -308,7 +308,7 @@ void frmMain::showLimits() {
         statusPanels[3]->setValue({}, {});
         return;
     }
-    const PosiLimits limits = LimitsOf(column);
+    const PosiLimits limits = TypedLimitsOf(column);
     const int decimals = ColumnOf(column).item == kPosi && IsSet(DispMmFlag) ? 3 : 0;
     const auto figure = [decimals](double limit) { return QString::number(limit, 'f', decimals); };
     statusPanels[3]->setValue({}, QString::fromStdString(GridHead(1, cells.col)) +
