@@ -8,7 +8,8 @@
 #include "setup/detail_edit.h"
 #include "support/boxes.h"
 #include "support/simulated_line.h"
-#include "windows/device/device_panels.h"
+#include "windows/device/frmDevice2.h"
+#include "windows/device/frmDevice3.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -316,16 +317,17 @@ TEST_F(Dialogs, TheResultWindowLeadsToTheCell) {
     EXPECT_FALSE(dialog.isVisible());
 }
 
-TEST_F(Dialogs, AListThatHasTheFocusWhenTheWindowGoesChangesNothing) {
-    DeviceForm form;
-    OpenDevice2(form);
-    {
-        DevicePanels panels(form, nullptr);
-        panels.show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&panels));
-        step(panels, "comboDeviceSize(0)=52");
-    }
-    EXPECT_EQ(form.axes[0].comboDeviceSize.text, " 44");
+TEST_F(Dialogs, AWindowThatGoesWhileAListHasTheFocusChangesNothing) {
+    const auto before = DevSettei;
+    const auto leave = [this](auto* dialog) {
+        dialog->show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
+        step(*dialog, "comboDeviceSize(0)=52");
+        delete dialog;
+    };
+    leave(new frmDevice2);
+    leave(new frmDevice3);
+    EXPECT_EQ(DevSettei, before);
 }
 
 TEST_F(Dialogs, OnlineWindowWritesIntoTheController) {

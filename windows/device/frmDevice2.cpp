@@ -12,7 +12,7 @@ namespace qdw8 {
 frmDevice2::frmDevice2(QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmDevice2"));
     OpenDevice2(form);
-    panels = new DevicePanels(form, this);
+    panels = std::make_unique<DevicePanels>(form, this);
     QBoxLayout* buttons = FillDeviceWindow(*this, *panels, form.cautionShown);
     buttons->addStretch();
     auto* set = AddDeviceButton(*buttons, "cmdDeviceSet", 1403);
@@ -25,6 +25,8 @@ frmDevice2::frmDevice2(QWidget* parent) : QDialog(parent) {
     LoadFormResources(*this);
     panels->nameControls();
 }
+
+frmDevice2::~frmDevice2() = default;
 
 void frmDevice2::accept() {
     panels->takeTyped();

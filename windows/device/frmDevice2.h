@@ -3,6 +3,7 @@
 #include "setup/device_form.h"
 
 #include <QDialog>
+#include <memory>
 
 namespace qdw8 {
 
@@ -12,13 +13,14 @@ class DevicePanels;
 class frmDevice2 : public QDialog {
 public:
     explicit frmDevice2(QWidget* parent = nullptr);
+    ~frmDevice2() override;
 
     void accept() override;
     void reject() override;
 
 private:
     DeviceForm form;
-    DevicePanels* panels = nullptr;
+    std::unique_ptr<DevicePanels> panels; ///< behind the form, and so gone before it
 };
 
 /// Shows it over the middle of the parent and waits until it is left.

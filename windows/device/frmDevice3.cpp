@@ -14,7 +14,7 @@ namespace qdw8 {
 frmDevice3::frmDevice3(QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmDevice3"));
     OpenDevice3(form);
-    panels = new DevicePanels(form, this);
+    panels = std::make_unique<DevicePanels>(form, this);
     QBoxLayout* buttons = FillDeviceWindow(*this, *panels, form.cautionShown);
     cmdPrmCtWrite = AddDeviceButton(*buttons, "cmdPrmCtWrite", 1503);
     cmdSyosai = AddDeviceButton(*buttons, "cmdSyosai", 1502);
@@ -52,6 +52,8 @@ void frmDevice3::write() {
     panels->showForm();
     cmdPrmCtWrite->setFocus();
 }
+
+frmDevice3::~frmDevice3() = default;
 
 void frmDevice3::accept() {
     if (form.commandsEnabled) {

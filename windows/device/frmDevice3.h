@@ -3,6 +3,7 @@
 #include "setup/device_form.h"
 
 #include <QDialog>
+#include <memory>
 
 class QPushButton;
 
@@ -14,6 +15,7 @@ class DevicePanels;
 class frmDevice3 : public QDialog {
 public:
     explicit frmDevice3(QWidget* parent = nullptr);
+    ~frmDevice3() override;
 
     void accept() override;
     void reject() override;
@@ -24,7 +26,7 @@ private:
     void write();
 
     DeviceForm form;
-    DevicePanels* panels = nullptr;
+    std::unique_ptr<DevicePanels> panels; ///< behind the form, and so gone before it
     QPushButton* cmdDeviceSet = nullptr;
     QPushButton* cmdDeviceCancel = nullptr;
     QPushButton* cmdSyosai = nullptr;
