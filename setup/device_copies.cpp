@@ -32,11 +32,12 @@ constexpr std::int16_t kAxisCaption = 220;
 constexpr std::int16_t kNewText = 126;
 constexpr std::int16_t kOldText = 127;
 
-/// A device with all that is compared. The mounting of a new type is told only where it makes the
-/// difference: the main window doesn't show it either.
+/// A device with its family and all that is compared. The mounting of a new type is told only where
+/// it makes the difference: the main window doesn't show it either.
 std::string NameOf(const AxisDevice& device, bool mounting) {
     std::string name =
-        "QD-" + Trim(device.DevSize) + device.DevSpeed + "-" + std::to_string(device.DevStroke);
+        Trim(device.DevSize) + device.DevSpeed + "-" + std::to_string(device.DevStroke);
+    name.insert(0, IsSet(device.Device) ? "QD-" : "HN-");
     name += IsSet(device.WithPG) ? "E" : "";
     name += IsSet(device.Vertical) && (mounting || !IsSet(device.NewType)) ? "V" : "";
     return name + ResText(IsSet(device.NewType) ? kNewText : kOldText);
@@ -108,9 +109,13 @@ std::vector<std::string> DeviceDifferences() {
 }
 
 std::int16_t FollowDevicesOfParaSet() {
-    const std::int16_t result = TakeParameterDevices();
+    const DevicesBefore before;
+    if (TakeParameterDevices() != 0) {
+        before.putBackButAxes(); // a new type on the device of before would be half of each
+        return 1;
+    }
     TakeType();
-    return result;
+    return 0;
 }
 
 std::int16_t TakeDevicesOfParaSet() {

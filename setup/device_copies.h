@@ -20,8 +20,8 @@ void ReflectFileDevice2PcDevice();
 /// 0. Which axes are in use on the PC is not looked at.
 std::int16_t CompareActuatorSettingOfPosifile2PC();
 
-/// One line for each axis on which program and file differ, with both names side by side; for a
-/// file that was just read into `FileDevText` and `DevSettei`.
+/// One line for each axis on which program and file differ, with both names side by side, each with
+/// its own family; for a file that was just read into `FileDevText` and `DevSettei`.
 std::vector<std::string> DeviceDifferences();
 
 /// The axes and actuators of `ParaSet` become those that the program works with, type and family
@@ -29,8 +29,9 @@ std::vector<std::string> DeviceDifferences();
 /// axes and devices are as they were.
 std::int16_t TakeDevicesOfParaSet();
 
-/// The same after a write, when the controller holds that set already: 0 good, 1 some axis has no
-/// usable actuator, and the axes before it are done.
+/// The same after a write, when the controller holds that set already: 0 good; 1 some axis has no
+/// usable actuator, which a box told if it has one at all, and no device has changed. `AxisOff`
+/// follows the set in any case.
 std::int16_t FollowDevicesOfParaSet();
 
 } // namespace qdw8

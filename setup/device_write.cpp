@@ -113,12 +113,15 @@ bool Send(const DeviceForm& form) {
     return StandsStill(OnFailure::Silent) && mode.begin() && WriteAxes(form) && WriteDevices(form);
 }
 
-void FollowController() {
-    if (FollowDevicesOfParaSet() == 0) {
+/// False: what was written names devices that can't be, and those of the program stayed.
+bool FollowController() {
+    const bool followed = FollowDevicesOfParaSet() == 0;
+    if (followed) {
         WriteDeviceSettings();
     }
     RepaintAxes();
     RecheckPositions();
+    return followed;
 }
 
 /// What was written stands: a cancel puts back nothing of it.
@@ -152,9 +155,9 @@ void Write(DeviceForm& form) {
     KeepWhatWasWritten(form);
     const bool readBack = GetParametaValue2() == 0;
     // Also when the reading back failed: the parameters are then those that were acknowledged.
-    FollowController();
+    const bool followed = FollowController();
     ShowInForm(form);
-    if (readBack) {
+    if (readBack && followed) {
         Tell(1527);
     }
 }

@@ -186,7 +186,8 @@ bool Send() {
     return MatchAxes() && TakeFields() && StandsStill(OnFailure::Tell) && WriteInMode();
 }
 
-/// What the controller now holds becomes what the program works with. False: it couldn't be read.
+/// What the controller now holds becomes what the program works with. False: it couldn't be read,
+/// or names devices that can't be.
 bool Reflect() {
     if (GetParametaValue2() != 0) {
         return false;
@@ -197,7 +198,7 @@ bool Reflect() {
         // The parameters are written, and the axes follow them; devices that can't be taken were
         // told and stay as they were. An axis that has none is seen to at the end.
         RepaintAxes();
-        return true;
+        return false;
     }
     Culc_MaxPulse2();
     CalcMaxStrokeMm();
