@@ -9,10 +9,6 @@
 
 namespace qdw8 {
 
-Flag LineCopiedFlag = kClear;
-Flag CellCopiedFlag = kClear;
-Flag LineSelectedFlag = kClear;
-
 namespace {
 
 /// Who takes a command away. The lists of lines and cells come back with a selection in the grid.
@@ -39,11 +35,27 @@ constexpr std::array<Entry, kCommands> kEntries{{QDW8_COMMANDS(QDW8_COMMAND_ENTR
 
 constexpr std::string_view kToolBarMark = "tb";
 
-std::bitset<kCommands> enabledStates;
-std::bitset<kCommands> builtCommands;
-bool batchRuns = false;
-int takenAway = 0; ///< `CommandsAway` objects that live
-int editTakenAway = 0;
+/// At load everything is taken away that can be.
+std::bitset<kCommands> StatesAtLoad() {
+    std::bitset<kCommands> states;
+    for (std::size_t index = 0; index < kCommands; ++index) {
+        states.set(index, kEntries[index].list == List::LeftOut);
+    }
+    return states;
+}
+
+/// The state of a fresh start.
+struct State {
+    Flag lineCopied = kClear;
+    Flag cellCopied = kClear;
+    Flag lineSelected = kClear;
+    std::bitset<kCommands> enabled = StatesAtLoad();
+    std::bitset<kCommands> built;
+    bool batchRuns = true; ///< start-up is one
+    int takenAway = 0;     ///< `CommandsAway` objects that live
+    int editTakenAway = 0;
+};
+State state;
 
 std::size_t IndexOf(Command command) {
     return static_cast<std::size_t>(command);
@@ -58,7 +70,7 @@ void Tell() {
 void Put(std::initializer_list<List> lists, bool enabled) {
     for (std::size_t index = 0; index < kCommands; ++index) {
         if (std::find(lists.begin(), lists.end(), kEntries[index].list) != lists.end()) {
-            enabledStates.set(index, enabled);
+            state.enabled.set(index, enabled);
         }
     }
 }
@@ -75,6 +87,10 @@ bool IsOnToolBar(std::size_t index) {
 
 } // namespace
 
+Flag& LineCopiedFlag = state.lineCopied;
+Flag& CellCopiedFlag = state.cellCopied;
+Flag& LineSelectedFlag = state.lineSelected;
+
 std::string_view NameOf(Command command) {
     std::string_view name = kEntries[IndexOf(command)].name;
     if (IsOnToolBar(IndexOf(command))) {
@@ -84,35 +100,35 @@ std::string_view NameOf(Command command) {
 }
 
 bool IsEnabled(Command command) {
-    return builtCommands.test(IndexOf(command)) && enabledStates.test(IndexOf(command)) &&
-           !(batchRuns && kEntries[IndexOf(command)].list == List::LeftOut);
+    return state.built.test(IndexOf(command)) && state.enabled.test(IndexOf(command)) &&
+           !(state.batchRuns && kEntries[IndexOf(command)].list == List::LeftOut);
 }
 
 void SetEnabled(Command command, bool enabled) {
-    enabledStates.set(IndexOf(command), enabled);
+    state.enabled.set(IndexOf(command), enabled);
     Tell();
 }
 
 void SetBuilt(Command command) {
-    builtCommands.set(IndexOf(command));
+    state.built.set(IndexOf(command));
 }
 
 void CMDBTN_Muko() {
     Put({List::Button, List::LineButton}, false);
-    batchRuns = true;
+    state.batchRuns = true;
     Tell();
 }
 
 void CMDBTN_Yuko() {
     Put({List::Button}, true);
-    batchRuns = false;
+    state.batchRuns = false;
     Tell();
 }
 
 void ToolBar_Muko() {
     for (std::size_t index = 0; index < kCommands; ++index) {
         if (IsOnToolBar(index)) {
-            enabledStates.reset(index);
+            state.enabled.reset(index);
         }
     }
     Tell();
@@ -147,7 +163,7 @@ void EditCMD_Muko() {
 }
 
 void EditCMD_Yuko() {
-    if (batchRuns) {
+    if (state.batchRuns) {
         return; // a click into the grid doesn't give commands to a running batch
     }
     Put({List::LineButton, List::LineMenu, List::CellCopy, List::LineCopy}, true);
@@ -157,7 +173,7 @@ void EditCMD_Yuko() {
 }
 
 void CellPasteYuko() {
-    if (batchRuns) {
+    if (state.batchRuns) {
         return;
     }
     PutEditCommands(true);
@@ -170,7 +186,7 @@ void LinePaste_Muko() {
 }
 
 CommandsAway::CommandsAway() {
-    ++takenAway;
+    ++state.takenAway;
     CMDBTN_Muko();
     ToolBar_Muko();
     Menyu_Muko();
@@ -178,7 +194,7 @@ CommandsAway::CommandsAway() {
 }
 
 CommandsAway::~CommandsAway() {
-    if (--takenAway > 0) {
+    if (--state.takenAway > 0) {
         return; // a command that ran inside another one, as a save before the end of the program
     }
     CMDBTN_Yuko();
@@ -189,37 +205,28 @@ CommandsAway::~CommandsAway() {
     }
 }
 
-EditCommandsAway::EditCommandsAway() : before(enabledStates) {
-    ++editTakenAway;
+EditCommandsAway::EditCommandsAway() : before(state.enabled) {
+    ++state.editTakenAway;
     EditCMD_Muko();
 }
 
 EditCommandsAway::~EditCommandsAway() {
-    --editTakenAway;
+    --state.editTakenAway;
     for (std::size_t index = 0; index < kCommands; ++index) {
         if (kEntries[index].list >= List::LineButton) {
-            enabledStates.set(index, before.test(index));
+            state.enabled.set(index, before.test(index));
         }
     }
     Tell();
 }
 
 bool CommandsTaken() {
-    return takenAway > 0 || editTakenAway > 0;
+    return state.takenAway > 0 || state.editTakenAway > 0;
 }
 
 void ResetCommandStates() {
-    LineCopiedFlag = kClear;
-    CellCopiedFlag = kClear;
-    LineSelectedFlag = kClear;
-    enabledStates.set();
-    builtCommands.reset();
-    takenAway = 0;
-    editTakenAway = 0;
-    CMDBTN_Muko();
-    ToolBar_Muko();
-    Menyu_Muko();
-    EditCMD_Muko();
+    state = State{};
+    Tell();
 }
 
 } // namespace qdw8

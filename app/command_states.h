@@ -107,11 +107,11 @@ void SetEnabled(Command command, bool enabled);
 void SetBuilt(Command command);
 
 /// -1 when the clipboard holds rows or cells that can be pasted.
-extern Flag LineCopiedFlag;
-extern Flag CellCopiedFlag;
+extern Flag& LineCopiedFlag;
+extern Flag& CellCopiedFlag;
 /// -1 while lines of the grid are selected: the edit commands come back with them at the end of a
 /// command.
-extern Flag LineSelectedFlag;
+extern Flag& LineSelectedFlag;
 
 void CMDBTN_Muko();
 void CMDBTN_Yuko();

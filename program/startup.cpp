@@ -43,18 +43,26 @@ namespace {
 
 constexpr int kSmallScreenWidth = 800; ///< pixels; up to here the window is made small
 
-Timer timerSplash{"timerSplash", 2000, false, {}};
+/// It runs for the life of the object and leaves nothing behind, wherever the splash is broken off.
+class SplashTimer {
+public:
+    SplashTimer() { EnableTimer(timerSplash); }
+    ~SplashTimer() { DisableTimer(timerSplash); }
+    SplashTimer(const SplashTimer&) = delete;
+    SplashTimer& operator=(const SplashTimer&) = delete;
+
+private:
+    Timer timerSplash{"timerSplash", 2000, false, [] { SplashDoneFlag = kSet; }};
+};
 
 void ShowSplash() {
     SplashDoneFlag = kClear;
-    timerSplash.routine = [] {
-        SplashDoneFlag = kSet;
-        DisableTimer(timerSplash);
-    };
     Screens().frmSplashShow();
-    EnableTimer(timerSplash);
-    while (!IsSet(SplashDoneFlag)) {
-        PumpEvents();
+    {
+        const SplashTimer timer;
+        while (!IsSet(SplashDoneFlag)) {
+            PumpEvents();
+        }
     }
     SplashDoneFlag = kClear;
     Screens().frmSplashUnload();

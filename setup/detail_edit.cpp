@@ -37,7 +37,7 @@ void cmdSyosai_Click(const DeviceForm& form) {
 
 void ResetDetailEdit() {
     DetailEditFlag = kClear;
-    frmMain_Timer2.enabled = false;
+    DisableTimer(frmMain_Timer2);
     frmMain_Timer2.routine = Timer2_Timer;
 }
 

@@ -8,12 +8,14 @@
 #include "link/line_state.h"
 #include "link/port.h"
 #include "parameter/para_device.h"
+#include "platform/fault.h"
 #include "platform/whole_file.h"
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
 #include "position/posi_table.h"
 #include "program/commands.h"
 #include "program/shutdown.h"
+#include "setup/detail_edit.h"
 #include "support/boxes.h"
 #include "support/every_step.h"
 
@@ -143,6 +145,18 @@ TEST_F(StartUp, OnLineRunsToTheEnd) {
     EXPECT_EQ(ThePanel().lblFileName, "QD-W8 Ver1.40E");
     EXPECT_TRUE(platform.portOpen) << "the port is kept";
     expectUsable();
+}
+
+TEST_F(StartUp, BeginsWithoutATimerOfTheRunBeforeAndLeavesNoneWhereItBreaksOff) {
+    int opened = 0;
+    Screens().frmParameta2Show = [&opened] { ++opened; };
+    EnableTimer(frmMain_Timer2);
+    ThePlatform().PumpEvents = [] { throw Fault("nothing goes on"); };
+    EXPECT_THROW(Main(), Fault);
+    DetailEditFlag = kSet;
+    platform.run(3000);
+    EXPECT_EQ(opened, 0);
+    EXPECT_EQ(SplashDoneFlag, kClear);
 }
 
 TEST(StartUpSteps, EveryFailureEndsOffLineWithTheStoredDevices) {
