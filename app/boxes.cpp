@@ -1,5 +1,6 @@
 #include "app/boxes.h"
 
+#include "app/Module1.h"
 #include "app/string_table.h"
 #include "platform/platform.h"
 
@@ -31,7 +32,7 @@ std::string TextLines(std::initializer_list<std::int16_t> ids) {
 }
 
 void ShowBox(const std::string& text) {
-    ThePlatform().ShowMessageBox({text, BoxButtons::Ok, {}, BoxIcon::None});
+    AskBox({text, BoxButtons::Ok, {}, BoxIcon::None});
 }
 
 void ShowTexts(std::initializer_list<std::int16_t> ids) {
@@ -39,7 +40,22 @@ void ShowTexts(std::initializer_list<std::int16_t> ids) {
 }
 
 BoxAnswer AskBox(const std::string& text, BoxButtons buttons) {
-    return ThePlatform().ShowMessageBox({text, buttons, {}, BoxIcon::Question});
+    return AskBox({text, buttons, {}, BoxIcon::Question});
+}
+
+BoxAnswer AskBox(const BoxQuestion& question) {
+    if (!IsSet(ProgramEndFlag)) {
+        return ThePlatform().ShowMessageBox(question);
+    }
+    switch (question.buttons) {
+    case BoxButtons::Ok: return BoxAnswer::Ok;
+    case BoxButtons::YesNo: return BoxAnswer::No;
+    default: return BoxAnswer::Cancel;
+    }
+}
+
+std::int16_t AskChoice(const SelectionQuestion& question) {
+    return IsSet(ProgramEndFlag) ? kSelectionCancelled : Screens().frmSelection(question);
 }
 
 } // namespace qdw8

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "app/screens.h"
 #include "platform/message_box.h"
 
 #include <cstdint>
 #include <initializer_list>
 #include <string>
 
+/// Boxes and choices. Behind the confirmed end of the program (`ProgramEndFlag`) nobody is told or
+/// asked anything more: nothing comes up, and the answer is the mildest, Cancel, else No, else OK.
 namespace qdw8 {
 
 /// Joins lines with "\r\n". An empty line makes a blank one.
@@ -21,5 +24,9 @@ void ShowTexts(std::initializer_list<std::int16_t> ids);
 
 /// A question box with the default title.
 BoxAnswer AskBox(const std::string& text, BoxButtons buttons);
+/// Any box.
+BoxAnswer AskBox(const BoxQuestion& question);
+/// The choice dialog.
+std::int16_t AskChoice(const SelectionQuestion& question);
 
 } // namespace qdw8

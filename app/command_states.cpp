@@ -14,6 +14,7 @@ namespace {
 /// Who takes a command away. The lists of lines and cells come back with a selection in the grid.
 enum class List : std::uint8_t {
     LeftOut, ///< nobody; while a batch runs the command does nothing
+    Always,  ///< nobody, ever
     Button,
     Menu,
     ToolBar,

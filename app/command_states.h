@@ -43,7 +43,7 @@ namespace qdw8 {
     C(mnuFilePageSetup, Menu)                                                                      \
     C(mnuFilePrint, Menu)                                                                          \
     C(mnuFileClose, LeftOut)                                                                       \
-    C(mnuFileExit, LeftOut)                                                                        \
+    C(mnuFileExit, Always)                                                                         \
     C(mnuEdit, Menu)                                                                               \
     C(mnuEditGyoInsert, LineMenu)                                                                  \
     C(mnuEditGyoDelete, LineMenu)                                                                  \
@@ -97,7 +97,8 @@ inline constexpr std::size_t kCommands = static_cast<std::size_t>(Command::count
 std::string_view NameOf(Command command);
 
 /// True if the command may be used now: it is built, its own state is on, and, for a command that
-/// the routines below leave out, no batch has taken the commands away.
+/// the routines below leave out, no batch has taken the commands away. The end of the program can
+/// always be asked for, as by the title bar.
 bool IsEnabled(Command command);
 
 /// The command's own state, as the routines below set it.

@@ -1,5 +1,6 @@
 #include "app/file_questions.h"
 
+#include "app/Module1.h"
 #include "app/string_table.h"
 #include "platform/platform.h"
 
@@ -7,6 +8,9 @@ namespace qdw8 {
 namespace {
 
 std::optional<FileAnswer> Ask(const FileQuestion& question) {
+    if (IsSet(ProgramEndFlag)) {
+        return {};
+    }
     auto answer = ThePlatform().CommonDialog1.ShowFile(question);
     if (answer && answer->path.empty()) {
         answer.reset();

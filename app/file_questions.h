@@ -15,8 +15,9 @@ struct FileKind {
     const char* defaultExt; ///< without the point
 };
 
-/// The file that the user chose; nothing when the dialog was cancelled or gave no path. `folder` is
-/// where it starts, empty for the platform's choice. What the dialog throws goes on to the caller.
+/// The file that the user chose; nothing when the dialog was cancelled or gave no path, or the
+/// program is to end, when none comes up. `folder` is where it starts, empty for the platform's
+/// choice. What the dialog throws goes on to the caller.
 std::optional<FileAnswer> AskFileToOpen(const FileKind& kind, std::int16_t titleId,
                                         const std::string& folder = {});
 /// The same for a file to be written; a file that is there already is asked about by the dialog.

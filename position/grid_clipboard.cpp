@@ -195,7 +195,7 @@ void ClipboardChanged() {
 void mnuEditCellCopy_Click() {
     const FlexGrid& grid = flgdData();
     if (!DataCellIsCurrent() || grid.row != grid.rowSel || grid.col != grid.colSel) {
-        ThePlatform().ShowMessageBox({ResText(480), BoxButtons::Ok, {}, BoxIcon::Stop});
+        AskBox({ResText(480), BoxButtons::Ok, {}, BoxIcon::Stop});
         return;
     }
     PutClip();

@@ -3,6 +3,7 @@
 #include "app/boxes.h"
 #include "app/screens.h"
 #include "app/string_table.h"
+#include "link/background.h"
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
 #include "position/posi_command.h"
@@ -72,6 +73,7 @@ void mnuFileNew_Click() {
 }
 
 void mnuFileClose_Click() {
+    const PollHeld held; // nothing begins on the line under a question
     if (IsSet(PosiDirtyFlag)) {
         switch (AskBox(ResText(394), BoxButtons::YesNoCancel)) {
         case BoxAnswer::Yes: SavePosiFile(); break;

@@ -20,6 +20,7 @@
 
 #include <array>
 #include <exception>
+#include <memory>
 
 namespace qdw8 {
 namespace {
@@ -35,6 +36,7 @@ void CloseMainWindow() {
 /// The printer dialog for the page set-up; what was chosen stands when something is printed.
 void PageSetup() {
     constexpr int kPageSetup = 64;
+    const PollHeld held; // nothing begins on the line under the dialog
     ThePlatform().CommonDialog1.ShowPrinter({kPageSetup, 1});
 }
 
@@ -173,7 +175,7 @@ bool EditedCellAllows(EditedCell editedCell) {
 
 void Start(Command command, const CommandRow& row) {
     // What may be used can have changed since the user chose it.
-    if (!IsEnabled(command) || !EditedCellAllows(row.editedCell)) {
+    if (!IsEnabled(command)) {
         return;
     }
     try {
@@ -183,6 +185,9 @@ void Start(Command command, const CommandRow& row) {
                           // toolkit
     }
     EndIfConfirmed();
+    if (CommandsTaken()) {
+        return; // it ran inside another command, whose end follows
+    }
     GiveEditCommandsBack();
     // A button that was pressed gives the focus back: the next key is meant for the grid, not for
     // the button once more or for the one beside it.
@@ -222,11 +227,24 @@ void RunCommand(Command command) {
     if (row == nullptr || row->routine == nullptr || !IsEnabled(command)) {
         return;
     }
-    if (row->runs == Here) {
-        Start(command, *row);
-    } else {
-        WhenLineIsFree([command, row] { Start(command, *row); });
+    // What is half typed belongs to the command from now on, also if that has to wait.
+    if (!EditedCellAllows(row->editedCell)) {
+        return;
     }
+    if (row->runs == Here) {
+        const PollHeld held; // nothing begins on the line under a box
+        Start(command, *row);
+        return;
+    }
+    // While the command waits nothing is typed or selected that it would meet half done.
+    std::shared_ptr<GridLock> waiting;
+    if (!UserWaitsForLine() && row->editedCell != LeftAlone) {
+        waiting = std::make_shared<GridLock>();
+    }
+    WhenLineIsFree([command, row, waiting]() mutable {
+        waiting.reset();
+        Start(command, *row);
+    });
 }
 
 void GiveEditCommandsBack() {

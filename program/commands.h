@@ -12,8 +12,9 @@ CommandTable Commands();
 void RegisterCommands();
 
 /// Runs the command of a control, unless it may not be used now. A cell that is being edited is
-/// committed, left alone or given up as the command's row says; a text that is rejected keeps the
-/// command from starting. Behind the command the grid has the focus again, unless the command left
+/// committed, left alone or given up as the command's row says, at once; a text that is rejected
+/// keeps the command from starting. While the command waits for a tick's exchange the grid is
+/// locked. Behind the command the grid has the focus again, unless the command left
 /// it alone, and the edit commands are back if a cell is still selected.
 void RunCommand(Command command);
 

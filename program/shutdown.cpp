@@ -5,6 +5,7 @@
 #include "app/command_states.h"
 #include "app/settings.h"
 #include "app/string_table.h"
+#include "link/background.h"
 #include "link/port.h"
 #include "platform/platform.h"
 #include "position/posi_file.h"
@@ -15,6 +16,7 @@ namespace qdw8 {
 namespace {
 
 bool UserConfirms() {
+    const PollHeld held; // nothing begins on the line under a question
     if (!IsSet(PosiDirtyFlag)) {
         return AskBox(ResText(390), BoxButtons::OkCancel) == BoxAnswer::Ok;
     }
@@ -40,7 +42,7 @@ bool frmMain_QueryUnload() {
 }
 
 void EndIfConfirmed() {
-    if (IsSet(ProgramEndFlag)) {
+    if (IsSet(ProgramEndFlag) && !CommandsTaken()) {
         CloseCtPortForce();
         frmMain_Unload();
     }

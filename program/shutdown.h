@@ -8,7 +8,8 @@ namespace qdw8 {
 /// controller in order, and `EndIfConfirmed` follows.
 bool frmMain_QueryUnload();
 
-/// At the end of every command and of start-up: ends the program if that was confirmed meanwhile.
+/// At the end of every command and of start-up: ends the program if that was confirmed meanwhile,
+/// unless the command ran inside another one.
 void EndIfConfirmed();
 
 /// Stores what outlives the run and ends the process at once.

@@ -143,7 +143,7 @@ bool TakeDeviceBytes() {
 }
 
 /// The controller's axes and actuators, step by step; a line given up between two steps ends it
-/// too. False: the program is off line now.
+/// too, and so does the end of the program. False: the program is off line now.
 bool AskController() {
     if (!OpenLine()) {
         return false;
@@ -152,8 +152,8 @@ bool AskController() {
         BeginTalk, IsRightController, [] { return ReadAxisMask() == 0; },
         [] { return ReadDeviceBytes() == 0 && TakeDeviceBytes(); }};
     for (std::size_t done = 0; done < steps.size(); ++done) {
-        if (done > 0 && IsSet(OffLineFlag)) {
-            LeaveLine(); // the line was given up in between
+        if (done > 0 && (IsSet(OffLineFlag) || IsSet(ProgramEndFlag))) {
+            LeaveLine(); // the line was given up, or the end confirmed, in between
             break;
         }
         if (!steps[done]()) {
@@ -169,6 +169,9 @@ bool AskController() {
 
 /// The user says what is fitted; there is no way out of the choice but an answer.
 void ChooseDevices() {
+    if (IsSet(ProgramEndFlag)) {
+        return;
+    }
     struct Choosing {
         Choosing() { StartDeviceSelectFlag = kSet; }
         ~Choosing() { StartDeviceSelectFlag = kClear; }
@@ -280,7 +283,7 @@ void frmMain_Load() {
 }
 
 std::int16_t SelectStartMode() {
-    return Screens().frmSelection({ResText(471), ResText(1), {ResText(2), ResText(3)}, false});
+    return AskChoice({ResText(471), ResText(1), {ResText(2), ResText(3)}, false});
 }
 
 } // namespace qdw8

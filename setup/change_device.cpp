@@ -37,7 +37,7 @@ bool TakeDevices(bool catalogue) {
 /// False: the user cancelled the command.
 bool AskAndTakeDevices() {
     while (true) {
-        const std::int16_t choice = Screens().frmSelection(
+        const std::int16_t choice = AskChoice(
             {ResText(471), ResText(41), {ResText(42), ResText(43)}, IsSet(StartDeviceSelectFlag)});
         if (choice == kSelectionCancelled) {
             return false;
@@ -75,14 +75,6 @@ void Change() {
     RecheckPositions();
 }
 
-/// The button is disabled while the command runs.
-struct ButtonAway {
-    ButtonAway() { SetEnabled(Command::cmdChangeDev, false); }
-    ~ButtonAway() { SetEnabled(Command::cmdChangeDev, true); }
-    ButtonAway(const ButtonAway&) = delete;
-    ButtonAway& operator=(const ButtonAway&) = delete;
-};
-
 bool ListFailedForAxisInUse() {
     for (std::size_t axis = 0; axis < kAxes; ++axis) {
         if (!IsSet(AxisOff[axis]) && IsSet(DeviceListFailed[axis])) {
@@ -104,18 +96,16 @@ void Change_Device() {
 }
 
 void cmdChangeDev_Click() {
-    EditCMD_Muko();
-    const ButtonAway away;
+    const CommandsAway away;
     Change_Device();
 }
 
 void mnuSettingsDeviceOffline_Click() {
-    EditCMD_Muko();
     cmdChangeDev_Click();
 }
 
 void mnuSettingsDeviceOnline_Click() {
-    EditCMD_Muko();
+    const CommandsAway away;
     LoadDeviceList();
     if (!ListFailedForAxisInUse()) {
         const PollHeld held;

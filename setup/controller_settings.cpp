@@ -1,7 +1,7 @@
 #include "setup/controller_settings.h"
 
 #include "app/Module1.h"
-#include "app/screens.h"
+#include "app/boxes.h"
 #include "app/string_table.h"
 #include "link/axis_mask.h"
 #include "setup/controller_devices.h"
@@ -26,7 +26,7 @@ std::int16_t MatchControllerSettings() {
         return compared;
     }
     const std::int16_t choice =
-        Screens().frmSelection({ResText(471), ResText(371), {ResText(372), ResText(373)}, false});
+        AskChoice({ResText(471), ResText(371), {ResText(372), ResText(373)}, false});
     if (choice == kSelectionCancelled) {
         return 1;
     }

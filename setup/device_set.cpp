@@ -7,7 +7,7 @@
 #include "device/device_lists.h"
 #include "parameter/factory_lists.h"
 #include "parameter/para_device.h"
-#include "platform/platform.h"
+#include "platform/message_box.h"
 
 namespace qdw8 {
 namespace {
@@ -35,7 +35,7 @@ bool AskAxes() {
     question.text = TextLines({1151, 1152});
     question.buttons = BoxButtons::YesNo;
     question.icon = BoxIcon::Question;
-    return ThePlatform().ShowMessageBox(question) == BoxAnswer::Yes;
+    return AskBox(question) == BoxAnswer::Yes;
 }
 
 void PutBack(const DeviceForm& form) {

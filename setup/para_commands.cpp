@@ -1,7 +1,6 @@
 #include "setup/para_commands.h"
 
 #include "app/boxes.h"
-#include "app/screens.h"
 #include "app/string_table.h"
 #include "device/Module2Calc.h"
 #include "device/device_settings.h"
@@ -142,7 +141,7 @@ bool MatchAxes() {
         return true;
     }
     const std::int16_t choice =
-        Screens().frmSelection({ResText(471), ResText(472), {ResText(473), ResText(474)}, false});
+        AskChoice({ResText(471), ResText(472), {ResText(473), ResText(474)}, false});
     if (choice == kSelectionCancelled) {
         return false;
     }

@@ -2,7 +2,6 @@
 
 #include "app/boxes.h"
 #include "app/file_questions.h"
-#include "app/screens.h"
 #include "app/string_table.h"
 #include "device/Module2Calc.h"
 #include "device/axis_device.h"
@@ -86,11 +85,11 @@ bool SettleDevices(const DevicesBefore& before) {
     if (!FileDiffers()) {
         return true;
     }
-    switch (Screens().frmSelection({ResText(471),
-                                    ResText(44),
-                                    {ResText(45), ResText(46), ResText(47)},
-                                    false,
-                                    DeviceDifferences()})) {
+    switch (AskChoice({ResText(471),
+                       ResText(44),
+                       {ResText(45), ResText(46), ResText(47)},
+                       false,
+                       DeviceDifferences()})) {
     case 0: LetDevSettingToDevSettei(); return true;
     case 1: TakeFileDevices(before); return true;
     case 2: return TakeParameterFile();

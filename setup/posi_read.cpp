@@ -71,7 +71,7 @@ bool ReadChosenRange() {
     PosiFirst = first; // a save that was offered meanwhile may have moved them
     PosiLast = last;
     const LineResult result = ReadPosidataFromCt();
-    if (result == LineResult::Cancelled && !IsSet(ProgramEndFlag)) {
+    if (result == LineResult::Cancelled) {
         ShowTexts({425});
     }
     return result == LineResult::Done;

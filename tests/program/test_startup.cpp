@@ -1,5 +1,6 @@
 #include "program/startup.h"
 
+#include "app/boxes.h"
 #include "app/command_states.h"
 #include "app/main_panel.h"
 #include "app/transfer_dialog.h"
@@ -7,6 +8,7 @@
 #include "link/alarm.h"
 #include "link/line_state.h"
 #include "link/port.h"
+#include "link/supervision.h"
 #include "parameter/para_device.h"
 #include "platform/fault.h"
 #include "platform/whole_file.h"
@@ -110,7 +112,9 @@ struct StartBench : LineBench {
         questions();
         platform.after(ms, [this] {
             platform.expectBox(kFinish, BoxButtons::OkCancel, BoxAnswer::Ok);
-            EXPECT_FALSE(frmMain_QueryUnload()) << "the command comes first";
+            Screens().frmMainClose = [] { EXPECT_FALSE(frmMain_QueryUnload()); };
+            RunCommand(Command::mnuFileExit); // the command that runs comes first
+            platform.checkAllAsked();
             EXPECT_FALSE(platform.ended);
             EXPECT_FALSE(frmMain_QueryUnload()) << "and nobody is asked twice";
         });
@@ -311,6 +315,80 @@ TEST_F(StartUp, ACloseDuringATransferEndsItAtTheNextRow) {
     });
     EXPECT_TRUE(platform.ended);
     EXPECT_LT(platform.sent.size(), 20U);
+}
+
+TEST_F(StartUp, ACloseDuringTheStartEndsItAtTheNextStep) {
+    line.controller.setTurnaround(40);
+    platform.expectSelection(kStartMode, 0);
+    platform.after(2020, [this] {
+        platform.expectBox(kFinish, BoxButtons::OkCancel, BoxAnswer::Ok);
+        EXPECT_FALSE(frmMain_QueryUnload());
+    });
+    Main();
+    EXPECT_TRUE(platform.ended);
+    EXPECT_EQ(platform.sent, std::vector<std::string>{"0CM02"});
+}
+
+TEST_F(StartUp, NobodyIsToldOrAskedAnythingBehindTheConfirmedEnd) {
+    startOnLine();
+    for (const auto& [axes, fault] : {std::pair{15U, "0RD:4:error=03"}, {9U, "0RP:1:silence"}}) {
+        line.controller.setAxisMask(axes);
+        addFault(fault);
+        closeDuring(Command::cmdPosiRead, 30, [this] {
+            platform.expectScreen("frmSelectPosiNo2");
+            platform.expectBox("Read the data from controller, OK?", BoxButtons::OkCancel,
+                               BoxAnswer::Ok);
+        });
+        EXPECT_TRUE(platform.ended);
+        platform.ended = false;
+        EXPECT_EQ(AskBox("", BoxButtons::YesNoCancel), BoxAnswer::Cancel);
+        EXPECT_EQ(AskBox("", BoxButtons::YesNo), BoxAnswer::No);
+        ProgramEndFlag = kClear;
+    }
+}
+
+TEST_F(StartUp, NothingIsPolledWhileSomethingIsAsked) {
+    startOnLine();
+    platform.sent.clear();
+    AlarmFlag = PosiDirtyFlag = kSet;
+    int asked = 0;
+    ThePlatform().ShowMessageBox = [&](const BoxQuestion&) {
+        ++asked;
+        platform.run(2000);
+        return BoxAnswer::Cancel;
+    };
+    ThePlatform().CommonDialog1.ShowPrinter = [&](const auto&) {
+        ++asked;
+        platform.run(2000);
+        return std::optional<int>();
+    };
+    EditCMD_Yuko();
+    for (const Command command :
+         {Command::mnuEditLineCopy, Command::mnuFilePageSetup, Command::mnuFileClose}) {
+        RunCommand(command);
+    }
+    EXPECT_FALSE(frmMain_QueryUnload());
+    EXPECT_EQ(asked, 4);
+    EXPECT_TRUE(platform.sent.empty());
+}
+
+TEST_F(StartUp, ACommandThatIsKeptFinishesTheCellWhenItIsChosen) {
+    startOnLine();
+    int finished = 0;
+    Screens().flgdDataFinishInput = [&finished] { return ++finished > 0; };
+    line.controller.setTurnaround(100);
+    AlarmFlag = kSet;
+    platform.after(10, [&] {
+        RunCommand(Command::cmdPosiLoad);
+        EXPECT_EQ(finished, 1);
+        EXPECT_EQ(flgdData().locked, 1) << "what is typed now comes behind the command";
+    });
+    platform.expectBox("There is no position data.\r\nPlease try again after perform [New Data] or "
+                       "[Read from C/T] and then editing data. ");
+    SupervisionTick();
+    platform.checkAllAsked();
+    EXPECT_EQ(finished, 1);
+    EXPECT_EQ(flgdData().locked, 0);
 }
 
 TEST_F(StartUp, ACloseDuringAWriteTakesTheControllerOutOfTheWritingMode) {

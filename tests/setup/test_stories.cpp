@@ -432,6 +432,7 @@ private:
          [](Args&) { return std::to_string(PosiFirst) + "-" + std::to_string(PosiLast); }},
         {"name", [](Args&) { return PosiFileName; }},
         {"enabled", [](Args&) { return IsEnabled(Command::cmdChangeDev) ? "yes" : "no"; }},
+        {"commands", [](Args&) { return CommandsTaken() ? "away" : "there"; }},
         {"opened", [this](Args&) { return std::to_string(opened); }},
         {"sent", [this](Args&) { return Joined(platform.sent); }},
         {"last", [this](Args&) { return platform.sent.back(); }},
