@@ -117,12 +117,16 @@ std::optional<std::string> AskFileName(std::int16_t titleId) {
 }
 
 /// Writes the working range. The document counts as saved only if that is all that the grid shows.
+/// The file of a part gives the document its name alone: the next save would put the whole grid in
+/// its place.
 bool WriteFile(const std::string& path) {
     try {
         WriteWholeFile(path, FileText());
         TakePosiFile(path);
         if (PosiFirst <= GridFirst && PosiLast >= GridLast) {
             PosiDirtyFlag = kClear;
+        } else {
+            PosiFilePath.clear();
         }
         return true;
     } catch (const std::exception&) {

@@ -55,9 +55,9 @@ std::string& PosiFileName = state.fileName;
 std::string& PosiFilePath = state.filePath;
 std::string& PosiFolder = state.folder;
 
-double NumberOf(const StageCell& cell) {
+std::optional<double> NumberOf(const StageCell& cell) {
     const auto* number = std::get_if<double>(&cell);
-    return number != nullptr ? *number : NumberFromText(std::get<std::string>(cell));
+    return number != nullptr ? *number : NumberOfCell(std::get<std::string>(cell));
 }
 
 std::string TextOf(const StageCell& cell) {
@@ -86,7 +86,7 @@ void PosiStageToTable() {
         const StageRow& stage = PosiStage[row];
         PosiTable[row].written = true;
         for (std::size_t column = 0; column < kComment; ++column) {
-            const double number = NumberOf(stage[column + 1]);
+            const double number = NumberOf(stage[column + 1]).value_or(0);
             const PosiColumn& kind = ColumnOf(static_cast<int>(column));
             if (kind.item == kPosi) {
                 PosiUnitTable[row].pulse[static_cast<std::size_t>(kind.axis)] = number;

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <variant>
 
@@ -38,7 +39,8 @@ struct PosiUnits {
 
 /// A cell that came from a file or from the controller, exactly as it was read.
 using StageCell = std::variant<std::string, double>;
-double NumberOf(const StageCell& cell);
+/// The number of a cell; nothing when its text is not wholly one number.
+std::optional<double> NumberOf(const StageCell& cell);
 std::string TextOf(const StageCell& cell);
 
 extern std::array<PosiRow, kPosiRows>& PosiTable;
@@ -68,9 +70,10 @@ extern std::string& PosiFilePath;
 /// Fills every row with the defaults; clears both unit forms and the frame texts.
 void ClearPosiTable();
 /// Copies `PosiStage` to the table for the working range; the positions go to the pulse forms and
-/// reach `PosiTable` with the next commit.
+/// reach `PosiTable` with the next commit. A text that is no number counts as 0.
 void PosiStageToTable();
-/// Fills the mm of the positions from their pulses for the working range; an axis out of use gets 0.
+/// Fills the mm of the positions from their pulses for the working range; an axis out of use gets
+/// 0.
 void ConvertTableToMm();
 /// Forgets every row, as before the first document.
 void EmptyPosiTable();

@@ -10,8 +10,11 @@
 #include "device/device_settings.h"
 #include "parameter/factory_lists.h"
 #include "parameter/para_file.h"
+#include "platform/cp932_text.h"
 #include "platform/fault.h"
+#include "position/flex_grid.h"
 #include "position/grid_display.h"
+#include "position/posi_columns.h"
 #include "position/posi_command.h"
 #include "position/posi_reader.h"
 #include "position/posi_table.h"
@@ -106,6 +109,23 @@ void ShowAxes() {
     }
 }
 
+/// What is no number in the file stands in the grid as the file has it: the next check is to judge
+/// it, and no other figure may come out of it on the way.
+void ShowWhatIsNoNumber() {
+    FreezeGrid();
+    for (int position = GridFirst; position <= GridLast; ++position) {
+        const StageRow& stage = PosiStage[static_cast<std::size_t>(position)];
+        for (int column = 0; column < kComment; ++column) {
+            const StageCell& cell = stage[static_cast<std::size_t>(column) + 1];
+            if (!IsOffColumn(column) && !NumberOf(cell)) {
+                SetGridText(position - GridFirst + kGridHeadRows, column + 1,
+                            BoundCellText(column, FromCp932(TextOf(cell))).text);
+            }
+        }
+    }
+    ThawGrid();
+}
+
 /// From the dialog to the filled grid. False: the document is the one of before.
 bool Open(const DevicesBefore& before) {
     const auto answer = AskFileToOpen(kPosiFile, 364);
@@ -125,6 +145,7 @@ bool Open(const DevicesBefore& before) {
     PosiStageToTable();
     ConvertTableToMm();
     QdDataHyoji_3();
+    ShowWhatIsNoNumber();
     CalcMaxStrokeMm();
     ShowUnitScale();
     TakePosiFile(answer->path);
