@@ -29,18 +29,29 @@ void CopyFields(const AxisDevice& from, AxisDevice& to) {
 }
 
 constexpr std::int16_t kAxisCaption = 220;
-constexpr std::int16_t kNewText = 126;
 constexpr std::int16_t kOldText = 127;
 
-/// A device with its family and all that is compared. The mounting of a new type is told only where
-/// it makes the difference: the main window doesn't show it either.
+std::string TypeMark(bool newType) {
+    return newType ? "" : ResText(kOldText);
+}
+
+/// A device with its family and all that is compared, in the main window's form without its gaps.
+/// That tells the mounting of a new type nowhere; here it stands where it makes the difference.
 std::string NameOf(const AxisDevice& device, bool mounting) {
     std::string name =
         Trim(device.DevSize) + device.DevSpeed + "-" + std::to_string(device.DevStroke);
     name.insert(0, IsSet(device.Device) ? "QD-" : "HN-");
     name += IsSet(device.WithPG) ? "E" : "";
     name += IsSet(device.Vertical) && (mounting || !IsSet(device.NewType)) ? "V" : "";
-    return name + ResText(IsSet(device.NewType) ? kNewText : kOldText);
+    return name + TypeMark(IsSet(device.NewType));
+}
+
+/// The same out of a file, for an axis that the program doesn't use: its device was not taken
+/// apart.
+std::string FileNameOf(std::size_t axis) {
+    std::string name = FileDevText[axis];
+    std::erase_if(name, [](char c) { return c == ' ' || c == '_'; });
+    return name + TypeMark(FileNewOld[axis] == "NEW");
 }
 
 /// The line of an axis, empty where both sides agree.
@@ -54,8 +65,7 @@ std::string DifferenceOf(std::size_t axis) {
     }
     const bool mounting = !pcOff && !fileOff && pc.Vertical != file.Vertical;
     const std::string none = ResText(3052);
-    // An axis that the program doesn't use was not taken apart.
-    const std::string fileName = pcOff ? Trim(FileDevText[axis]) : NameOf(file, mounting);
+    const std::string fileName = pcOff ? FileNameOf(axis) : NameOf(file, mounting);
     return ResText(static_cast<std::int16_t>(kAxisCaption + static_cast<int>(axis))) + ":  " +
            ResText(3050) + " " + (pcOff ? none : NameOf(pc, mounting)) + ",  " + ResText(3051) +
            " " + (fileOff ? none : fileName);
