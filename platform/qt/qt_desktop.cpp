@@ -9,6 +9,8 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
+#include <string>
 
 namespace qdw8 {
 namespace {
@@ -40,23 +42,42 @@ ScreenSize PrimaryScreenSize() {
 /// More than any table takes.
 constexpr qsizetype kClipboardBound = qsizetype{1} << 20;
 
-/// The clipboard may hold any number of characters. What lies beyond the bound goes by whole rows,
-/// or at least by whole cells: half a number would be another number.
-std::string ClipboardText() {
-    const QString text = QGuiApplication::clipboard()->text();
+/// What lies beyond the bound goes by whole rows, or at least by whole cells: half a number would
+/// be another number. A text without an end of either in its second half is cut plainly: what is
+/// left of its last cell is too long for any number, and the whole too long for an edit box.
+QString Bounded(const QString& text) {
     if (text.size() <= kClipboardBound) {
-        return text.toStdString();
+        return text;
     }
-    const QStringView start = QStringView(text).first(kClipboardBound);
-    const qsizetype rows = start.lastIndexOf(u'\n') + 1;
-    const qsizetype cells = rows > 0 ? rows : start.lastIndexOf(u'\t') + 1;
-    return start.first(cells > 0 ? cells : kClipboardBound).toString().toStdString();
+    const QString start = text.first(kClipboardBound);
+    for (const QChar end : {u'\n', u'\t'}) {
+        const qsizetype whole = start.lastIndexOf(end) + 1;
+        if (whole > kClipboardBound / 2) {
+            return start.first(whole);
+        }
+    }
+    return start;
+}
+
+/// The clipboard's text since it changed last. It comes from another program piece by piece, and
+/// always as a whole: it is asked for once and not again for each look and paste.
+std::optional<std::string> keptClipboard; // NOLINT: one clipboard for the process
+
+std::string ClipboardText() {
+    if (!keptClipboard) {
+        keptClipboard = Bounded(QGuiApplication::clipboard()->text()).toStdString();
+    }
+    return *keptClipboard;
 }
 
 } // namespace
 
 void InstallQtDesktop() {
     Platform& platform = ThePlatform();
+    keptClipboard.reset();
+    // Before any window listens: who hears of the change must find the new text.
+    QObject::connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, qApp,
+                     [] { keptClipboard.reset(); });
     platform.TheClipboard.GetText = ClipboardText;
     platform.TheClipboard.SetText = [](const std::string& text) {
         QGuiApplication::clipboard()->setText(QString::fromStdString(text));

@@ -4,8 +4,11 @@
 #include "platform/timer.h"
 #include "verbs.h"
 
+#include <QClipboard>
 #include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QLineEdit>
+#include <QMimeData>
 
 namespace qdw8::test {
 namespace {
@@ -68,6 +71,40 @@ TEST(QtDesktopDeathTest, TheEndComesAtOnceAndClosesThePort) {
         ThePlatform().EndProgram();
     };
     EXPECT_EXIT(end(), ::testing::ExitedWithCode(0), "port closed");
+}
+
+/// A clipboard of another program, which hands its text over anew each time.
+struct CountedText : QMimeData {
+    CountedText(QString held, int& count) : text(std::move(held)), asked(count) {}
+    bool hasFormat(const QString& format) const override { return format == "text/plain"; }
+    QStringList formats() const override { return {"text/plain"}; }
+    QVariant retrieveData(const QString& /*format*/, QMetaType /*type*/) const override {
+        ++asked;
+        return text;
+    }
+    QString text;
+    int& asked;
+};
+
+TEST(QtClipboard, IsAskedOnceForEachTextAndCutWhereNoNumberBecomesAnother) {
+    InstallQtDesktop();
+    const Clipboard& clipboard = ThePlatform().TheClipboard;
+    const QString cells = QString("1\n2\t").repeated(1 << 18);
+    const QString one(2 << 20, '1');
+    int asked = 0;
+    for (const auto& [text, size] : {std::pair(QString("7"), 1),
+                                     {"12\n" + cells, (1 << 20) - 3},
+                                     {"12\n" + QString("1\t").repeated(1 << 19), (1 << 20) - 1},
+                                     {one, 1 << 20},
+                                     {"1\n" + one, 1 << 20}}) {
+        asked = 0;
+        QGuiApplication::clipboard()->setMimeData(new CountedText(text, asked));
+        EXPECT_EQ(clipboard.GetText(), text.first(size).toStdString());
+        EXPECT_EQ(clipboard.GetText().size(), size);
+        EXPECT_EQ(asked, 1);
+    }
+    clipboard.SetText("8");
+    EXPECT_EQ(clipboard.GetText(), "8");
 }
 
 TEST(QtInputMethod, TheSwitchHoldsForTheControlAndTheEditorsInIt) {

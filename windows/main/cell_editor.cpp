@@ -1,10 +1,9 @@
 #include "windows/main/cell_editor.h"
 
+#include "platform/platform.h"
 #include "position/flex_grid.h"
 #include "position/grid_editor.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -119,7 +118,7 @@ void CellEditor::take() {
 
 void CellEditor::paste() {
     const auto room = flgdData().edit.maxLength - text().size() + selectedText().size();
-    const auto whole = TextToPaste(QGuiApplication::clipboard()->text().toStdString(),
+    const auto whole = TextToPaste(ThePlatform().TheClipboard.GetText(),
                                    static_cast<int>(std::max<qsizetype>(room, 0)));
     if (whole) {
         insert(QString::fromStdString(*whole));
