@@ -15,6 +15,7 @@ struct BoxQuestion {
     BoxButtons buttons = BoxButtons::Ok;
     std::string title; ///< empty: the program's own name
     BoxIcon icon = BoxIcon::None;
+    bool mildDefault = false; ///< Enter takes the last choice, not the first
 };
 
 /// Shows the box and waits for the answer while events go on. Closing the box answers Cancel where

@@ -106,8 +106,12 @@ bool CommentsMayBeWritten() {
         comments += PosiTable[static_cast<std::size_t>(position)].comment;
     }
     const std::string lacking = LackingInCp932(comments);
-    return lacking.empty() || AskBox(Lines({ResText(3021), lacking, ResText(3022)}),
-                                     BoxButtons::YesNo) == BoxAnswer::Yes;
+    const BoxQuestion question{Lines({ResText(3021), lacking, ResText(3022)}),
+                               BoxButtons::YesNo,
+                               {},
+                               BoxIcon::Question,
+                               true};
+    return lacking.empty() || AskBox(question) == BoxAnswer::Yes;
 }
 
 /// Asks for a file to save.

@@ -45,6 +45,9 @@ public:
             goes(object);
         } else if (event->type() == QEvent::Move || event->type() == QEvent::Resize) {
             windowMoved(object);
+            if (event->type() == QEvent::Resize && !event->spontaneous()) {
+                sizeSettled(object);
+            }
         }
         return false;
     }
@@ -73,10 +76,24 @@ private:
             QWidget* dialog = one.dialog;
             const QWidget* parent = dialog == nullptr ? nullptr : dialog->parentWidget();
             if (parent != nullptr && parent->window() == object && dialog->isModal() &&
-                (dialog->pos() - one.at).manhattanLength() <= kFrameShift) {
+                isWherePut(one)) {
                 one.at = PlaceOver(*parent->window(), *dialog);
             }
         }
+    }
+
+    /// A layout may give the dialog its size only when it is up.
+    void sizeSettled(const QObject* object) {
+        const auto one = std::find_if(placed.begin(), placed.end(), [object](const auto& other) {
+            return other.dialog == object;
+        });
+        if (one != placed.end() && one->dialog->parentWidget() != nullptr && isWherePut(*one)) {
+            one->at = PlaceOver(*one->dialog->parentWidget()->window(), *one->dialog);
+        }
+    }
+
+    static bool isWherePut(const PlacedDialog& one) {
+        return (one.dialog->pos() - one.at).manhattanLength() <= kFrameShift;
     }
 
     std::vector<PlacedDialog> placed;

@@ -76,7 +76,7 @@ BoxAnswer ShowBox(const BoxQuestion& question) {
         QPushButton* button = box->addButton(QString::fromStdString(choice.text), choice.role);
         button->setObjectName(QString::fromLatin1(choice.name));
         buttons.push_back(button);
-        if (buttons.size() == 1) {
+        if (buttons.size() == (question.mildDefault ? choices.size() : 1)) {
             box->setDefaultButton(button);
         }
         if (choice.answer == BoxAnswer::Cancel) {

@@ -193,7 +193,7 @@ private:
             const bool dialog = TheTransferDialog().cancelShown;
             if (dialog || TheGiveUpOffer().shown) {
                 EXPECT_EQ(dialog ? TheTransferDialog().lblSetumei : TheGiveUpOffer().text,
-                          "The controller does not answer. Do you stop waiting?");
+                          "The controller does not answer. Cancel stops waiting.");
                 bench.platform.after(ms, dialog ? cmdTranceCancel_Click : cmdGiveUp_Click);
             }
         };

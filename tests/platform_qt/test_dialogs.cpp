@@ -10,12 +10,14 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QVBoxLayout>
 
 namespace qdw8::test {
 namespace {
@@ -77,6 +79,7 @@ private:
             shown = its.windowTitle() + ", " + its.buttons().constFirst()->text();
             act == "gone"     ? delete window
             : act == "escape" ? QTest::keyClick(&dialog, Qt::Key_Escape)
+            : act == "enter"  ? QTest::keyClick(&dialog, Qt::Key_Return)
             : act == "close"  ? void(dialog.close())
                               : Click(dialog, act);
             stays = window && dialog.isVisible();
@@ -86,7 +89,7 @@ private:
         });
         const auto buttons = static_cast<BoxButtons>(kinds.indexOf(text.section(" / ", 0, 0)));
         const auto answer = static_cast<std::size_t>(ThePlatform().ShowMessageBox(
-            {"<b>line\r\n\r\nline</b>", buttons, title, BoxIcon::Question}));
+            {"<b>line\r\n\r\nline</b>", buttons, title, BoxIcon::Question, mild}));
         const char* const names[] = {"Ok", "Cancel", "Yes", "No"};
         return stays ? "stays" : names[answer];
     }
@@ -127,6 +130,7 @@ private:
     QTemporaryDir folder;
     QString before = QDir::currentPath();
     std::string title;
+    bool mild = false;
     QString asked;
     QString shown;
     FileQuestion question{
@@ -135,6 +139,7 @@ private:
     const Verbs verbs{
         {"box", [this](auto& text) { return box(QString::fromStdString(text)); }},
         {"title", Does([this](auto& text) { title = text; })},
+        {"mild", Does([this](auto&) { mild = true; })},
         {"words", Does([](auto& yes) { SetStandardTexts({.yes = yes}); })},
         {"type", [this](auto& name) { return type(name); }},
         {"asked", [this](auto&) { return asked.toStdString(); }},
@@ -153,7 +158,7 @@ private:
 };
 
 TEST(QtDialogs, ComeOutAsTold) {
-    EXPECT_EQ(PlayStories<DialogPlayer>("platform_qt/dialogs.txt"), 6);
+    EXPECT_EQ(PlayStories<DialogPlayer>("platform_qt/dialogs.txt"), 7);
 }
 
 TEST(QtDialogs, ABoxStandsOverItsWindowAndGoesAlongUntilTheUserMovesIt) {
@@ -185,6 +190,16 @@ TEST(QtDialogs, ABoxStandsOverItsWindowAndGoesAlongUntilTheUserMovesIt) {
     }
     dialog.show();
     EXPECT_TRUE(isCentred(dialog)) << "as at the first time";
+    auto* text = new QLabel("short", &dialog);
+    (new QVBoxLayout(&dialog))->addWidget(text);
+    dialog.layout()->setSizeConstraint(QLayout::SetFixedSize);
+    text->setFixedWidth(370); // its size comes only now
+    EXPECT_TRUE(PumpUntil([&] { return dialog.width() > 370; }));
+    EXPECT_TRUE(isCentred(dialog));
+    dialog.move(3, 3);
+    text->setFixedWidth(200);
+    EXPECT_TRUE(PumpUntil([&] { return dialog.width() < 370; }));
+    EXPECT_EQ(dialog.pos(), QPoint(3, 3)) << "where the user has put it";
     QDialog placed(&window);
     placed.move(5, 6);
     placed.show();

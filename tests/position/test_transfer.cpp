@@ -138,6 +138,20 @@ TEST_F(Transfer, ACancelOrTheEndOfTheProgramEndsAtTheNextRow) {
     expectAsBefore();
 }
 
+TEST_F(Transfer, AReadThatIsGivenUpTellsAsACancelledOne) {
+    addFault("0RP:2:short");
+    addFault("0CM0:*:silence");
+    Screens().frmTrance = [] {
+        if (TheTransferDialog().lblSetumei == OfferText()) {
+            cmdTranceCancel_Click();
+        }
+    };
+    expectReadOf(5, 20);
+    platform.expectBox("Reading of data was stopped.");
+    ReadFromCt();
+    expectAsBefore();
+}
+
 TEST_F(Transfer, ASaveInTheMiddleOfAReadSavesTheGridAsItStands) {
     line.controller.setTurnaround(10);
     expectReadOf(5, 20);

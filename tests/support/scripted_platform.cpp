@@ -28,7 +28,8 @@ const char* NameOf(BoxButtons buttons) {
 } // namespace
 
 std::string Describe(const BoxQuestion& question) {
-    return "box " + std::string(NameOf(question.buttons)) + ": " + question.text;
+    return "box " + std::string(NameOf(question.buttons)) + ": " + question.text +
+           (question.mildDefault ? " [mild]" : "");
 }
 
 std::string Describe(const FileQuestion& question) {

@@ -217,6 +217,25 @@ TEST_F(Dialogs, TranceShowsTheTransferUntilItEnds) {
             EXPECT_EQ(TransferCancelFlag, kSet) << way;
             EXPECT_TRUE(dialog.isVisible());
         }
+        TransferCancelFlag = kClear;
+        step(dialog, "<Space>");
+        step(dialog, "<Return>");
+        EXPECT_EQ(TransferCancelFlag, kClear) << "typed for something else";
+        step(dialog, "<Tab>");
+        step(dialog, "<Space>");
+        EXPECT_EQ(TransferCancelFlag, kSet);
+        {
+            QDialog box(window.get());
+            box.setModal(true);
+            box.show();
+            TransferCancelFlag = kClear;
+            QTest::keyClick(&box, Qt::Key_Escape);
+            EXPECT_EQ(TransferCancelFlag, kClear) << "the Escape of the box in front";
+            EXPECT_FALSE(box.isVisible());
+        }
+        EXPECT_TRUE(QTest::qWaitFor([&dialog] { return dialog.isActiveWindow(); }));
+        QTest::keyClick(grid, Qt::Key_Escape);
+        EXPECT_EQ(TransferCancelFlag, kSet) << "whichever window is active";
         EXPECT_EQ(GrpMoveStopFlag, kClear);
         OfferGiveUp();
         step(dialog, "<Esc>");
@@ -259,9 +278,11 @@ TEST_F(Dialogs, WhatDoesNotBlockStandsInFrontOfTheWindowThatStartedTheWork) {
             }
         }
         step(giveUp, "<Return>");
-        EXPECT_EQ(GrpMoveStopFlag, kClear) << "an Enter gives up nothing";
-        step(giveUp, "<Esc>");
-        EXPECT_EQ(GrpMoveStopFlag, kSet);
+        step(giveUp, "<Space>");
+        EXPECT_EQ(GrpMoveStopFlag, kClear) << "an Enter or a blank gives up nothing";
+        QTest::keyClick(starter, Qt::Key_Escape);
+        EXPECT_EQ(GrpMoveStopFlag, kSet) << "whichever window is active";
+        EXPECT_TRUE(starter->isVisible());
         EXPECT_TRUE(giveUp.isVisible()) << "the end of the wait takes it away";
         GrpMoveStopFlag = kClear;
         processing.close();
@@ -349,7 +370,9 @@ TEST_F(Dialogs, OnlineWindowWritesIntoTheController) {
     });
     step(dialog, "cmdPrmCtWrite");
     EXPECT_TRUE(seen);
+    step(dialog, "<Space>"); // meant for the box
     EXPECT_EQ(told.join(' ').toStdString(), box::kWritten);
+    EXPECT_NE(dialog.focusWidget(), &Get<QWidget>(dialog, "cmdPrmCtWrite"));
     EXPECT_TRUE(Get<QPushButton>(dialog, "cmdPrmCtWrite").isEnabled());
     EXPECT_EQ(DevSetting[0].DevStroke, 300);
     dialog.close();

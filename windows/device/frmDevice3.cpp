@@ -17,6 +17,7 @@ frmDevice3::frmDevice3(QWidget* parent) : QDialog(parent) {
     panels = std::make_unique<DevicePanels>(form, this);
     QBoxLayout* buttons = FillDeviceWindow(*this, *panels, form.cautionShown);
     cmdPrmCtWrite = AddDeviceButton(*buttons, "cmdPrmCtWrite", 1503);
+    cmdPrmCtWrite->setAutoDefault(false);
     cmdSyosai = AddDeviceButton(*buttons, "cmdSyosai", 1502);
     buttons->addStretch();
     cmdDeviceSet = AddDeviceButton(*buttons, "cmdDeviceSet", 1403);
@@ -50,7 +51,8 @@ void frmDevice3::write() {
     panels->showForm();
     cmdPrmCtWrite_Click(form, [this] { showCommands(); });
     panels->showForm();
-    cmdPrmCtWrite->setFocus();
+    // Not on a button: a key that was meant for a box must not send it all again.
+    panels->setFocus();
 }
 
 frmDevice3::~frmDevice3() = default;

@@ -3,6 +3,7 @@
 #include "app/transfer_dialog.h"
 #include "windows/controls/in_front.h"
 #include "windows/controls/load_form_resources.h"
+#include "windows/dialogs/cancel_key.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -26,9 +27,14 @@ frmGiveUp::frmGiveUp(QWidget* parent)
     text->setTextFormat(Qt::PlainText);
     auto* cancel = new QPushButton(this);
     cancel->setObjectName(QStringLiteral("cmdGiveUp"));
-    cancel->setAutoDefault(false); // an Enter that was meant for something else gives up nothing
+    // The dialog itself has the focus: a blank or an Enter that was meant for something else
+    // gives up nothing. Who wants the button by the keyboard goes to it with Tab.
+    setFocusPolicy(Qt::StrongFocus);
+    cancel->setFocusPolicy(Qt::TabFocus);
+    cancel->setAutoDefault(false);
     SetNumbers(*cancel, 1404);
     connect(cancel, &QPushButton::clicked, this, [] { cmdGiveUp_Click(); });
+    new CancelKey(*this, [] { return TheGiveUpOffer().shown; });
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(cancel);
@@ -46,6 +52,7 @@ void frmGiveUp::showState() {
         LoadFormResources(*this);
         text->setText(QString::fromStdString(offer.text));
         PutInFront(*this, home);
+        setFocus();
         show();
     } else if (!offer.shown && isVisible()) {
         TakeAway(*this, home);

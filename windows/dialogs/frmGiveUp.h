@@ -8,7 +8,7 @@ namespace qdw8 {
 
 /// The small window in which a wait that has no end of its own can be given up, where no transfer
 /// dialog is up. It shows `TheGiveUpOffer()`, stands on the screen without blocking, and only the
-/// end of the wait takes it away; Escape is its button.
+/// end of the wait takes it away; Escape in any window of the program is its button.
 class frmGiveUp : public QDialog {
 public:
     explicit frmGiveUp(QWidget* parent = nullptr);

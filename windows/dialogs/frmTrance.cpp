@@ -3,6 +3,7 @@
 #include "app/transfer_dialog.h"
 #include "windows/controls/in_front.h"
 #include "windows/controls/load_form_resources.h"
+#include "windows/dialogs/cancel_key.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -34,6 +35,10 @@ frmTrance::frmTrance(QWidget* parent)
     bar->setFormat(QStringLiteral("%v"));
     bar->setAlignment(Qt::AlignCenter);
     cancel->setObjectName(QStringLiteral("cmdTranceCancel"));
+    // The dialog itself has the focus: a blank or an Enter that was meant for something else
+    // cancels nothing. Who wants the button by the keyboard goes to it with Tab.
+    setFocusPolicy(Qt::StrongFocus);
+    cancel->setFocusPolicy(Qt::TabFocus);
     cancel->setAutoDefault(false);
     SetNumbers(*cancel, 1404);
 
@@ -49,6 +54,8 @@ frmTrance::frmTrance(QWidget* parent)
     layout->addLayout(buttons);
 
     connect(cancel, &QPushButton::clicked, this, [] { cmdTranceCancel_Click(); });
+    new CancelKey(*this,
+                  [] { return TheTransferDialog().shown && TheTransferDialog().cancelShown; });
     later.setSingleShot(true);
     connect(&later, &QTimer::timeout, this, [this] { showValue(); });
 }
@@ -85,6 +92,7 @@ void frmTrance::showState() {
     }
     if (opens) {
         PutInFront(*this, home);
+        setFocus();
         show();
     }
 }

@@ -21,7 +21,7 @@ public:
     /// a transfer; the bar is painted at most every 40 ms and at its end.
     void showState();
 
-    /// Escape is Cancel where there is one.
+    /// Escape is Cancel where there is one, in any window of the program.
     void reject() override;
 
 private:

@@ -167,7 +167,7 @@ void CellEditor::mouseReleaseEvent(QMouseEvent* event) {
 bool CellEditor::focusNextPrevChild(bool next) {
     flgdData_KeyDownEdit(next ? kKeyTab : 0);
     if (CommitEdit() && !next) {
-        keys.leave(next);
+        keys.back();
     }
     return true;
 }

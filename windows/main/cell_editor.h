@@ -13,7 +13,7 @@ public:
     /// What the grid does with the keys that end the edit and are more than that.
     struct Keys {
         std::function<void(QKeyEvent&)> move; ///< the edit is committed; the key moves the cell
-        std::function<void(bool)> leave;      ///< the same with Tab, or Shift+Tab: false
+        std::function<void()> back;           ///< the same with Shift+Tab
     };
 
     CellEditor(Keys keys, QWidget* parent);

@@ -1,5 +1,6 @@
 #include "windows/main/grid_view.h"
 
+#include "position/grid_cursor.h"
 #include "position/grid_editor.h"
 #include "windows/controls/group_header.h"
 #include "windows/controls/texts.h"
@@ -80,9 +81,8 @@ GridView::GridView(Events handlers, QWidget* parent)
         inside->addWidget(corner);
     }
 
-    editor = new CellEditor({[this](QKeyEvent& key) { keyPressEvent(&key); },
-                             [this](bool next) { focusNextPrevChild(next); }},
-                            viewport());
+    editor = new CellEditor(
+        {[this](QKeyEvent& key) { keyPressEvent(&key); }, [this] { moveInRow(-1); }}, viewport());
 
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { selectionMoved(); });
@@ -384,6 +384,22 @@ void GridView::keyPressEvent(QKeyEvent* event) {
         QTableView::keyPressEvent(event);
         handBackNow();
     }
+}
+
+bool GridView::focusNextPrevChild(bool next) {
+    handBackNow();
+    return (hasFocus() && moveInRow(next ? 1 : -1)) || QTableView::focusNextPrevChild(next);
+}
+
+/// False: no cell is current, or there is none on that side.
+bool GridView::moveInRow(int columns) {
+    const FlexGrid& grid = flgdData();
+    const int column = grid.col + columns;
+    if (grid.locked > 0 || grid.row < kGridHeadRows || column < 1 || column > kGridCommentColumn) {
+        return false;
+    }
+    GoToCell(grid.row, column);
+    return true;
 }
 
 void GridView::inputMethodEvent(QInputMethodEvent* event) {

@@ -69,6 +69,8 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
+    /// Tab and Shift+Tab go along the row, and out of the grid at its ends.
+    bool focusNextPrevChild(bool next) override;
     void updateGeometries() override;
     void scrollContentsBy(int dx, int dy) override;
 
@@ -83,6 +85,7 @@ private:
     void selectionMoved();
     void handBack();
     void handBackNow();
+    bool moveInRow(int columns);
     std::pair<int, int> rowsOnScreen() const;
 
     GridModel* cells;

@@ -1,0 +1,44 @@
+#include "windows/dialogs/cancel_key.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QKeyEvent>
+
+#include <utility>
+
+namespace qdw8 {
+
+CancelKey::CancelKey(QDialog& shown, std::function<bool()> isOffered)
+    : QObject(&shown), dialog(shown), offered(std::move(isOffered)) {
+    qApp->installEventFilter(this);
+}
+
+bool CancelKey::takesKeys() const {
+    const QWidget* modal = QApplication::activeModalWidget();
+    return dialog.isVisible() && offered() && QApplication::activePopupWidget() == nullptr &&
+           (modal == nullptr || modal == dialog.parentWidget());
+}
+
+bool CancelKey::eventFilter(QObject* watched, QEvent* event) {
+    const auto* widget = qobject_cast<QWidget*>(watched);
+    if (widget == nullptr) {
+        return false;
+    }
+    if (event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape && takesKeys()) {
+        event->accept();
+        dialog.reject();
+        return true;
+    }
+    if (event->type() == QEvent::Hide && widget != &dialog && widget->isModal()) {
+        const auto activate = [this] {
+            if (takesKeys()) {
+                dialog.activateWindow();
+            }
+        };
+        QMetaObject::invokeMethod(this, activate, Qt::QueuedConnection);
+    }
+    return false;
+}
+
+} // namespace qdw8

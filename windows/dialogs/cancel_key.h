@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+
+class QDialog;
+
+namespace qdw8 {
+
+/// Escape of a dialog that stands on the screen without blocking. While it is shown and `offered`
+/// says that there is something to cancel, the key is its `reject`, whichever window of the program
+/// is active; a menu or a modal window in front keeps its own Escape. When such a window has gone,
+/// the dialog becomes the active one again. Goes with the dialog.
+class CancelKey : public QObject {
+public:
+    CancelKey(QDialog& shown, std::function<bool()> isOffered);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    bool takesKeys() const;
+
+    QDialog& dialog;
+    std::function<bool()> offered;
+};
+
+} // namespace qdw8
