@@ -40,7 +40,8 @@ constexpr std::string_view kToolBarMark = "tb";
 std::bitset<kCommands> StatesAtLoad() {
     std::bitset<kCommands> states;
     for (std::size_t index = 0; index < kCommands; ++index) {
-        states.set(index, kEntries[index].list == List::LeftOut);
+        const List list = kEntries[index].list;
+        states.set(index, list == List::LeftOut || list == List::Always);
     }
     return states;
 }
