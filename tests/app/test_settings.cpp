@@ -45,23 +45,21 @@ TEST(Settings, MotionDefaultsKeepJogWithinItsRange) {
 TEST(FileQuestions, NothingForACancelledDialogAndAnEmptyPath) {
     ResetModule1();
     ScriptedPlatform platform;
-    const FileKind kind{351, "qdd"};
-    const std::string filter = "Position Data(*.qdd)|*.qdd|All Files(*.*)|*.*";
-    const FileQuestion open{FileQuestion::Kind::Open,
-                            "Open Position Data file",
-                            filter,
-                            "qdd",
-                            "",
-                            "/f",
-                            kFileMustExist};
-    platform.expectFile(open, FileAnswer{"/f/a.qdd", "a.qdd"});
-    EXPECT_EQ(AskFileToOpen(kind, 364, "/f")->path, "/f/a.qdd");
-    platform.expectFile(open, FileAnswer{});
-    EXPECT_FALSE(AskFileToOpen(kind, 364, "/f"));
-    platform.expectFile({FileQuestion::Kind::Save, "Open Position Data file", filter, "qdd", "x",
-                         "", kOverwritePrompt},
-                        {});
-    EXPECT_FALSE(AskFileToSave(kind, 364, "x"));
+    FileQuestion question{FileQuestion::Kind::Open,
+                          "Open Position Data file",
+                          "Position Data(*.qdd)|*.qdd|All Files(*.*)|*.*",
+                          "qdd",
+                          "",
+                          "/f",
+                          kFileMustExist};
+    platform.expectFile(question, FileAnswer{"/f/a.qdd", "a.qdd"});
+    EXPECT_EQ(AskFileToOpen({351, "qdd"}, 364, "/f")->path, "/f/a.qdd");
+    platform.expectFile(question, FileAnswer{});
+    EXPECT_FALSE(AskFileToOpen({351, "qdd"}, 364, "/f"));
+    question = {FileQuestion::Kind::Save, question.title, question.filter, "qdd", "x", "",
+                kOverwritePrompt};
+    platform.expectFile(question, {});
+    EXPECT_FALSE(AskFileToSave({351, "qdd"}, 364, "x"));
 }
 
 TEST(TransferDialog, BarStaysAtItsEndAndTheDialogGoesByItself) {

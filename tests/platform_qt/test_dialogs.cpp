@@ -4,7 +4,7 @@
 #include "platform/qt/dialog_places.h"
 #include "platform/qt/qt_file_dialog.h"
 #include "platform/qt/qt_platform.h"
-#include "support/stories.h"
+#include "support/story.h"
 #include "verbs.h"
 
 #include <QApplication>
@@ -62,7 +62,7 @@ public:
         QDir::setCurrent(before);
         delete window;
     }
-    void play(const std::string& line) const { PlayVerb(verbs, line); }
+    void tell(const std::string& line) const { PlayVerb(verbs, line); }
 
     QPointer<QWidget> window = new QWidget;
 
@@ -158,7 +158,7 @@ private:
 };
 
 TEST(QtDialogs, ComeOutAsTold) {
-    EXPECT_EQ(PlayStories<DialogPlayer>("platform_qt/dialogs.txt"), 7);
+    TellStories<DialogPlayer>(QDW8_SOURCE_DIR "/tests/platform_qt/dialogs.txt", 7);
 }
 
 TEST(QtDialogs, ABoxStandsOverItsWindowAndGoesAlongUntilTheUserMovesIt) {

@@ -2,7 +2,7 @@
 
 #include "platform/platform.h"
 #include "platform/qt/qt_platform.h"
-#include "support/stories.h"
+#include "support/story.h"
 #include "verbs.h"
 
 #include <QAbstractEventDispatcher>
@@ -36,7 +36,7 @@ public:
         port.OnComm = nullptr;
         ::close(farEnd);
     }
-    void play(const std::string& line) const { PlayVerb(verbs, line); }
+    void tell(const std::string& line) const { PlayVerb(verbs, line); }
 
     void farSends(const std::string& text) const {
         ASSERT_EQ(::write(farEnd, text.data(), text.size()), static_cast<ssize_t>(text.size()));
@@ -169,7 +169,7 @@ private:
 };
 
 TEST(QtLine, ComesOutAsTold) {
-    EXPECT_EQ(PlayStories<LinePlayer>("platform_qt/line.txt"), 11);
+    TellStories<LinePlayer>(QDW8_SOURCE_DIR "/tests/platform_qt/line.txt", 11);
 }
 
 TEST(QtLine, TheNoticeMayWaitThrowOrCloseThePort) {

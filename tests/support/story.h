@@ -8,6 +8,7 @@
 #include <memory>
 #include <sstream>
 #include <string>
+#include <vector>
 
 /// Stories: what the user does, what the program asks and what stands afterwards, a statement a
 /// line. "== title" begins a new one with a fresh program; "#" begins a comment. The words are
@@ -26,17 +27,26 @@ using StoryValues = std::map<std::string, std::function<std::string(Args&)>>;
 void TellStatement(const StoryWords& words, const StoryValues& values,
                    const std::string& statement);
 
-/// Tells all stories of a folder, each by a `Story` of its own.
-template<typename Story> void TellStories(const std::string& folder, int atLeast) {
+/// A row of a table of what has a name: the name, and what is called so.
+#define NAMED(it)                                                                                  \
+    { #it, it }
+
+/// Tells all stories of a file or folder, each by a `Story` of its own.
+template<typename Story> void TellStories(const std::string& path, int atLeast) {
+    namespace fs = std::filesystem;
     int told = 0;
-    for (const auto& file : std::filesystem::directory_iterator(folder)) {
-        std::ifstream lines(file.path());
+    std::vector<fs::path> files{path};
+    if (fs::is_directory(path)) {
+        files.assign(fs::directory_iterator(path), {});
+    }
+    for (const fs::path& file : files) {
+        std::ifstream lines(file);
         std::unique_ptr<Story> story;
         std::string title;
         int number = 0;
         for (std::string statement; std::getline(lines, statement);) {
-            SCOPED_TRACE(title + "\n" + file.path().filename().string() + ":" +
-                         std::to_string(++number) + " " + statement);
+            SCOPED_TRACE(title + "\n" + file.filename().string() + ":" + std::to_string(++number) +
+                         " " + statement);
             if (statement.starts_with("== ")) {
                 story.reset(); // one platform at a time
                 story = std::make_unique<Story>();
