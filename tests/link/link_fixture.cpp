@@ -8,6 +8,7 @@
 #include "link/port.h"
 #include "link/receiver.h"
 
+#include <fstream>
 #include <map>
 #include <sstream>
 
@@ -52,6 +53,17 @@ std::vector<std::string> Split(const std::string& text, char mark) {
         parts.push_back(Trim(part));
     }
     return parts;
+}
+
+std::vector<std::vector<std::string>> RowsOf(const std::string& name) {
+    std::vector<std::vector<std::string>> rows;
+    std::ifstream table(QDW8_SOURCE_DIR "/tests/link/" + name);
+    for (std::string line; std::getline(table, line);) {
+        if (!line.starts_with('#')) {
+            rows.push_back(Split(line, '|'));
+        }
+    }
+    return rows;
 }
 
 LinkBench::LinkBench() {
@@ -117,27 +129,23 @@ std::string LinkBench::story() {
         }
         text += word.empty() ? "" : word + " ";
     }
-    if (!text.empty()) {
-        text.pop_back();
-    }
     platform.events.clear();
     platform.sent.clear();
     platform.sentAt.clear();
-    return text + ", " + std::to_string(platform.now);
+    return Trim(text) + ", " + std::to_string(platform.now);
 }
 
 std::string LinkBench::state() {
     std::string text;
-    const auto add = [&text](bool on, const char* name) {
-        text += on ? (text.empty() ? "" : " ") + std::string(name) : "";
-    };
-    add(IsSet(OffLineFlag), "OffLine");
-    add(IsSet(OnLineFlag), "OnLine");
-    add(IsSet(CommErrorFlag), "CommError");
-    add(IsSet(AlarmFlag), "Alarm");
-    add(IsSet(AlarmNotResettableFlag), "NotResettable");
-    add(IsSet(ErrorFoundFlag), "ErrorFound");
-    return text;
+    for (const auto& [flag, name] : {std::pair{OffLineFlag, "OffLine "},
+                                     {OnLineFlag, "OnLine "},
+                                     {CommErrorFlag, "CommError "},
+                                     {AlarmFlag, "Alarm "},
+                                     {AlarmNotResettableFlag, "NotResettable "},
+                                     {ErrorFoundFlag, "ErrorFound "}}) {
+        text += IsSet(flag) ? name : "";
+    }
+    return Trim(text);
 }
 
 } // namespace qdw8::test

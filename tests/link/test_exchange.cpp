@@ -11,8 +11,6 @@
 #include "link/port.h"
 #include "link/receiver.h"
 
-#include <fstream>
-
 namespace qdw8::test {
 namespace {
 
@@ -56,17 +54,12 @@ void CheckFault(const std::vector<std::string>& row, char form, bool kept) {
 }
 
 TEST(ExchangeFaults, EveryFaultInEveryForm) {
-    std::ifstream table(QDW8_SOURCE_DIR "/tests/link/faults.txt");
     int rows = 0;
-    for (std::string line; std::getline(table, line);) {
-        if (line.empty() || line[0] == '#') {
-            continue;
-        }
-        const auto row = Split(line, '|');
-        ASSERT_EQ(row.size(), 5U) << line;
+    for (const auto& row : RowsOf("faults.txt")) {
+        ASSERT_EQ(row.size(), 5U) << row[0];
         for (const char form : row[2]) {
             for (const bool kept : {false, true}) {
-                SCOPED_TRACE(line + (kept ? ", port kept: " : ": ") + form);
+                SCOPED_TRACE(row[0] + (kept ? ", port kept: " : ": ") + form);
                 CheckFault(row, form, kept);
                 ++rows;
             }

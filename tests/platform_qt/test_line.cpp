@@ -92,11 +92,13 @@ private:
     static std::string get(const std::string& key) {
         return ThePlatform().Settings.GetSetting("Settings", key, "-");
     }
-    static void save(const std::string& key, const std::string& value) {
-        ThePlatform().Settings.SaveSetting("Settings", key, value);
+    static void save(const std::string& text) {
+        const std::size_t blank = text.find(' ');
+        ThePlatform().Settings.SaveSetting("Settings", text.substr(0, blank),
+                                           text.substr(blank + 1));
     }
     static void keeps(const std::string& text) {
-        save("Key", text);
+        save("Key " + text);
         InstallQtSettings();
         EXPECT_EQ(get("Key"), text);
     }
@@ -150,11 +152,9 @@ private:
          })},
         {"told", [this](auto&) { return std::to_string(notices); }},
         {"quiet", Does([](auto&) { quiet(); })},
-        {"get", [](auto& key) { return get(key); }},
-        {"save", Does([](auto& text) {
-             save(text.substr(0, text.find(' ')), text.substr(text.find(' ') + 1));
-         })},
-        {"keeps", Does([](auto& text) { keeps(text); })},
+        {"get", get},
+        {"save", Does(save)},
+        {"keeps", Does(keeps)},
         {"restart", Does([](auto&) { InstallQtSettings(); })},
         {"file", [this](auto&) { return file().toStdString(); }},
         {"store", Does([this](auto& text) { setStore(text); })},
