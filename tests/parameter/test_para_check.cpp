@@ -2,7 +2,6 @@
 
 #include "parameter/parameter_bench.h"
 
-#include <functional>
 #include <sstream>
 
 namespace qdw8::test {
@@ -45,19 +44,16 @@ TEST_F(ParameterTest, EveryItemIsHeldToItsLimitsOnEveryAxis) {
 }
 
 TEST_F(ParameterTest, TheActuatorNeedsAllItsParts) {
-    const std::vector<std::function<void(ParameterSet&)>> changes = {
-        [](ParameterSet& set) { set.Actuator[3].clear(); },
-        [](ParameterSet& set) { set.parts[0].size = "44"; },
-        [](ParameterSet& set) { set.parts[1].speed.clear(); },
-        [](ParameterSet& set) { set.parts[2].stroke = 501; },
-        [](ParameterSet& set) { set.parts[2].stroke = -1; },
-        [](ParameterSet& set) { set.parts[2].stroke = 500; },
-    };
-    for (std::size_t i = 0; i < changes.size(); ++i) {
-        ParaSet = SampleSet();
-        changes[i](ParaSet);
-        EXPECT_EQ(ParametaValueCheck(), i < 5 ? 1 : 0) << i;
-        EXPECT_EQ(ParametaValueCheck2(), i < 5 ? 1 : 0) << i;
+    const ActuatorParts good{" 44", "L", 500};
+    for (const auto& parts : std::vector<ActuatorParts>{
+             good, {"44", "L", 50}, {" 44", "", 50}, {" 44", "L", 501}, {" 44", "L", -1}}) {
+        for (const char* text : {"J52L050", ""}) {
+            ParaSet.parts[3] = parts;
+            ParaSet.Actuator[3] = text;
+            const int bad = parts == good && *text != '\0' ? 0 : 1;
+            EXPECT_EQ(ParametaValueCheck(), bad) << parts.stroke;
+            EXPECT_EQ(ParametaValueCheck2(), bad) << parts.stroke;
+        }
     }
     EXPECT_EQ(BuildActuator({" 44", "L", 50}), " 44L050");
     EXPECT_EQ(BuildActuator({" 44", "L", 1000}), " 44LX");

@@ -1,11 +1,7 @@
 #include "parameter/para_file.h"
 
-#include "app/string_table.h"
-#include "parameter/para_fields.h"
 #include "parameter/para_rows.h"
 #include "parameter/parameter_bench.h"
-
-#include <algorithm>
 
 namespace qdw8::test {
 namespace {
@@ -16,13 +12,13 @@ using ParaFile = ParameterTest;
 const std::string kTaken = kHere + "files/taken/";
 const std::string kOtherKind = "Not parameter file for QD-W8.\r\nOpening file is canceled.";
 const std::string kGivenUp = "Fail to open parameter file.";
-const std::string kNotSaved = "Fail to  Save parameters into the file.";
-const std::string kFilter = "Parameter(*.pmt)|*.pmt|All files(*.*)|*.*";
-const FileQuestion kOpen{
-    FileQuestion::Kind::Open, "Open Parameter file", kFilter, "pmt", "", "", kFileMustExist};
-const FileQuestion kSave{
-    FileQuestion::Kind::Save, "Save Parameters as ...", kFilter, "pmt", "qdw8prm1.pmt", "",
-    kOverwritePrompt};
+const FileQuestion kOpen{FileQuestion::Kind::Open,
+                         "Open Parameter file",
+                         "Parameter(*.pmt)|*.pmt|All files(*.*)|*.*",
+                         "pmt",
+                         "",
+                         "",
+                         kFileMustExist};
 
 void Take(const std::string& name) {
     ASSERT_EQ(ReadParaFile(kTaken + name), 0) << name;
@@ -44,22 +40,6 @@ TEST_F(ParaFile, IsReadAndWrittenToTheByte) {
     ParaSet.Actuator[0] = "stale"; // built anew before writing
     ASSERT_EQ(WriteParaFile(pathOf("two.pmt")), 0);
     EXPECT_EQ(ReadWholeFile(pathOf("two.pmt")), ReadWholeFile(kTaken + "seven.pmt"));
-}
-
-TEST_F(ParaFile, HoldsAnyValidSetButForTheAcceleration) {
-    std::mt19937 random(20);
-    for (int i = 0; i < 100; ++i) {
-        const ParameterSet set = RandomSet(random);
-        ParaSet = set;
-        SetAxisOffByMask(AxisOff, i % 16);
-        ASSERT_EQ(WriteParaFile(pathOf("any.pmt")), 0);
-        ParaSet = ParameterSet{};
-        ASSERT_EQ(ReadParaFile(pathOf("any.pmt")), 0);
-        ASSERT_EQ(ApplyRowTable(RowSource::File), 0);
-        EXPECT_EQ(ParaSet.ACC_DCC, 0);
-        ParaSet.ACC_DCC = set.ACC_DCC;
-        ASSERT_EQ(ParaSet, set) << i;
-    }
 }
 
 TEST_F(ParaFile, OlderAndNewerFormsAreTaken) {
@@ -105,40 +85,6 @@ TEST_F(ParaFile, ABrokenFileChangesNothing) {
     platform.after(450, [this] { writeFile("late.pmt", ReadWholeFile(kTaken + "seven.pmt")); });
     EXPECT_EQ(OpenParaFile(), 0);
     EXPECT_EQ(ParaSet.SM_TIMER, 50);
-}
-
-TEST_F(ParaFile, SavesWhatTheFieldsSay) {
-    ParametaHyoji();
-    ParaFields.txtHomeOffset[0] = "4321";
-    platform.expectFile(kSave, FileAnswer{pathOf("new.pmt"), "new.pmt"});
-    platform.expectBox("Completed save parameters into the file.");
-    EXPECT_EQ(SaveParameters(), 0);
-    EXPECT_NE(ReadWholeFile(pathOf("new.pmt")).find("\r\n4321,"), std::string::npos);
-    platform.expectFile(kSave, FileAnswer{pathOf("gone/new.pmt"), "new.pmt"});
-    platform.expectBox(kNotSaved);
-    EXPECT_EQ(SaveParameters(), 1);
-    EXPECT_EQ(platform.now, 500);
-    platform.expectFile(kSave, std::nullopt);
-    EXPECT_EQ(SaveParameters(), 1);
-    platform.expectFile(kOpen, std::nullopt);
-    EXPECT_EQ(OpenParaFile(), -1);
-    ParaFields.txtHomeVel[2].clear();
-    platform.expectBox(box::kNotFilled);
-    EXPECT_EQ(SaveParameters(), 1);
-    for (const char* bad : {"61", "40000"}) {
-        ParaFields.txtHomeVel[2] = bad;
-        platform.expectBox(
-            "Invalid value in some parameters.\r\nConfirm the value and try it again.");
-        EXPECT_EQ(SaveParameters(), 1) << bad;
-    }
-    ParaFields.txtHomeVel[2] = "60";
-    ThePlatform().CommonDialog1.ShowFile = [](const FileQuestion&) -> std::optional<FileAnswer> {
-        throw std::runtime_error("no dialog");
-    };
-    platform.expectBox(kNotSaved);
-    EXPECT_EQ(SaveParameters(), 1);
-    platform.expectBox(kGivenUp);
-    EXPECT_EQ(OpenParaFile(), 1);
 }
 
 } // namespace

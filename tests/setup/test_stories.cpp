@@ -150,6 +150,14 @@ public:
 
 private:
     static std::size_t axisOf(Args& args) { return static_cast<std::size_t>(Number(args) - 1); }
+    static std::int16_t Short(Args& args) { return static_cast<std::int16_t>(Number(args)); }
+    static std::string& fieldOf(Args& args) {
+        AxisTexts& texts = ParaFields.*kFields.at(Word(args));
+        return texts.at(axisOf(args));
+    }
+    static std::pair<const ParaItem&, std::size_t> itemOf(Args& args) {
+        return {ItemOfRow(static_cast<ParaRow>(Number(args))), axisOf(args)};
+    }
     AxisPanel& panelOf(Args& args) { return form.axes[axisOf(args)]; }
     std::string run(Args& args) {
         ++depth;
@@ -180,21 +188,21 @@ private:
     }
     /// "0 text|choice|choice|detail"; -1 cancels.
     void select(Args& args) {
-        const int answer = Number(args);
+        const std::int16_t answer = Short(args);
         SelectionQuestion question{"Select", "", {}, IsSet(StartDeviceSelectFlag)};
         Args parts(Rest(args));
         std::getline(parts, question.text, '|');
         for (std::string part; std::getline(parts, part, '|');) {
             question.choices.push_back(part); // the details, too, stand behind the text
         }
-        platform.expectSelection(question, static_cast<std::int16_t>(answer));
+        platform.expectSelection(question, answer);
     }
     /// The size chosen where another one stood, with speed and stroke in force before.
     std::string follow(Args& args) {
         DevSetting[0] = DevSettei[0] = {" 44", "L", 100, kClear, kClear, kClear, kSet, 2, 400};
         OpenDevice2(form);
         const std::string speed = Word(args);
-        DevSetting[0].DevStroke = static_cast<std::int16_t>(Number(args));
+        DevSetting[0].DevStroke = Short(args);
         const std::string size = Word(args);
         DevSetting[0].DevSpeed = speed == "-" ? "" : speed;
         DevSetting[0].Vertical = FlagOf(CountsAsNewOnly(PadLeft(size, 3)));
@@ -252,6 +260,9 @@ private:
         {"copy", [] { return LetDevSettingToDevSettei(), 0; }},
         {"read", GetParametaValue},
         {"write", [] { return cmdParaWrite_Click(), 0; }},
+        {"show-fields", [] { return ParametaHyoji(), 0; }},
+        {"save-parameters", SaveParameters},
+        {"open-parameters", OpenParaFile},
         {"open2", [this] { return OpenDevice2(form), 0; }},
         {"open3", [this] { return OpenDevice3(form), 0; }},
         {"ok2", [this] { return cmdDeviceSet2_Click(form), 0; }},
@@ -286,10 +297,9 @@ private:
         {"lamp", [](Args&) { SetPanel(&MainPanel::imgGreenLedOnline, true); }},
         {"rows",
          [](Args& a) {
-             const auto first = static_cast<std::int16_t>(Number(a));
-             showRows(first, static_cast<std::int16_t>(Number(a)));
+             std::apply(showRows, std::tuple{Short(a), Short(a)});
          }},
-        {"working", [](Args& a) { PosiFirst = PosiLast = static_cast<std::int16_t>(Number(a)); }},
+        {"working", [](Args& a) { PosiFirst = PosiLast = Short(a); }},
         {"type",
          [](Args& a) {
              const int row = Number(a);
@@ -297,18 +307,12 @@ private:
              column += kAxisColumns * (Number(a) - 1);
              type(row, column, Rest(a));
          }},
-        {"field",
-         [](Args& a) {
-             auto& texts = ParaFields.*kFields.at(Word(a));
-             const std::size_t axis = axisOf(a);
-             texts.at(axis) = Word(a);
-         }},
+        {"field", [](Args& a) { fieldOf(a).assign(Word(a)); }},
         {"mask-field", [](Args& a) { ParaFields.txtOneAxis = Word(a); }},
         {"generator-field", [](Args& a) { ParaFields.comboPgFunc[1] = Number(a); }},
         {"parameter",
          [](Args& a) {
-             const ParaItem& item = ItemOfRow(static_cast<ParaRow>(Number(a)));
-             const std::size_t axis = axisOf(a);
+             const auto [item, axis] = itemOf(a);
              SetParaValue(ParaSet, item, axis, Number(a));
          }},
         {"actuator",
@@ -357,6 +361,13 @@ private:
              platform.expectFile(dialog, name.empty()
                                              ? std::nullopt
                                              : std::optional(FileAnswer{pathOf(name), name}));
+         }},
+        {"dialog-fails",
+         [](Args&) {
+             ThePlatform().CommonDialog1.ShowFile =
+                 [](const FileQuestion&) -> std::optional<FileAnswer> {
+                 throw std::runtime_error("no dialog");
+             };
          }},
         {"screen", [this](Args& a) { platform.expectScreen(Word(a)); }},
         {"in", [this](Args& a) { screen = Word(a); }},
@@ -414,10 +425,10 @@ private:
         {"settings", [this](Args&) { return std::to_string(platform.settings.size()); }},
         {"parameter",
          [](Args& a) {
-             const ParaItem& item = ItemOfRow(static_cast<ParaRow>(Number(a)));
-             return PlainDecimal(ParaValue(ParaSet, item, axisOf(a)));
+             const auto [item, axis] = itemOf(a);
+             return PlainDecimal(ParaValue(ParaSet, item, axis));
          }},
-        {"field", [](Args& a) { return (ParaFields.*kFields.at(Word(a)))[axisOf(a)]; }},
+        {"field", [](Args& a) { return fieldOf(a); }},
         {"mask-field", [](Args&) { return ParaFields.txtOneAxis; }},
         {"label", [](Args& a) { return ThePanel().lblDeviceType[axisOf(a)].substr(0, 11); }},
         {"head", [](Args& a) { return ThePanel().axisHeader[axisOf(a)]; }},
