@@ -25,22 +25,6 @@ PositionBench::PositionBench() {
     line.controller.setPositionRow(999, "3C1304E201E30000001E30000000110012BF0314");
 }
 
-void PositionBench::showRows(std::int16_t first, std::int16_t last) {
-    ClearPosiTable();
-    GridFirst = PosiFirst = first;
-    GridLast = PosiLast = last;
-    GridRowCount = static_cast<std::int16_t>(last - first + 1);
-    QdDataHyoji_3();
-}
-
-void PositionBench::type(int position, int column, const std::string& text) {
-    SetGridText(position - GridFirst + kGridHeadRows, column + 1, text);
-}
-
-std::string PositionBench::cell(int position, int column) {
-    return GridText(position - GridFirst + kGridHeadRows, column + 1);
-}
-
 std::vector<std::string> PositionBench::gridTexts() {
     std::vector<std::string> texts;
     for (auto row = flgdData().rows.begin() + kGridHeadRows; row != flgdData().rows.end(); ++row) {

@@ -5,12 +5,9 @@
 #include "app/transfer_dialog.h"
 #include "device/axis_device.h"
 #include "position/check_result.h"
-#include "position/flex_grid.h"
-#include "position/grid_display.h"
+#include "position/grid_bench.h"
 #include "position/grid_editor.h"
 #include "position/posi_check.h"
-#include "position/posi_table.h"
-#include "support/bench.h"
 #include "support/boxes.h"
 
 #include <string>
@@ -29,14 +26,9 @@ inline const std::string kCut = "Comments longer than 40 characters were cut.";
 constexpr int kAxis4 = 12; ///< first table column of AXIS 4
 
 /// Two axes in use on both ends of the line: AXIS 1 a QD-44L of 100 mm, AXIS 4 a QD-61F of 200 mm.
-struct PositionBench : LineBench {
+struct PositionBench : GridBench {
     PositionBench();
 
-    /// Puts rows of defaults into the table and the grid.
-    static void showRows(std::int16_t first, std::int16_t last);
-    /// Sets and gives the text of a cell by position number and table column.
-    static void type(int position, int column, const std::string& text);
-    static std::string cell(int position, int column);
     /// All texts of the grid, head rows left out.
     static std::vector<std::string> gridTexts();
     /// A row as the controller holds it.

@@ -30,6 +30,9 @@ std::string Field(Args& args) {
     const std::string word = Word(args);
     return word.substr(1, word.size() - 2);
 }
+std::int16_t Short(Args& args) {
+    return static_cast<std::int16_t>(Number(args));
+}
 std::pair<std::int16_t, std::int16_t> Range(const std::string& text) {
     return {static_cast<std::int16_t>(std::stoi(text)),
             static_cast<std::int16_t>(std::stoi(text.substr(text.find('-') + 1)))};
@@ -184,9 +187,8 @@ private:
              line.controller.setAxisMask(static_cast<unsigned>(std::stoi(Word(a), nullptr, 2)));
          }},
         {"during", [this](Args& a) { runDuring(a); }},
-        {"stroke", [](Args& a) { DevSetting[0].DevStroke = static_cast<std::int16_t>(Number(a)); }},
-        {"pulses-a-turn",
-         [](Args& a) { DevSetting[3].DevPPR = static_cast<std::int16_t>(Number(a)); }},
+        {"stroke", [](Args& a) { DevSetting[0].DevStroke = Short(a); }},
+        {"pulses-a-turn", [](Args& a) { DevSetting[3].DevPPR = Short(a); }},
         {"old-type", [](Args&) { DevSetting[0].NewType = kClear; }},
         {"wide", [](Args&) { AccWideFlag = kSet; }},
         // what the program asks
@@ -210,8 +212,7 @@ private:
                                 ")\r\n\r\nResult of Verify - OK");
          }},
         {"result", [this](Args& a) { expectResult(a); }},
-        {"with",
-         [this](Args& a) { platform.expectDataShogo(static_cast<std::int16_t>(Number(a))); }},
+        {"with", [this](Args& a) { platform.expectDataShogo(Short(a)); }},
         {"differs",
          [this](Args& a) {
              platform.expectSelection({"Select",
@@ -220,7 +221,7 @@ private:
                                        {"A setting in a controller is read.",
                                         "A setting in a controller is disregarded."},
                                        false},
-                                      static_cast<std::int16_t>(Number(a)));
+                                      Short(a));
          }},
         // what the user does
         {"do", [this](Args& a) { run(a); }},
@@ -304,11 +305,7 @@ private:
              return frames;
          }},
         {"bars", [this](Args&) { return bars; }},
-        {"sees",
-         [](Args& a) {
-             const auto [row, column] = place(a);
-             return GridText(row, column);
-         }},
+        {"sees", [](Args& a) { return std::apply(GridText, place(a)); }},
         {"marked",
          [](Args& a) {
              const auto [row, column] = place(a);
@@ -333,8 +330,7 @@ private:
          }},
         {"edit-commands",
          [](Args&) {
-             std::string on;
-             on += IsEnabled(Command::cmdInsertLine) ? "lines " : "";
+             std::string on = IsEnabled(Command::cmdInsertLine) ? "lines " : "";
              on += IsEnabled(Command::mnuEditLinePaste) ? "paste-lines " : "";
              return on + (IsEnabled(Command::mnuEditCellPaste) ? "paste-cells" : "");
          }},

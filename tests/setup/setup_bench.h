@@ -5,19 +5,16 @@
 #include "link/receiver.h"
 #include "parameter/para_fields.h"
 #include "parameter/para_set.h"
-#include "position/flex_grid.h"
-#include "position/grid_display.h"
-#include "position/posi_table.h"
+#include "position/grid_bench.h"
 #include "setup/controller_devices.h"
 #include "setup/para_commands.h"
-#include "support/bench.h"
 #include "support/boxes.h"
 
 namespace qdw8::test {
 
 /// AXIS 1 a QD-44L of 100 mm, AXIS 2 an old QD-52H of 200 mm with a pulse generator, AXIS 3 and 4
 /// out of use; the controller holds its start machine.
-struct SetupBench : LineBench {
+struct SetupBench : GridBench {
     SetupBench() {
         AxisOff = {kClear, kClear, kSet, kSet};
         FirstDeviceSetFlag = kSet;
@@ -40,20 +37,6 @@ struct SetupBench : LineBench {
         EXPECT_EQ(GetParametaValue2(), 0);
         ParametaHyoji();
         forgetFrames();
-    }
-    /// Puts rows of defaults into the table and the grid.
-    static void showRows(std::int16_t first, std::int16_t last) {
-        ClearPosiTable();
-        GridFirst = PosiFirst = first;
-        GridLast = PosiLast = last;
-        GridRowCount = static_cast<std::int16_t>(last - first + 1);
-        QdDataHyoji_3();
-    }
-    static std::string cell(int position, int column) {
-        return GridText(position - GridFirst + kGridHeadRows, column + 1);
-    }
-    static void type(int position, int column, const std::string& text) {
-        SetGridText(position - GridFirst + kGridHeadRows, column + 1, text);
     }
 };
 
