@@ -86,7 +86,7 @@ TEST_F(FieldsTest, AreTakenOfTheAxesInUseOnly) {
     ASSERT_EQ(TorikomiParametaValue(), 0);
     EXPECT_EQ(ParaSet.PUSH, (AxisWords{9, before.PUSH[1], 9, 9}));
     EXPECT_EQ(ParaSet.parts[3], (ActuatorParts{" 52", "H", 450}));
-    EXPECT_EQ(ParaSet.Actuator[1], before.Actuator[1]);
+    EXPECT_EQ(ParaSet.Actuator[0] + ParaSet.Actuator[1], " 52H450" + before.Actuator[1]);
     EXPECT_EQ(DevSettei[0].DevSize, " 52");
     EXPECT_EQ(DevSettei[0].DevSpeed, "H");
     EXPECT_EQ(DevSettei[1].DevSize + DevSetting[0].DevSize, "");
