@@ -36,6 +36,9 @@ const SelectionQuestion kActuators{
      "The parameter file is opened."},
     true};
 const std::string kFinish = "Finish QD-W8.";
+const std::string kNoData =
+    "There is no position data.\r\nPlease try again after perform [New Data] "
+    "or [Read from C/T] and then editing data. ";
 const std::string kSaveFirst = "Data have been changed. Save the data into the file before finish?";
 
 struct StartBench : LineBench {
@@ -50,10 +53,15 @@ struct StartBench : LineBench {
     void note(const std::string& what) {
         platform.events.push_back(std::to_string(platform.now) + " " + what);
     }
-    /// Start-up with an answer to the first question, and one to what is fitted where it is asked.
-    void start(std::int16_t answer, bool asksDevices, std::function<void()> choose = {}) {
+    /// Start-up with an answer to the first question and, off line, what the user chooses as
+    /// fitted; `why`: the box that says why it doesn't go on line.
+    void start(std::int16_t answer, bool offLine, const std::function<void()>& choose = {},
+               const std::string& why = {}) {
         platform.expectSelection(kStartMode, answer);
-        if (asksDevices) {
+        if (!why.empty()) {
+            platform.expectBox(why);
+        }
+        if (offLine) {
             platform.expectSelection(kActuators, 0);
             platform.expectScreen("frmDevice2", [choose] {
                 EXPECT_EQ(StartDeviceSelectFlag, kSet);
@@ -64,22 +72,9 @@ struct StartBench : LineBench {
         }
         Main();
     }
-    /// Start-up that tries to go on line, and the box that says why it doesn't.
     void startRefused(const std::string& why) {
-        platform.expectSelection(kStartMode, 0);
-        platform.expectBox(why);
-        platform.expectSelection(kActuators, 0);
-        platform.expectScreen("frmDevice2");
-        Main();
+        start(0, true, {}, why);
         expectStoredDevices();
-    }
-    void startOnLine() {
-        start(0, false);
-        platform.checkAllAsked();
-    }
-    void startOffLine() {
-        start(1, true);
-        platform.checkAllAsked();
     }
     void expectUsable() const {
         EXPECT_TRUE(IsEnabled(Command::cmdPosiRead));
@@ -101,8 +96,11 @@ struct StartBench : LineBench {
         ClearPosiTable();
         QdDataHyoji_3();
     }
-    void expectEnd(bool ends, const std::string& question, BoxButtons buttons, BoxAnswer answer) {
-        platform.expectBox(question, buttons, answer);
+    /// What the user is asked at the end, and whether the program then ends.
+    void expectEnd(BoxAnswer answer, bool ends) {
+        const bool dirty = IsSet(PosiDirtyFlag);
+        platform.expectBox(dirty ? kSaveFirst : kFinish,
+                           dirty ? BoxButtons::YesNoCancel : BoxButtons::OkCancel, answer);
         EXPECT_EQ(frmMain_QueryUnload(), ends);
     }
     /// A command on line during which the user closes the window, so long after its begin.
@@ -132,20 +130,16 @@ TEST_F(StartUp, OnLineRunsToTheEnd) {
             EXPECT_FALSE(TheTransferDialog().cancelShown);
         }
     };
-    startOnLine();
+    start(0, false);
     EXPECT_EQ(steps, (std::vector<int>{0, 1, 2, 3, 4}));
-    EXPECT_EQ(platform.events[0], "0 splash");
-    EXPECT_EQ(platform.events[1], "2000 splash gone");
+    EXPECT_EQ(platform.events[0] + ", " + platform.events[1], "0 splash, 2000 splash gone");
     EXPECT_EQ(platform.sent, (std::vector<std::string>{"0CM02", "0CM1", "0RV", "0RD0", "0RD6",
                                                        "0RD8", "0RDA", "0RDC"}));
-    EXPECT_EQ(OffLineFlag, kClear);
-    EXPECT_TRUE(ThePanel().imgGreenLedOnline);
+    EXPECT_TRUE(ThePanel().imgGreenLedOnline && !IsSet(OffLineFlag));
     EXPECT_EQ(ThePanel().lblErrorComment, "No Error");
     EXPECT_EQ(AxisOff, (std::array<Flag, kAxes>{}));
-    EXPECT_EQ(DevSetting[0].DevSize + DevSetting[0].DevSpeed, " 61H");
-    EXPECT_EQ(DevSetting[3].DevPPR, 192);
-    EXPECT_EQ(DevSetting[1].MaxStrokeMm, 100);
     EXPECT_EQ(ThePanel().lblDeviceType[0].substr(0, 10), "QD- 61H-30");
+    EXPECT_EQ(DevSetting[1].MaxStrokeMm, 100);
     EXPECT_EQ(ThePanel().lblFileName, "QD-W8 Ver1.40E");
     EXPECT_TRUE(platform.portOpen) << "the port is kept";
     expectUsable();
@@ -176,13 +170,10 @@ TEST(StartUpSteps, EveryFailureEndsOffLineWithTheStoredDevices) {
                           });
 }
 
-TEST_F(StartUp, AControllerOfTwoAxesIsRefused) {
+TEST_F(StartUp, AnotherControllerIsRefusedAndAPortIsTriedSixTimes) {
     line.controller.setAxisCount(2);
     startRefused(
         "This is not \"QD-K8\" controller.\r\nPlease check whether a controller is QD-K8.");
-}
-
-TEST_F(StartUp, APortThatCanNotBeOpenedIsTriedSixTimes) {
     platform.failingOpens = -1;
     platform.settings["PortNo"] = "3";
     startRefused(box::kPort);
@@ -211,11 +202,12 @@ TEST_F(StartUp, AnAxisWithoutALeadLeadsToTheStoredDevicesOneWithoutAModelToTheCh
 TEST_F(StartUp, AnAxisThatNothingIsKnownOfStaysOutOfUse) {
     platform.settings["DevSize2"] = "4";
     platform.settings["DevLead2"] = "99";
-    platform.expectSelection(kStartMode, 1);
-    platform.expectBox(box::kNotSelected);
-    platform.expectSelection(kActuators, 0);
-    platform.expectScreen("frmDevice2", [] { AxisOff = {kClear, kSet, kClear, kClear}; });
-    Main();
+    start(
+        1, true,
+        [] {
+            AxisOff = {kClear, kSet, kClear, kClear};
+        },
+        box::kNotSelected);
     EXPECT_EQ(AxisOff[1], kSet);
     expectUsable();
 }
@@ -229,7 +221,7 @@ TEST_F(StartUp, OddSettingsAreTakenAsTheyMean) {
     platform.screen = {800, 600};
     platform.expectBox("Since the resolution of a screen is low, an error may occur while in "
                        "use.\r\nPlease use the resolution of a screen or more by 1024x768.");
-    startOffLine();
+    start(1, true);
     EXPECT_EQ(LanguageNo, 3);
     EXPECT_EQ(LanguageBase, 10000);
     EXPECT_EQ(DispMmFlag + MmRoundUpFlag + PortNo, 0);
@@ -269,15 +261,15 @@ TEST_F(StartUp, TheTitleBarOfTheDeviceChoiceEndsTheProgram) {
 }
 
 TEST_F(StartUp, TheEndAsksAndStoresPortAndLanguage) {
-    startOnLine();
-    expectEnd(false, kFinish, BoxButtons::OkCancel, BoxAnswer::Cancel);
+    start(0, false);
+    expectEnd(BoxAnswer::Cancel, false);
     EXPECT_TRUE(platform.portOpen);
-    expectEnd(true, kFinish, BoxButtons::OkCancel, BoxAnswer::Ok);
+    expectEnd(BoxAnswer::Ok, true);
     EXPECT_FALSE(platform.portOpen);
     showRows(2);
     PosiDirtyFlag = kSet;
-    expectEnd(false, kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::Cancel);
-    expectEnd(true, kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::No);
+    expectEnd(BoxAnswer::Cancel, false);
+    expectEnd(BoxAnswer::No, true);
     platform.expectBox(kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::Yes);
     platform.expectScreen("frmSelectPosiNo3", [] { PosiLast = 1; });
     platform.expectBox("Write Data to the file,Yes?", BoxButtons::OkCancel, BoxAnswer::Ok);
@@ -288,8 +280,7 @@ TEST_F(StartUp, TheEndAsksAndStoresPortAndLanguage) {
     EXPECT_FALSE(frmMain_QueryUnload()) << "a part is not the whole";
     ResetGrid();
     platform.expectBox(kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::Yes);
-    platform.expectBox("There is no position data.\r\nPlease try again after perform [New Data] or "
-                       "[Read from C/T] and then editing data. ");
+    platform.expectBox(kNoData);
     EXPECT_FALSE(frmMain_QueryUnload()) << "nothing was saved, so the window stays";
     EXPECT_FALSE(platform.ended);
     PortNo = 4;
@@ -303,34 +294,17 @@ TEST_F(StartUp, TheEndAsksAndStoresPortAndLanguage) {
     EXPECT_TRUE(platform.ended);
 }
 
-TEST_F(StartUp, ACloseDuringATransferEndsItAtTheNextRow) {
-    startOnLine();
-    closeDuring(Command::cmdPosiRead, 100, [this] {
-        platform.expectScreen("frmSelectPosiNo2", [] {
-            PosiFirst = 1;
-            PosiLast = 999;
-        });
-        platform.expectBox("Read the data from controller, OK?", BoxButtons::OkCancel,
-                           BoxAnswer::Ok);
-    });
-    EXPECT_TRUE(platform.ended);
-    EXPECT_LT(platform.sent.size(), 20U);
-}
-
 TEST_F(StartUp, ACloseDuringTheStartEndsItAtTheNextStep) {
     line.controller.setTurnaround(40);
     platform.expectSelection(kStartMode, 0);
-    platform.after(2020, [this] {
-        platform.expectBox(kFinish, BoxButtons::OkCancel, BoxAnswer::Ok);
-        EXPECT_FALSE(frmMain_QueryUnload());
-    });
+    platform.after(2020, [this] { expectEnd(BoxAnswer::Ok, false); });
     Main();
     EXPECT_TRUE(platform.ended);
     EXPECT_EQ(platform.sent, std::vector<std::string>{"0CM02"});
 }
 
 TEST_F(StartUp, NobodyIsToldOrAskedAnythingBehindTheConfirmedEnd) {
-    startOnLine();
+    start(0, false);
     for (const auto& [axes, fault] : {std::pair{15U, "0RD:4:error=03"}, {9U, "0RP:1:silence"}}) {
         line.controller.setAxisMask(axes);
         addFault(fault);
@@ -348,20 +322,16 @@ TEST_F(StartUp, NobodyIsToldOrAskedAnythingBehindTheConfirmedEnd) {
 }
 
 TEST_F(StartUp, NothingIsPolledWhileSomethingIsAsked) {
-    startOnLine();
+    start(0, false);
     platform.sent.clear();
     AlarmFlag = PosiDirtyFlag = kSet;
     int asked = 0;
-    ThePlatform().ShowMessageBox = [&](const BoxQuestion&) {
+    const auto wait = [&] {
         ++asked;
         platform.run(2000);
-        return BoxAnswer::Cancel;
     };
-    ThePlatform().CommonDialog1.ShowPrinter = [&](const auto&) {
-        ++asked;
-        platform.run(2000);
-        return std::optional<int>();
-    };
+    ThePlatform().ShowMessageBox = [&](const auto&) { return wait(), BoxAnswer::Cancel; };
+    ThePlatform().CommonDialog1.ShowPrinter = [&](const auto&) { return wait(), std::nullopt; };
     EditCMD_Yuko();
     for (const Command command :
          {Command::mnuEditLineCopy, Command::mnuFilePageSetup, Command::mnuFileClose}) {
@@ -373,7 +343,7 @@ TEST_F(StartUp, NothingIsPolledWhileSomethingIsAsked) {
 }
 
 TEST_F(StartUp, ACommandThatIsKeptFinishesTheCellWhenItIsChosen) {
-    startOnLine();
+    start(0, false);
     int finished = 0;
     Screens().flgdDataFinishInput = [&finished] { return ++finished > 0; };
     line.controller.setTurnaround(100);
@@ -383,8 +353,7 @@ TEST_F(StartUp, ACommandThatIsKeptFinishesTheCellWhenItIsChosen) {
         EXPECT_EQ(finished, 1);
         EXPECT_EQ(flgdData().locked, 1) << "what is typed now comes behind the command";
     });
-    platform.expectBox("There is no position data.\r\nPlease try again after perform [New Data] or "
-                       "[Read from C/T] and then editing data. ");
+    platform.expectBox(kNoData);
     SupervisionTick();
     platform.checkAllAsked();
     EXPECT_EQ(finished, 1);
@@ -392,7 +361,7 @@ TEST_F(StartUp, ACommandThatIsKeptFinishesTheCellWhenItIsChosen) {
 }
 
 TEST_F(StartUp, ACloseDuringAWriteTakesTheControllerOutOfTheWritingMode) {
-    startOnLine();
+    start(0, false);
     showRows(99);
     closeDuring(Command::cmdPosiLoad, 1500, [this] {
         platform.expectScreen("frmSelectPosiNo3");
