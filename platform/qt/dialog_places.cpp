@@ -84,11 +84,13 @@ private:
 
     /// A layout may give the dialog its size only when it is up.
     void sizeSettled(const QObject* object) {
-        const auto one = std::find_if(placed.begin(), placed.end(), [object](const auto& other) {
-            return other.dialog == object;
-        });
-        if (one != placed.end() && one->dialog->parentWidget() != nullptr && isWherePut(*one)) {
-            one->at = PlaceOver(*one->dialog->parentWidget()->window(), *one->dialog);
+        for (PlacedDialog& one : placed) {
+            QWidget* dialog = one.dialog;
+            const QWidget* parent =
+                dialog == nullptr || dialog != object ? nullptr : dialog->parentWidget();
+            if (parent != nullptr && isWherePut(one)) {
+                one.at = PlaceOver(*parent->window(), *dialog);
+            }
         }
     }
 
