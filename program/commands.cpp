@@ -1,8 +1,8 @@
 #include "program/commands.h"
 
-#include "app/boxes.h"
 #include "app/screens.h"
 #include "link/background.h"
+#include "link/window_command.h"
 #include "platform/platform.h"
 #include "position/flex_grid.h"
 #include "position/grid_clipboard.h"
@@ -11,7 +11,6 @@
 #include "position/posi_file.h"
 #include "position/posi_new.h"
 #include "position/posi_verify.h"
-#include "program/shutdown.h"
 #include "setup/change_device.h"
 #include "setup/line_commands.h"
 #include "setup/posi_open.h"
@@ -19,7 +18,6 @@
 #include "setup/posi_write.h"
 
 #include <array>
-#include <exception>
 #include <memory>
 
 namespace qdw8 {
@@ -178,13 +176,7 @@ void Start(Command command, const CommandRow& row) {
     if (!IsEnabled(command)) {
         return;
     }
-    try {
-        row.routine();
-    } catch (const std::exception&) {
-        ShowTexts({397}); // each routine has a handler of its own; this keeps the rest from the
-                          // toolkit
-    }
-    EndIfConfirmed();
+    RunToItsEnd(row.routine);
     if (CommandsTaken()) {
         return; // it ran inside another command, whose end follows
     }

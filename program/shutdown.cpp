@@ -3,11 +3,9 @@
 #include "app/Module1.h"
 #include "app/boxes.h"
 #include "app/command_states.h"
-#include "app/settings.h"
 #include "app/string_table.h"
 #include "link/background.h"
 #include "link/port.h"
-#include "platform/platform.h"
 #include "position/posi_file.h"
 #include "position/posi_table.h"
 
@@ -39,22 +37,6 @@ bool frmMain_QueryUnload() {
     }
     CloseCtPortForce();
     return true;
-}
-
-void EndIfConfirmed() {
-    if (IsSet(ProgramEndFlag) && !CommandsTaken()) {
-        CloseCtPortForce();
-        frmMain_Unload();
-    }
-}
-
-void frmMain_Unload() {
-    SaveSettingNumber("PortNo", PortNo);
-    if (IsSet(LanguageChangedFlag)) {
-        LanguageNo = LanguageNo == 1 ? std::int16_t{2} : std::int16_t{1};
-    }
-    SaveSettingNumber("Language", LanguageNo);
-    ThePlatform().EndProgram();
 }
 
 } // namespace qdw8

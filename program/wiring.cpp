@@ -3,6 +3,7 @@
 #include "app/Module1.h"
 #include "app/screens.h"
 #include "app/string_table.h"
+#include "link/end_of_run.h"
 #include "platform/qt/qt_platform.h"
 #include "position/grid_editor.h"
 #include "program/commands.h"

@@ -6,6 +6,7 @@
 #include "app/transfer_dialog.h"
 #include "device/axis_device.h"
 #include "link/alarm.h"
+#include "link/end_of_run.h"
 #include "link/line_state.h"
 #include "link/port.h"
 #include "link/supervision.h"

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <functional>
+
+/// How a command of the user begins and ends, whatever window it was chosen in.
+namespace qdw8 {
+
+/// What every button of the windows beside the main window does. Nothing happens while a command
+/// has the commands. Otherwise `routine` runs as soon as the line is free of background traffic,
+/// with the commands of all windows away and nothing beginning on the line under its boxes; then
+/// `RunToItsEnd` sees to the rest.
+void RunWindowCommand(const std::function<void()>& routine);
+
+/// Runs `routine`. Each routine has a handler of its own; what it throws all the same is told (397)
+/// and kept from the toolkit. Behind it the program ends if that was confirmed meanwhile, unless
+/// `routine` ran inside another command.
+void RunToItsEnd(const std::function<void()>& routine);
+
+} // namespace qdw8
