@@ -4,10 +4,31 @@
 #include <QDialog>
 
 namespace qdw8 {
+namespace {
+
+QPointer<QWidget>& Starter() {
+    static QPointer<QWidget> window;
+    return window;
+}
+
+} // namespace
+
+StartedFrom::StartedFrom(QWidget& window) : before(Starter()) {
+    Starter() = &window;
+}
+
+StartedFrom::~StartedFrom() {
+    Starter() = before;
+}
 
 void PutInFront(QDialog& dialog, QWidget* home) {
     QWidget* modal = QApplication::activeModalWidget();
-    QWidget* over = modal != nullptr && modal != &dialog ? modal : home;
+    QWidget* over = home;
+    if (modal != nullptr && modal != &dialog) {
+        over = modal;
+    } else if (Starter() && Starter()->isVisible()) {
+        over = Starter();
+    }
     if (dialog.parentWidget() != over) {
         dialog.setParent(over, dialog.windowFlags());
     }

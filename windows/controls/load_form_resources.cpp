@@ -1,5 +1,6 @@
 #include "windows/controls/load_form_resources.h"
 
+#include "app/Module1.h"
 #include "app/number_forms.h"
 #include "windows/controls/texts.h"
 
@@ -34,6 +35,17 @@ QString WithoutMarks(QString caption) {
     return caption.remove(QLatin1Char('&'));
 }
 
+/// The caption with the mark of the control's mnemonic, if it has one.
+QString Marked(const QObject& control, QString caption) {
+    const QString letter = PropertyText(control, kMnemonic);
+    if (letter.isEmpty()) {
+        return caption;
+    }
+    const qsizetype at = LanguageBase == 0 ? -1 : caption.indexOf(letter);
+    return at < 0 ? caption + QStringLiteral("(&%1)").arg(letter.toUpper())
+                  : caption.insert(at, QLatin1Char('&'));
+}
+
 /// A number with no row, or one too large, is passed over and the next step runs: one wrong number
 /// must not leave the rest of a window without its texts.
 template<typename Step> void PassOver(Step step) {
@@ -56,7 +68,7 @@ void LoadToolTip(QWidget& control) {
 void LoadLabel(QLabel& label) {
     PassOver([&label] {
         const QString text = ResQText(NumberIn(PropertyText(label, kTag)));
-        label.setText(text);
+        label.setText(Marked(label, text));
         label.setAccessibleName(text);
     });
     LoadToolTip(label);
@@ -123,11 +135,11 @@ void LoadOther(QWidget& control) {
         }
         const QString text = ResQText(number);
         if (auto* button = qobject_cast<QAbstractButton*>(&control)) {
-            button->setText(text);
+            button->setText(Marked(control, text));
         } else if (auto* frame = qobject_cast<QGroupBox*>(&control)) {
-            frame->setTitle(text);
+            frame->setTitle(Marked(control, text));
         } else if (QTabWidget* tabs = TabsOf(control)) {
-            tabs->setTabText(tabs->indexOf(&control), text);
+            tabs->setTabText(tabs->indexOf(&control), Marked(control, text));
         }
         control.setAccessibleName(WithoutMarks(text));
     });
@@ -166,6 +178,10 @@ void SetNumbers(QObject& control, std::int16_t tag, std::int16_t toolTipText) {
     if (toolTipText != 0) {
         control.setProperty(kToolTipText, QString::number(toolTipText));
     }
+}
+
+void SetMnemonic(QObject& control, char letter) {
+    control.setProperty(kMnemonic, QString(QLatin1Char(letter)));
 }
 
 void LoadFormResources(QWidget& window) {

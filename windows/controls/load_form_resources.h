@@ -13,11 +13,17 @@ namespace qdw8 {
 /// Dynamic properties that carry the numbers. A menu entry carries its number as its text.
 inline constexpr const char* kTag = "Tag";
 inline constexpr const char* kToolTipText = "ToolTipText";
+/// The letter that reaches the control together with Alt, as it stands in the English caption.
+inline constexpr const char* kMnemonic = "Mnemonic";
 /// Role under which a column head of a list carries its number.
 inline constexpr int kTagRole = 0x0100 + 0x54; // Qt::UserRole and some room
 
 /// Gives a control its numbers; 0 leaves one out.
 void SetNumbers(QObject& control, std::int16_t tag, std::int16_t toolTipText = 0);
+
+/// Gives a control whose caption is set by its number a mnemonic: in an English caption the first
+/// such letter is marked, a Japanese one gets the letter behind it in brackets.
+void SetMnemonic(QObject& control, char letter);
 
 /// Replaces the numbers in the window and its controls by texts. A control with no number keeps its
 /// own text, and so does one whose number has no row. Windows inside the window are left alone.

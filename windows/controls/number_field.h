@@ -1,18 +1,13 @@
 #pragma once
 
-#include <QLineEdit>
+#include "windows/controls/key_field.h"
 
 namespace qdw8 {
 
-/// A box for a whole number: digits only, at most so many, by typing alone; Enter moves on to the
-/// next control, and the whole text is selected when the box gets the focus.
-class NumberField : public QLineEdit {
+/// A box for a whole number: digits only, at most so many; Enter moves on to the next control.
+class NumberField : public KeyField {
 public:
     NumberField(const QString& objectName, int digits, QWidget* parent);
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
 };
 
 } // namespace qdw8

@@ -1,0 +1,66 @@
+#include "windows/controls/key_field.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <utility>
+
+namespace qdw8 {
+
+KeyField::KeyField(const QString& name, int most, Takes taken, QWidget* parent)
+    : QLineEdit(parent), length(most), takes(std::move(taken)) {
+    setObjectName(name);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setDragEnabled(false);
+    setAcceptDrops(false);
+    setAttribute(Qt::WA_InputMethodEnabled, false);
+    setAlignment(Qt::AlignRight);
+}
+
+void KeyField::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (onEnter) {
+            onEnter();
+        } else {
+            focusNextChild();
+        }
+        return;
+    case Qt::Key_Backspace:
+    case Qt::Key_Delete:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Home:
+    case Qt::Key_End: QLineEdit::keyPressEvent(event); return;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Escape: event->ignore(); return;
+    default: break;
+    }
+    const QString typed = event->text();
+    if (typed.size() == 1 &&
+        (event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) == 0 &&
+        text().size() - selectedText().size() < length && takes(typed[0].toLatin1())) {
+        QLineEdit::keyPressEvent(event);
+    }
+}
+
+void KeyField::mouseReleaseEvent(QMouseEvent* event) {
+    // The middle button would paste.
+    if (event->button() != Qt::MiddleButton) {
+        QLineEdit::mouseReleaseEvent(event);
+    }
+}
+
+void KeyField::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    selectAll();
+}
+
+bool IsDigit(char character) {
+    return character >= '0' && character <= '9';
+}
+
+} // namespace qdw8
