@@ -65,10 +65,13 @@ struct ScreenFunctions {
     std::function<void()> frmDevice2;
     /// Modal device window whose choice can be written into the controller at once.
     std::function<void()> frmDevice3;
-    /// Modal parameter window; empty while there is none.
-    std::function<void()> frmParameta2Show;
+    /// Opens the parameter window, or brings the one that is open to the front; it comes back at
+    /// once. Modal: nothing else can be used until it is closed.
+    std::function<void(bool modal)> frmParameta2Show;
     /// The fields of the parameter window have changed.
     std::function<void()> frmParameta2;
+    /// Modal stroke calculator of the parameter window.
+    std::function<void()> frmDeviceShow;
 };
 
 /// The screens in force.

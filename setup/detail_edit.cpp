@@ -19,7 +19,7 @@ void Timer2_Timer() {
     DisableTimer(frmMain_Timer2);
     if (IsSet(DetailEditFlag)) {
         DetailEditFlag = kClear;
-        WhenLineIsFree(Screens().frmParameta2Show);
+        WhenLineIsFree([] { Screens().frmParameta2Show(true); });
     }
 }
 

@@ -148,7 +148,7 @@ TEST_F(StartUp, OnLineRunsToTheEnd) {
 
 TEST_F(StartUp, BeginsWithoutATimerOfTheRunBeforeAndLeavesNoneWhereItBreaksOff) {
     int opened = 0;
-    Screens().frmParameta2Show = [&opened] { ++opened; };
+    Screens().frmParameta2Show = [&opened](bool) { ++opened; };
     EnableTimer(frmMain_Timer2);
     ThePlatform().PumpEvents = [] { throw Fault("nothing goes on"); };
     EXPECT_THROW(Main(), Fault);

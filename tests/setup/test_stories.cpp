@@ -137,7 +137,7 @@ public:
         SetBuilt(Command::cmdChangeDev);
         CMDBTN_Yuko();
         PosiFolder = folder;
-        Screens().frmParameta2Show = [this] { ++opened; };
+        Screens().frmParameta2Show = [this](bool) { ++opened; };
     }
 
     void tell(const std::string& statement) {

@@ -162,7 +162,9 @@ protected:
             return device(0) + ", " + device(1) + (IsSet(DeviceCancelled) ? ", cancelled" : "");
         }
         if (name == "frmDevice3") {
-            Screens().frmParameta2Show = [this] { told << "parameters"; };
+            Screens().frmParameta2Show = [this](bool modal) {
+                told << (modal ? "parameters" : "not modal");
+            };
             QTimer::singleShot(0, qApp, [] { EXPECT_EQ(KeepAxisFlag, kSet); });
             ShowDevice3(parent);
             EXPECT_EQ(KeepAxisFlag, kClear);
