@@ -47,6 +47,12 @@ std::string CellText(std::size_t position, int tableColumn) {
     return NumberText(tableColumn, row.number[static_cast<std::size_t>(tableColumn)]);
 }
 
+/// True for a whole number as a cell shows it: digits, and no zero in front of others.
+bool IsShownForm(const std::string& text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == text.npos &&
+           (text.front() != '0' || text.size() == 1);
+}
+
 } // namespace
 
 std::string MmText(double mm) {
@@ -74,6 +80,17 @@ void ShowTableRow(int position) {
     const int gridRow = position - GridFirst + kGridHeadRows;
     for (int column = 0; column <= kComment; ++column) {
         SetGridText(gridRow, column + 1, CellText(static_cast<std::size_t>(position), column));
+    }
+}
+
+void ShowCommittedRow(int position) {
+    const int gridRow = position - GridFirst + kGridHeadRows;
+    for (int column = 0; column <= kComment; ++column) {
+        const bool inMm = ColumnOf(column).item == kPosi && IsSet(DispMmFlag);
+        if (column == kComment || inMm || IsOffColumn(column) ||
+            !IsShownForm(GridText(gridRow, column + 1))) {
+            SetGridText(gridRow, column + 1, CellText(static_cast<std::size_t>(position), column));
+        }
     }
 }
 

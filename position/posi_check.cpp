@@ -15,6 +15,7 @@
 #include <exception>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace qdw8 {
@@ -32,78 +33,72 @@ double PulsesOf(std::size_t axis, double mm) {
     return MmToPulse(DevSetting[axis].DevLead, DevSetting[axis].DevPPR, mm);
 }
 
-/// An empty cell holds no data; blanks alone do.
-bool PassesCheck(int column, const std::string& text) {
+/// The number of a cell that passes the check. An empty cell holds no data; blanks alone do.
+std::optional<double> CheckedNumber(int column, const std::string& text) {
     const auto number = text.empty() ? std::nullopt : CellNumber(column, text);
     if (!number) {
-        return false;
+        return std::nullopt;
     }
     const PosiColumn& kind = ColumnOf(column);
     const bool posi = kind.item == kPosi;
     const std::int32_t value = posi ? ToInt32(*number) : ToInt16(*number);
     const PosiLimits limits = LimitsOf(column);
     if (value < limits.lowest || value > limits.highest) {
-        return false;
+        return std::nullopt;
     }
-    return !posi || !IsSet(DispMmFlag) ||
-           PulsesOf(static_cast<std::size_t>(kind.axis), *number) <= kWidestPulse;
+    const bool tooWide = posi && IsSet(DispMmFlag) &&
+                         PulsesOf(static_cast<std::size_t>(kind.axis), *number) > kWidestPulse;
+    return tooWide ? std::nullopt : number;
 }
 
-/// Tests the row's cells and marks what fails. True if the row is clean.
-bool TestRow(std::int16_t position) {
-    bool clean = true;
-    for (int column = 0; column < kComment; ++column) {
-        if (!IsOffColumn(column) && !PassesCheck(column, CellOf(position, column))) {
-            MarkPosiCell(static_cast<std::size_t>(column), position);
-            clean = false;
-        }
-    }
-    return clean;
-}
-
-struct CommittedRow {
+/// What a row of the grid holds, as the table will.
+struct CheckedRow {
     PosiRow row;
     PosiUnits units;
 };
 
-CommittedRow CommitOf(std::int16_t position) {
-    CommittedRow made;
+void TakePosi(CheckedRow& made, int column, double value) {
+    // In mm the nearest pulse is what goes out, and so what the cell shows from now on.
+    const auto axis = static_cast<std::size_t>(ColumnOf(column).axis);
+    const AxisDevice& device = DevSetting[axis];
+    const double pulse = IsSet(DispMmFlag) ? PulsesOf(axis, value) : value;
+    made.row.number[static_cast<std::size_t>(column)] = pulse;
+    made.units.pulse[axis] = pulse;
+    made.units.mm[axis] = PulseToMm(device.DevLead, device.DevPPR, pulse);
+}
+
+/// Tests the row's cells and marks what fails. Nothing: the row is not clean.
+std::optional<CheckedRow> TakeRow(std::int16_t position) {
+    CheckedRow made;
     made.row.written = true;
+    bool clean = true;
     for (int column = 0; column < kComment; ++column) {
         const PosiColumn& kind = ColumnOf(column);
-        double& number = made.row.number[static_cast<std::size_t>(column)];
         if (IsOffColumn(column)) {
-            number = kind.off;
-            continue;
+            made.row.number[static_cast<std::size_t>(column)] = kind.off;
+        } else if (const auto number = CheckedNumber(column, CellOf(position, column)); !number) {
+            MarkPosiCell(static_cast<std::size_t>(column), position);
+            clean = false;
+        } else if (kind.item == kPosi) {
+            TakePosi(made, column, *number);
+        } else {
+            made.row.number[static_cast<std::size_t>(column)] = *number;
         }
-        const double value = CellNumber(column, CellOf(position, column)).value_or(0);
-        number = value;
-        if (kind.item == kPosi) {
-            // In mm the nearest pulse is what goes out, and so what the cell shows from now on.
-            const auto axis = static_cast<std::size_t>(kind.axis);
-            const AxisDevice& device = DevSetting[axis];
-            number = IsSet(DispMmFlag) ? PulsesOf(axis, value) : value;
-            made.units.pulse[axis] = number;
-            made.units.mm[axis] = PulseToMm(device.DevLead, device.DevPPR, number);
-        }
+    }
+    if (!clean) {
+        return std::nullopt;
     }
     made.row.comment = CellOf(position, kComment);
     return made;
 }
 
-/// All rows are worked out before the first one is stored: the table changes in whole or not.
-void Commit() {
-    std::vector<CommittedRow> rows;
-    const int count = PosiLast - PosiFirst + 1;
-    rows.reserve(static_cast<std::size_t>(count));
-    for (std::int16_t position = PosiFirst; position <= PosiLast; ++position) {
-        rows.push_back(CommitOf(position));
-    }
+/// All rows were worked out before the first one is stored: the table changes in whole or not.
+void Commit(std::vector<CheckedRow>& rows) {
     auto index = static_cast<std::size_t>(PosiFirst);
-    for (CommittedRow& made : rows) {
+    for (CheckedRow& made : rows) {
         PosiTable[index] = std::move(made.row);
         PosiUnitTable[index] = made.units;
-        ShowTableRow(static_cast<int>(index));
+        ShowCommittedRow(static_cast<int>(index));
         ++index;
     }
 }
@@ -116,8 +111,12 @@ void ShowNoData() {
 void CheckRows() {
     const GridLock lock;
     FreezeGrid();
+    std::vector<CheckedRow> rows;
+    rows.reserve(static_cast<std::size_t>(PosiLast - PosiFirst + 1));
     for (std::int16_t position = PosiFirst; position <= PosiLast; ++position) {
-        if (!TestRow(position)) {
+        if (auto made = TakeRow(position)) {
+            rows.push_back(std::move(*made));
+        } else {
             ++PosiErrorCount;
             if (position > 0) { // a file can bring a row 0, which no transfer ever asks for
                 PosiRowError[static_cast<std::size_t>(position) - 1] = kSet;
@@ -125,7 +124,7 @@ void CheckRows() {
         }
     }
     if (PosiErrorCount == 0) {
-        Commit();
+        Commit(rows);
     }
     ThawGrid();
 }

@@ -84,11 +84,12 @@ void frmTrance::showState() {
         cancel->setVisible(dialog.cancelShown);
         cancel->setEnabled(dialog.cancelShown);
     }
-    if (changes || dialog.prgBar1 == dialog.prgBar1Max || !sincePainted.isValid() ||
-        sincePainted.hasExpired(kPaintMs)) {
+    if (changes || dialog.prgBar1 == dialog.prgBar1Max) {
         showValue();
     } else if (!later.isActive()) {
-        later.start(kPaintMs);
+        // Painted while the next row is on the line: it must not stand between a reply and the
+        // next frame.
+        later.start(sincePainted.hasExpired(kPaintMs) ? 0 : kPaintMs);
     }
     if (opens) {
         PutInFront(*this, home);
