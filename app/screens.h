@@ -72,6 +72,17 @@ struct ScreenFunctions {
     std::function<void()> frmParameta2;
     /// Modal stroke calculator of the parameter window.
     std::function<void()> frmDeviceShow;
+    /// Opens the group window, the macro window, or brings it to the front.
+    std::function<void()> frmGrpShow;
+    std::function<void()> frmSqMcrShow;
+    /// What the window shows has changed: numbers, marks, page or macro, its commands.
+    std::function<void()> frmGrp;
+    std::function<void()> frmSqMcr;
+
+    /// Print what the compare table of the groups, of the macros holds, under a file name; empty
+    /// while there is no printing.
+    std::function<void(const std::string& fileName)> PrintGrpData;
+    std::function<void(const std::string& fileName)> PrintSmData;
 };
 
 /// The screens in force.

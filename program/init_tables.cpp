@@ -10,6 +10,7 @@
 #include "parameter/para_reset.h"
 #include "position/position_reset.h"
 #include "setup/detail_edit.h"
+#include "tables/tables_reset.h"
 
 namespace qdw8 {
 
@@ -23,6 +24,7 @@ void InitTables() {
     ResetDevices();
     ResetParameters();
     ResetPositions();
+    ResetTables();
     ResetDetailEdit();
 }
 

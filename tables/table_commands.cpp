@@ -1,0 +1,224 @@
+#include "tables/table_commands.h"
+
+#include "app/boxes.h"
+#include "app/command_states.h"
+#include "app/file_questions.h"
+#include "app/string_table.h"
+#include "app/waits.h"
+#include "link/background.h"
+#include "link/line_state.h"
+#include "link/window_command.h"
+#include "tables/table_file.h"
+#include "tables/table_transfer.h"
+
+#include <exception>
+#include <filesystem>
+#include <optional>
+#include <vector>
+
+namespace qdw8 {
+namespace {
+
+/// What is printed in the place of a file's name for what the window shows.
+constexpr const char* kShownName = "INDICATED DATA";
+
+/// The texts of the ids, one a line.
+std::string Text(const std::vector<std::int16_t>& ids) {
+    std::string text;
+    for (const std::int16_t id : ids) {
+        text += (text.empty() ? "" : "\r\n") + ResText(id);
+    }
+    return text;
+}
+
+bool Confirmed(std::int16_t questionId) {
+    return questionId == 0 || AskBox(ResText(questionId), BoxButtons::OkCancel) == BoxAnswer::Ok;
+}
+
+/// False: the report has told what is wrong.
+bool CheckGood(const SmallTable& table, const std::vector<std::int16_t>& report) {
+    const bool good = table.check() == 0;
+    TellWindow(table);
+    if (!good) {
+        const std::string& list = table.state.badList;
+        ShowBox(Text(report) + (list.empty() ? "" : "\r\n" + list));
+    }
+    return good;
+}
+
+bool CheckGood(const SmallTable& table) {
+    return CheckGood(table, table.texts.badData);
+}
+
+/// What is shown is in a file, or in the controller, now.
+void CountAsSaved(const SmallTable& table) {
+    table.state.unsaved = false;
+    TellWindow(table);
+}
+
+/// What was delivered is shown now; what was against the old numbers says nothing of the new ones.
+void ShowDelivered(const SmallTable& table) {
+    CopyTable(table, Held::Compare, Held::Shown);
+    table.state.reasons.clear();
+    table.state.unsaved = false;
+    table.shown();
+}
+
+/// The rows of the controller into the compare table. A read that was stopped, or whose wait was
+/// given up, is told.
+bool ReadFromController(const SmallTable& table) {
+    const LineBatch batch;
+    const LineResult result = ReadTableFromCt(table);
+    const bool givenUp = result == LineResult::Failed && LastLoss == LineLoss::GivenUp;
+    if ((result == LineResult::Cancelled || givenUp) && table.texts.readStopped != 0) {
+        ShowTexts({table.texts.readStopped});
+    }
+    return result == LineResult::Done;
+}
+
+/// A file of the user's choice into the compare table.
+std::optional<FileAnswer> ReadChosenFile(const SmallTable& table, std::int16_t titleId) {
+    auto chosen = AskFileToOpen(table.file.toOpen, titleId);
+    if (chosen && !ReadTableFileWithTries(table, chosen->path)) {
+        chosen.reset();
+    }
+    return chosen;
+}
+
+void ReportDifferences(const SmallTable& table) {
+    const std::string list = DifferingRows(table);
+    if (list.empty()) {
+        ShowTexts({table.texts.verifyGood});
+    } else {
+        ShowBox(Text(table.texts.verifyBad) + list);
+    }
+}
+
+void Save(const SmallTable& table) {
+    if (!CheckGood(table)) {
+        return;
+    }
+    const auto chosen =
+        AskFileToSave(table.file.toSave, table.texts.saveTitle, ResText(table.texts.saveName));
+    if (!chosen) {
+        return;
+    }
+    if (SixTries([&] { return WriteTableFile(table, chosen->path) == 0; })) {
+        CountAsSaved(table);
+    } else {
+        ShowTexts({table.texts.saveFailed});
+    }
+}
+
+/// The commands of the window are away for the life of the object.
+class CommandsOff {
+public:
+    explicit CommandsOff(const SmallTable& shown) : table(shown) { SetCommandsOff(table, true); }
+    ~CommandsOff() { SetCommandsOff(table, false); }
+    CommandsOff(const CommandsOff&) = delete;
+    CommandsOff& operator=(const CommandsOff&) = delete;
+
+private:
+    const SmallTable& table;
+};
+
+} // namespace
+
+bool IsEnabled(const SmallTable& table, const TableCommand& command) {
+    return !table.state.commandsOff && !CommandsTaken() &&
+           (!command.prints || Screens().*table.print);
+}
+
+void RunTableCommand(const SmallTable& table, const TableCommand& command) {
+    if (!IsEnabled(table, command)) {
+        return;
+    }
+    RunWindowCommand([&table, routine = command.routine] {
+        const CommandsOff off(table);
+        routine(table);
+    });
+}
+
+void SetCommandsOff(const SmallTable& table, bool off) {
+    table.state.commandsOff = off;
+    TellWindow(table);
+}
+
+void ReadTable(const SmallTable& table) {
+    if (Confirmed(table.texts.askRead) && ReadFromController(table)) {
+        ShowDelivered(table);
+    }
+}
+
+void OpenTable(const SmallTable& table) {
+    if (ReadChosenFile(table, table.texts.openTitle)) {
+        ShowDelivered(table);
+    }
+}
+
+void WriteTable(const SmallTable& table) {
+    if (!CheckGood(table, table.texts.badDataWritten)) {
+        return;
+    }
+    const std::vector<LineWrite> frames = TakeTableFrames(table);
+    if (!Confirmed(table.texts.askWrite)) {
+        return;
+    }
+    const LineBatch batch;
+    WritingMode mode; // ends with the write, whatever becomes of it
+    if (StandsStill(OnFailure::Tell) && mode.begin() &&
+        WriteTableToCt(table, frames) == LineResult::Done) {
+        CountAsSaved(table);
+    }
+}
+
+void SaveTable(const SmallTable& table) {
+    try {
+        Save(table);
+    } catch (const std::exception&) {
+        ShowTexts({table.texts.saveFailed});
+    }
+}
+
+void VerifyWithController(const SmallTable& table) {
+    if (CheckGood(table) && ReadFromController(table)) {
+        ReportDifferences(table);
+    }
+}
+
+void VerifyWithFile(const SmallTable& table) {
+    if (CheckGood(table) && ReadChosenFile(table, table.texts.verifyTitle)) {
+        ReportDifferences(table);
+    }
+}
+
+void PrintShown(const SmallTable& table) {
+    if (CheckGood(table) && Confirmed(table.texts.askPrintShown)) {
+        CopyTable(table, Held::Shown, Held::Compare);
+        (Screens().*table.print)(kShownName);
+    }
+}
+
+void PrintFile(const SmallTable& table) {
+    if (!Confirmed(table.texts.askPrintFile)) {
+        return;
+    }
+    if (const auto chosen = ReadChosenFile(table, table.texts.printTitle)) {
+        (Screens().*table.print)(std::filesystem::path(chosen->path).filename().string());
+    }
+}
+
+bool MayClose(const SmallTable& table) {
+    if (!table.state.unsaved) {
+        return true;
+    }
+    const CommandsAway away;
+    const PollHeld held;
+    switch (AskBox(ResText(394), BoxButtons::YesNoCancel)) {
+    case BoxAnswer::Yes: SaveTable(table); return !table.state.unsaved;
+    case BoxAnswer::No: return true;
+    default: return false;
+    }
+}
+
+} // namespace qdw8
