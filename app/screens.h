@@ -68,7 +68,7 @@ struct ScreenFunctions {
     /// Opens the parameter window, or brings the one that is open to the front; it comes back at
     /// once. Modal: nothing else can be used until it is closed.
     std::function<void(bool modal)> frmParameta2Show;
-    /// The fields of the parameter window have changed.
+    /// Fields, enabling or marks of the parameter window have changed.
     std::function<void()> frmParameta2;
     /// Modal stroke calculator of the parameter window.
     std::function<void()> frmDeviceShow;
@@ -79,10 +79,11 @@ struct ScreenFunctions {
     std::function<void()> frmGrp;
     std::function<void()> frmSqMcr;
 
-    /// Print what the compare table of the groups, of the macros holds, under a file name; empty
-    /// while there is no printing.
+    /// Print what the compare table of the groups, of the macros, `ParaRowTable` holds, under a file
+    /// name; empty while there is no printing.
     std::function<void(const std::string& fileName)> PrintGrpData;
     std::function<void(const std::string& fileName)> PrintSmData;
+    std::function<void(const std::string& fileName)> PrintParaData;
 };
 
 /// The screens in force.

@@ -6,6 +6,7 @@
 #include "platform/fault.h"
 
 #include <algorithm>
+#include <cctype>
 
 namespace qdw8 {
 namespace {
@@ -15,6 +16,15 @@ void AddOnce(std::vector<std::string>& rows, const std::string& text) {
         rows.push_back(text);
     }
 }
+
+std::string Upper(std::string text) {
+    for (char& character : text) {
+        character = static_cast<char>(std::toupper(static_cast<unsigned char>(character)));
+    }
+    return text;
+}
+
+constexpr std::size_t kSizeCharacters = 3;
 
 } // namespace
 
@@ -42,6 +52,15 @@ std::vector<std::string> FilterStrokes(std::size_t axis, const std::string& size
         }
     }
     return strokes;
+}
+
+std::string SizeCodeOf(const std::string& typed) {
+    const std::string trimmed = Trim(typed);
+    return trimmed.empty() ? "" : PadLeft(Upper(trimmed), kSizeCharacters);
+}
+
+std::string SpeedLetterOf(const std::string& typed) {
+    return Upper(Trim(typed));
 }
 
 bool CountsAsNewOnly(const std::string& size) {

@@ -18,6 +18,10 @@ std::vector<std::string> FilterStrokes(std::size_t axis, const std::string& size
 
 bool Holds(const std::vector<std::string>& rows, const std::string& text);
 
+/// What was typed as a size or a speed in the list's form: "44" is typed for " 44", "l" for "L".
+std::string SizeCodeOf(const std::string& typed);
+std::string SpeedLetterOf(const std::string& typed);
+
 /// True for the sizes that are of the new type whatever the box of the old type says.
 bool CountsAsNewOnly(const std::string& size);
 /// The stroke that a text means in mm; 0 if it means none.

@@ -262,6 +262,7 @@ std::int16_t Load(Scope scope) {
     const ParameterSet before = ParaSet;
     try {
         if (ReadFactoryLists() == 0 && Merge(scope)) {
+            ParaLoadedFlag = kSet;
             return 0;
         }
     } catch (const std::exception&) {

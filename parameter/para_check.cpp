@@ -15,8 +15,8 @@ bool ValueGood(const ParaItem& item, std::size_t axis) {
 
 bool ActuatorGood(std::size_t axis) {
     const ActuatorParts& parts = ParaSet.parts[axis];
-    return !ParaSet.Actuator[axis].empty() && parts.size.size() == kSizeLength &&
-           !parts.speed.empty() && parts.stroke >= 0 && parts.stroke <= kLongestStroke;
+    return !ParaSet.Actuator[axis].empty() && SizeCodeGood(parts.size) &&
+           SpeedLetterGood(parts.speed) && DeviceStrokeGood(parts.stroke);
 }
 
 enum class Scope { All, ForDevice };
@@ -50,6 +50,18 @@ bool CommonGood() {
 }
 
 } // namespace
+
+bool SizeCodeGood(const std::string& size) {
+    return size.size() == kSizeLength;
+}
+
+bool SpeedLetterGood(const std::string& speed) {
+    return !speed.empty();
+}
+
+bool DeviceStrokeGood(double stroke) {
+    return stroke >= 0 && stroke <= kLongestStroke;
+}
 
 bool DeviceFiguresGood(std::size_t axis) {
     return ValueGood(ItemOfRow(kRowSTROKE), axis) && ValueGood(ItemOfRow(kRowLEAD), axis) &&

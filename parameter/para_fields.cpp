@@ -3,112 +3,33 @@
 #include "app/number_forms.h"
 #include "app/screens.h"
 #include "device/axis_device.h"
+#include "device/device_list.h"
+#include "device/device_lists.h"
+#include "parameter/para_marks.h"
 #include "platform/fault.h"
 
 #include <algorithm>
+#include <string>
 #include <utility>
 
 namespace qdw8 {
 
-ParaFieldTexts ParaFields;
+Flag ParaEditedFlag;
 
 namespace {
 
-using F = ParaFieldTexts;
-
-struct AxisTextField {
-    ParaRow row;
-    AxisTexts F::*field;
-};
-
-constexpr std::array<AxisTextField, 11> kAxisTextFields = {{
-    {kRowOFFSET, &F::txtHomeOffset},
-    {kRowPUSH, &F::txtHomePush},
-    {kRowVEL, &F::txtHomeVel},
-    {kRowOFSVEL, &F::txtHomeOfsVel},
-    {kRowPUSHVEL, &F::txtHomePushVel},
-    {kRowSEQ, &F::txtHomeOrder},
-    {kRowSTROKE, &F::txtAxisStroke},
-    {kRowLEAD, &F::txtAxisLead},
-    {kRowPULSE, &F::txtAxisPulse},
-    {kRowJOGVEL, &F::txtJogHighVel},
-    {kRowALM, &F::txtPgAlarm},
-}};
-
-/// The text fields behind the lock of the special items.
-constexpr std::array<AxisTextField, 2> kSpecialTextFields = {{
-    {kRowPG_TIMER, &F::txtPgCheckTimer},
-    {kRowLS_SERCH_TIMER, &F::txtLsSerchTimer},
-}};
-
-constexpr std::array<AxisTexts F::*, 3> kActuatorLists = {&F::comboActSize, &F::comboActSpeed,
-                                                          &F::comboActStroke};
-
-/// How a value is found in a list: by what is hidden behind the rows, or by the row's number.
-enum class Find { ByValue, ByIndex };
-
-struct AxisListField {
-    ParaRow row;
-    AxisLists F::*field;
-    int lastRow; ///< rows beyond it count as none; some bounds are wider than the list
-    Find find;
-};
-
-constexpr std::array<AxisListField, 5> kAxisListFields = {{
-    {kRowAUTODRIVE, &F::comboAxisAutoDrv, 1, Find::ByValue},
-    {kRowTYPE, &F::comboEtcHnOrQd, 4, Find::ByValue},
-    {kRowFUNCTION, &F::comboPgFunc, 2, Find::ByIndex},
-    {kRowSOFT_LIMIT, &F::comboSoftLimit, 2, Find::ByIndex},
-    {kRowM0_DISABLE, &F::comboM0Disable, 4, Find::ByIndex},
-}};
-
-struct CommonListField {
-    ParaRow row;
-    int F::*field;
-    int lastRow;
-    Find find;
-};
-
-constexpr std::array<CommonListField, 6> kCommonListFields = {{
-    {kRowHOME_OUT, &F::comboHomeOut, 3, Find::ByValue},
-    {kRowALM_CODE, &F::comboEtcAlmCode, 1, Find::ByIndex},
-    {kRowGRP_ENABLE, &F::comboEtcGrpEnable, 1, Find::ByIndex},
-    {kRowSM_TIMEOUT, &F::comboSmInTimer, 1, Find::ByIndex},
-    {kRowAUTO_HOME, &F::comboAutoHome, 1, Find::ByIndex},
-    {kRowSTOP_PAUSE, &F::comboStopPause, 1, Find::ByIndex},
-}};
-
-struct CommonTextField {
-    ParaRow row;
-    std::string F::*field;
-};
-
-constexpr std::array<CommonTextField, 2> kCommonTextFields = {{
-    {kRowSM_TIMER, &F::txtSmTimeoutTimer},
-    {kRowAXIS, &F::txtOneAxis},
-}};
-
-constexpr std::array<ParaListRow, 2> kDriveRows = {{{641, 0}, {642, 1}}};
-constexpr std::array<ParaListRow, 4> kTypeRows = {{{643, 0}, {644, 1}, {646, 2}, {647, 3}}};
-constexpr std::array<ParaListRow, 3> kPgRows = {{{652, 0}, {653, 1}, {654, 2}}};
-constexpr std::array<ParaListRow, 2> kEnableRows = {{{655, 0}, {656, 1}}};
-constexpr std::array<ParaListRow, 4> kHomeOutRows = {{{657, 0}, {658, 1}, {659, 2}, {660, 3}}};
-constexpr std::array<ParaListRow, 2> kAlarmCodeRows = {{{661, 0}, {662, 1}}};
-constexpr std::array<ParaListRow, 2> kAutoHomeRows = {{{663, 0}, {664, 1}}};
-constexpr std::array<ParaListRow, 2> kStopRows = {{{667, 0}, {668, 1}}};
-
 /// The value hidden behind the selected row, 0 for a row that doesn't count.
-double SelectedValue(ParaRow row, int selected, int lastRow) {
-    const auto rows = ParaListRows(row);
-    const bool valid =
-        selected >= 0 && selected <= lastRow && static_cast<std::size_t>(selected) < rows.size();
+double SelectedValue(const ParaControlRow& list, int selected) {
+    const auto rows = ParaListRows(list.row);
+    const bool valid = selected >= 0 && selected <= list.lastRow &&
+                       static_cast<std::size_t>(selected) < rows.size();
     return valid ? rows[static_cast<std::size_t>(selected)].value : 0;
 }
 
-int RowOfValue(ParaRow row, double value, Find find) {
-    const auto rows = ParaListRows(row);
+int RowOfValue(const ParaControlRow& list, double value) {
+    const auto rows = ParaListRows(list.row);
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        const double held = find == Find::ByValue ? rows[i].value : static_cast<double>(i);
+        const double held = list.find == ParaFind::ByValue ? rows[i].value : static_cast<double>(i);
         if (held == value) {
             return static_cast<int>(i);
         }
@@ -121,21 +42,25 @@ double FieldNumber(const std::string& text) {
     return ToInt32(NumberFromText(text));
 }
 
-void Take(ParameterSet& set, ParaRow row, std::size_t axis, double value) {
-    SetParaValue(set, ItemOfRow(row), axis, value);
+void TakeField(ParameterSet& set, const ParaControlRow& row, std::size_t axis) {
+    if (row.isText()) {
+        SetParaValue(set, ItemOfRow(row.row), axis, FieldNumber(ParaText(row.control, axis)));
+    } else if (row.kind == ParaKind::List) {
+        SetParaValue(set, ItemOfRow(row.row), axis,
+                     SelectedValue(row, ParaSelected(row.control, axis)));
+    }
 }
 
-void TakeAxis(ParameterSet& set, std::size_t axis) {
-    for (const AxisTextField& text : kAxisTextFields) {
-        Take(set, text.row, axis, FieldNumber((ParaFields.*text.field)[axis]));
+void ShowField(const ParaControlRow& row, std::size_t axis) {
+    if (row.isText()) {
+        ParaText(row.control, axis) = PlainDecimal(ParaValue(ParaSet, ItemOfRow(row.row), axis));
+    } else if (row.kind == ParaKind::List) {
+        ParaSelected(row.control, axis) =
+            RowOfValue(row, ParaValue(ParaSet, ItemOfRow(row.row), axis));
     }
-    for (const AxisTextField& text : kSpecialTextFields) {
-        Take(set, text.row, axis, FieldNumber((ParaFields.*text.field)[axis]));
-    }
-    for (const AxisListField& list : kAxisListFields) {
-        Take(set, list.row, axis,
-             SelectedValue(list.row, (ParaFields.*list.field)[axis], list.lastRow));
-    }
+}
+
+void TakeActuator(ParameterSet& set, std::size_t axis) {
     ActuatorParts& parts = set.parts[axis];
     parts.size = ParaFields.comboActSize[axis];
     parts.speed = Trim(ParaFields.comboActSpeed[axis]);
@@ -143,106 +68,79 @@ void TakeAxis(ParameterSet& set, std::size_t axis) {
     set.Actuator[axis] = BuildActuator(parts);
 }
 
-void TakeCommon(ParameterSet& set) {
-    for (const CommonListField& list : kCommonListFields) {
-        Take(set, list.row, 0, SelectedValue(list.row, ParaFields.*list.field, list.lastRow));
-    }
-    for (const CommonTextField& text : kCommonTextFields) {
-        Take(set, text.row, 0, FieldNumber(ParaFields.*text.field));
-    }
-}
-
-std::string ItemText(ParaRow row, std::size_t axis) {
-    return PlainDecimal(ParaValue(ParaSet, ItemOfRow(row), axis));
-}
-
-void ShowAxis(std::size_t axis) {
-    for (const AxisTextField& text : kAxisTextFields) {
-        (ParaFields.*text.field)[axis] = ItemText(text.row, axis);
-    }
-    for (const AxisTextField& text : kSpecialTextFields) {
-        (ParaFields.*text.field)[axis] = ItemText(text.row, axis);
-    }
-    for (const AxisListField& list : kAxisListFields) {
-        (ParaFields.*list.field)[axis] =
-            RowOfValue(list.row, ParaValue(ParaSet, ItemOfRow(list.row), axis), list.find);
-    }
+void ShowActuator(std::size_t axis) {
     const ActuatorParts& parts = ParaSet.parts[axis];
     ParaFields.comboActSize[axis] = parts.size;
     ParaFields.comboActSpeed[axis] = parts.speed;
     ParaFields.comboActStroke[axis] = std::to_string(parts.stroke);
     ParaFields.txtActuator[axis] = ParaSet.Actuator[axis];
+    FollowActuator(axis);
 }
 
-void EmptyAxis(std::size_t axis) {
-    for (const AxisTextField& text : kAxisTextFields) {
-        (ParaFields.*text.field)[axis].clear();
-    }
-    for (const auto list : kActuatorLists) {
-        (ParaFields.*list)[axis].clear();
-    }
-    if (ParaFields.chkTokuParaChange) {
-        for (const AxisTextField& text : kSpecialTextFields) {
-            (ParaFields.*text.field)[axis].clear();
+void TakeAxis(ParameterSet& set, std::size_t axis) {
+    for (const ParaControlRow& row : ParaControls()) {
+        if (row.perAxis()) {
+            TakeField(set, row, axis);
         }
     }
+    TakeActuator(set, axis);
 }
 
-template<typename Fields> bool AxisFilled(const Fields& fields, std::size_t axis) {
-    return std::none_of(fields.begin(), fields.end(), [axis](const AxisTextField& text) {
-        return (ParaFields.*text.field)[axis].empty();
-    });
-}
-
-void TellWindow() {
-    if (Screens().frmParameta2) {
-        Screens().frmParameta2();
+void ShowAxis(std::size_t axis) {
+    for (const ParaControlRow& row : ParaControls()) {
+        if (row.perAxis()) {
+            ShowField(row, axis);
+        }
     }
+    ShowActuator(axis);
+}
+
+/// The lists that are selected by number have no free text; they keep their row.
+void EmptyAxis(std::size_t axis) {
+    for (const ParaControlRow& row : ParaControls()) {
+        const bool left = row.special && !ParaFields.chkTokuParaChange;
+        if (row.perAxis() && row.kind != ParaKind::List && !left) {
+            ParaText(row.control, axis).clear();
+        }
+    }
+    ClearParaMarks(axis);
+}
+
+bool Filled(const ParaControlRow& row) {
+    for (std::size_t axis = 0; axis < (row.perAxis() ? kAxes : 1); ++axis) {
+        if ((!row.perAxis() || !IsSet(AxisOff[axis])) && ParaText(row.control, axis).empty()) {
+            return false;
+        }
+    }
+    return true;
 }
 
 } // namespace
 
-std::span<const ParaListRow> ParaListRows(ParaRow row) {
-    switch (row) {
-    case kRowAUTODRIVE: return kDriveRows;
-    case kRowTYPE: return kTypeRows;
-    case kRowFUNCTION: return kPgRows;
-    case kRowSOFT_LIMIT:
-    case kRowM0_DISABLE:
-    case kRowGRP_ENABLE:
-    case kRowSM_TIMEOUT: return kEnableRows;
-    case kRowHOME_OUT: return kHomeOutRows;
-    case kRowALM_CODE: return kAlarmCodeRows;
-    case kRowAUTO_HOME: return kAutoHomeRows;
-    case kRowSTOP_PAUSE: return kStopRows;
-    default: return {};
-    }
-}
-
 bool ParaFieldsFilled() {
-    for (std::size_t axis = 0; axis < AxisOff.size(); ++axis) {
-        if (!IsSet(AxisOff[axis]) &&
-            !(AxisFilled(kAxisTextFields, axis) && AxisFilled(kSpecialTextFields, axis))) {
-            return false;
-        }
-    }
-    return !ParaFields.txtSmTimeoutTimer.empty() && !ParaFields.txtOneAxis.empty();
+    const auto rows = ParaControls();
+    return std::all_of(rows.begin(), rows.end(),
+                       [](const ParaControlRow& row) { return !row.isText() || Filled(row); });
 }
 
 std::int16_t TorikomiParametaValue() {
     try {
         ParameterSet set = ParaSet;
-        for (std::size_t axis = 0; axis < AxisOff.size(); ++axis) {
+        for (std::size_t axis = 0; axis < kAxes; ++axis) {
             if (!IsSet(AxisOff[axis])) {
                 TakeAxis(set, axis);
             }
         }
-        TakeCommon(set);
+        for (const ParaControlRow& row : ParaControls()) {
+            if (!row.perAxis()) {
+                TakeField(set, row, 0);
+            }
+        }
         ParaSet = std::move(set);
     } catch (const Fault&) {
         return 1;
     }
-    for (std::size_t axis = 0; axis < AxisOff.size(); ++axis) {
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
         if (!IsSet(AxisOff[axis])) {
             DevSettei[axis].DevSize = ParaSet.parts[axis].size;
             DevSettei[axis].DevSpeed = ParaSet.parts[axis].speed;
@@ -252,28 +150,47 @@ std::int16_t TorikomiParametaValue() {
 }
 
 void ParametaHyoji() {
-    for (std::size_t axis = 0; axis < AxisOff.size(); ++axis) {
+    YukoJikuHyojiSettei();
+    ClearParaMarks();
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
         if (!IsSet(AxisOff[axis])) {
             ShowAxis(axis);
         }
     }
-    for (const CommonListField& list : kCommonListFields) {
-        ParaFields.*list.field =
-            RowOfValue(list.row, ParaValue(ParaSet, ItemOfRow(list.row), 0), list.find);
+    for (const ParaControlRow& row : ParaControls()) {
+        if (!row.perAxis()) {
+            ShowField(row, 0);
+        }
     }
-    for (const CommonTextField& text : kCommonTextFields) {
-        ParaFields.*text.field = ItemText(text.row, 0);
-    }
-    TellWindow();
+    TellParameta2();
 }
 
 void YukoJikuHyojiSettei() {
-    for (std::size_t axis = 0; axis < AxisOff.size(); ++axis) {
-        if (IsSet(AxisOff[axis])) {
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
+        const bool inUse = !IsSet(AxisOff[axis]);
+        ParaStates.axis[axis] = inUse;
+        if (ParaFields.chkTokuParaChange) {
+            ParaStates.special[axis] = inUse;
+        }
+        if (!inUse) {
             EmptyAxis(axis);
         }
     }
-    TellWindow();
+    TellParameta2();
+}
+
+void FollowActuator(std::size_t axis) {
+    ActuatorRows& rows = ParaActuatorRows[axis];
+    const std::string& size = ParaFields.comboActSize[axis];
+    rows.sizes = DeviceListTables[axis].sizes;
+    rows.speeds = FilterSpeedsForSize(axis, size);
+    rows.strokes = FilterStrokes(axis, size, ParaFields.comboActSpeed[axis]);
+}
+
+void TellParameta2() {
+    if (Screens().frmParameta2) {
+        Screens().frmParameta2();
+    }
 }
 
 } // namespace qdw8

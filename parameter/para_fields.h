@@ -1,71 +1,15 @@
 #pragma once
 
-#include "parameter/para_set.h"
+#include "app/Module1.h"
+#include "parameter/para_controls.h"
 
-#include <array>
 #include <cstdint>
-#include <span>
-#include <string>
 
-/// What stands in the fields of the parameter window, as plain data under the names of its
-/// controls. The window shows it and hands the user's edits back.
+/// Between the fields of the parameter window and `ParaSet`.
 namespace qdw8 {
 
-using AxisTexts = std::array<std::string, kAxes>;
-/// Selected row of a list per axis; -1 for none.
-using AxisLists = std::array<int, kAxes>;
-inline constexpr int kNoRow = -1;
-inline constexpr AxisLists kNoRows{kNoRow, kNoRow, kNoRow, kNoRow};
-
-struct ParaFieldTexts {
-    AxisTexts txtHomeOffset;
-    AxisTexts txtHomePush;
-    AxisTexts txtHomeVel;
-    AxisTexts txtHomeOfsVel;
-    AxisTexts txtHomePushVel;
-    AxisTexts txtHomeOrder;
-
-    AxisTexts txtAxisStroke;
-    AxisTexts txtAxisLead;
-    AxisTexts txtAxisPulse;
-    AxisTexts txtJogHighVel;
-    AxisLists comboAxisAutoDrv = kNoRows;
-    AxisLists comboEtcHnOrQd = kNoRows; ///< item `TYPE`
-    AxisTexts comboActSize;             ///< the texts of these three lists
-    AxisTexts comboActSpeed;
-    AxisTexts comboActStroke;
-    AxisTexts txtActuator; ///< shown, never edited
-
-    AxisLists comboPgFunc = kNoRows;
-    AxisTexts txtPgAlarm;
-
-    int comboHomeOut = kNoRow;
-    int comboEtcAlmCode = kNoRow;
-    int comboEtcGrpEnable = kNoRow;
-    int comboSmInTimer = kNoRow; ///< item `SM TIMEOUT`
-    std::string txtSmTimeoutTimer;
-
-    std::string txtOneAxis; ///< item `AXIS`
-    int comboAutoHome = kNoRow;
-    AxisTexts txtPgCheckTimer;
-    AxisTexts txtLsSerchTimer;
-    AxisLists comboSoftLimit = kNoRows;
-    AxisLists comboM0Disable = kNoRows;
-    int comboStopPause = kNoRow;
-    bool chkTokuParaChange = false; ///< the special items may be edited
-
-    bool operator==(const ParaFieldTexts&) const = default;
-};
-
-extern ParaFieldTexts ParaFields;
-
-/// A row of a list: the id of its text, and the value hidden behind it.
-struct ParaListRow {
-    std::int16_t textId;
-    std::int16_t value;
-};
-/// The rows of the list that holds an item; empty for an item with a text field.
-std::span<const ParaListRow> ParaListRows(ParaRow row);
+/// -1: the fields hold what is neither in a file nor in the controller.
+extern Flag ParaEditedFlag;
 
 /// True when no text field of an axis in use is empty, nor `txtSmTimeoutTimer` or `txtOneAxis`.
 /// Lists have no part in it, nor has `txtActuator`, which nobody can fill in.
@@ -76,12 +20,20 @@ bool ParaFieldsFilled();
 /// nothing has changed.
 std::int16_t TorikomiParametaValue();
 
-/// `ParaSet` into the fields, of each axis in use and the common ones, and tells the window. A
-/// value that no row of its list holds selects nothing.
+/// `ParaSet` into the fields, of each axis in use and the common ones, and tells the window; first
+/// the fields follow the axes in use (`YukoJikuHyojiSettei`). A value that no row of its list holds
+/// selects nothing. No field is marked any more.
 void ParametaHyoji();
 
-/// Empties the fields of the axes out of use and tells the window, which shows what may be edited.
-/// The special items are left alone while `chkTokuParaChange` is off.
+/// Enables the fields of the axes in use; those of the others are emptied, but for the lists that
+/// are selected by number, and grey. The special ones are left alone while `chkTokuParaChange` is
+/// off. Tells the window.
 void YukoJikuHyojiSettei();
+
+/// The speeds and strokes that the lists of an axis offer follow the texts that stand in them.
+void FollowActuator(std::size_t axis);
+
+/// Tells the window to look again.
+void TellParameta2();
 
 } // namespace qdw8

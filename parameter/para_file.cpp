@@ -6,7 +6,7 @@
 #include "app/number_forms.h"
 #include "app/string_table.h"
 #include "app/waits.h"
-#include "parameter/para_check.h"
+#include "parameter/para_field_check.h"
 #include "parameter/para_fields.h"
 #include "parameter/para_rows.h"
 #include "parameter/para_set.h"
@@ -191,12 +191,7 @@ std::int16_t WriteParaFile(const std::string& path) {
 }
 
 std::int16_t SaveParameters() {
-    if (!ParaFieldsFilled()) {
-        ShowTexts({7, 8});
-        return 1;
-    }
-    if (TorikomiParametaValue() != 0 || ParametaValueCheck() != 0) {
-        ShowTexts({9, 10});
+    if (!TakeParaFields(9, 10)) {
         return 1;
     }
     try {
@@ -205,6 +200,9 @@ std::int16_t SaveParameters() {
             return 1;
         }
         const bool written = SixTries([&answer] { return WriteParaFile(answer->path) == 0; });
+        if (written) {
+            ParaEditedFlag = kClear;
+        }
         ShowTexts({written ? std::int16_t{14} : std::int16_t{13}});
         return written ? 0 : 1;
     } catch (const std::exception&) {

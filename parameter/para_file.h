@@ -30,7 +30,8 @@ std::int16_t OpenParaFile();
 std::int16_t WriteParaFile(const std::string& path);
 
 /// `cmdSaveParaFile`: takes the fields into `ParaSet`, checks them and saves under a name of the
-/// user's choice. 0 saved; 1 not (the user was told, unless it was the user who cancelled).
+/// user's choice. 0 saved, and the edits with it; 1 not (the user was told, unless it was the user
+/// who cancelled).
 std::int16_t SaveParameters();
 
 } // namespace qdw8

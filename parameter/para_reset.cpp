@@ -3,8 +3,10 @@
 #include "parameter/factory_lists.h"
 #include "parameter/para_device.h"
 #include "parameter/para_fields.h"
+#include "parameter/para_marks.h"
 #include "parameter/para_rows.h"
 #include "parameter/para_set.h"
+#include "parameter/para_verify.h"
 
 namespace qdw8 {
 
@@ -12,7 +14,13 @@ void ResetParameters() {
     ParaSet = ParameterSet{};
     ParaReserved.fill(0);
     ParaRowTable = ParaRows{};
+    ParaLoadedFlag = kClear;
     ParaFields = ParaFieldTexts{};
+    ParaStates = {};
+    ParaActuatorRows.fill({});
+    ParaEditedFlag = kClear;
+    ClearParaMarks();
+    VerifyReport.fill({});
     FactoryDeviceTable.fill({});
     FactoryCommonTable = {};
     KeepAxisFlag = kClear;

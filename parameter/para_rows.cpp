@@ -67,10 +67,26 @@ std::int16_t ApplyRowTable(RowSource source) {
         }
         ParaRowTable = std::move(rows);
         ParaSet = std::move(set);
+        ParaLoadedFlag = kSet;
         return 0;
     } catch (const std::exception&) {
         return 1;
     }
+}
+
+void FillRowTable(const std::string& name) {
+    ParaRows rows;
+    rows.at(0, kRowFileName) = name;
+    for (const ParaItem& item : ParaItems()) {
+        for (std::size_t column = 0; column < (item.perAxis() ? kAxes : 1); ++column) {
+            rows.at(column, item.row) = ParaValue(ParaSet, item, column);
+        }
+    }
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
+        rows.at(axis, kRowActuator) = ParaSet.Actuator[axis];
+    }
+    rows.parts = ParaSet.parts;
+    ParaRowTable = std::move(rows);
 }
 
 } // namespace qdw8

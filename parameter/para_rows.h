@@ -47,4 +47,7 @@ enum class RowSource { File, Controller };
 /// was. An empty cell counts as 0 or as an empty text.
 std::int16_t ApplyRowTable(RowSource source);
 
+/// Fills `ParaRowTable` with `ParaSet`, all four axes, under a name in the place of a file's.
+void FillRowTable(const std::string& name);
+
 } // namespace qdw8

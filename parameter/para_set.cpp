@@ -9,6 +9,7 @@
 namespace qdw8 {
 
 ParameterSet ParaSet;
+Flag ParaLoadedFlag;
 ReservedBytes ParaReserved{};
 
 namespace {

@@ -99,6 +99,8 @@ struct ParameterSet {
 };
 
 extern ParameterSet ParaSet;
+/// -1 once `ParaSet` holds parameters that came from somewhere.
+extern Flag ParaLoadedFlag;
 
 /// One-byte values in the controller's memory that belong to no item; the program only carries
 /// them. A read fills cells 0 to 30.

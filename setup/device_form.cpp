@@ -7,13 +7,10 @@
 #include "parameter/factory_lists.h"
 #include "parameter/para_device.h"
 
-#include <cctype>
 #include <utility>
 
 namespace qdw8 {
 namespace {
-
-constexpr std::size_t kSizeCharacters = 3;
 
 /// Of these two sizes there are an old and a new type.
 bool ExistsAsBoth(const std::string& size) {
@@ -183,19 +180,6 @@ void Open(DeviceForm& form) {
     }
 }
 
-std::string Upper(std::string text) {
-    for (char& character : text) {
-        character = static_cast<char>(std::toupper(static_cast<unsigned char>(character)));
-    }
-    return text;
-}
-
-/// As the list writes it: "44" is typed for " 44".
-std::string SizeCode(const std::string& typed) {
-    const std::string trimmed = Trim(typed);
-    return trimmed.empty() ? "" : PadLeft(Upper(trimmed), kSizeCharacters);
-}
-
 } // namespace
 
 void OpenDevice2(DeviceForm& form) {
@@ -232,7 +216,7 @@ void ChangeFamily(DeviceForm& form, std::size_t axis, int family) {
 }
 
 void ChangeSize(DeviceForm& form, std::size_t axis, const std::string& text) {
-    const std::string size = SizeCode(text);
+    const std::string size = SizeCodeOf(text);
     if (size != form.axes[axis].comboDeviceSize.text) {
         form.axes[axis].comboDeviceSize.text = size;
         FollowNewSize(form.axes[axis], axis);
@@ -240,7 +224,7 @@ void ChangeSize(DeviceForm& form, std::size_t axis, const std::string& text) {
 }
 
 void ChangeSpeed(DeviceForm& form, std::size_t axis, const std::string& text) {
-    const std::string speed = Upper(Trim(text));
+    const std::string speed = SpeedLetterOf(text);
     if (speed != form.axes[axis].comboDeviceSpeed.text) {
         form.axes[axis].comboDeviceSpeed.text = speed;
         FollowSpeed(form.axes[axis], axis);

@@ -8,8 +8,8 @@
 #include "link/background.h"
 #include "link/batch.h"
 #include "link/port.h"
-#include "parameter/para_check.h"
 #include "parameter/para_device.h"
+#include "parameter/para_field_check.h"
 #include "parameter/para_fields.h"
 #include "parameter/para_file.h"
 #include "parameter/para_rows.h"
@@ -117,6 +117,7 @@ Got Get() {
         return Got::Failed;
     }
     ParametaHyoji();
+    ParaEditedFlag = kClear;
     return Got::Done;
 }
 
@@ -125,44 +126,24 @@ bool Get2() {
     return ReadAxes() && ReadParaSet();
 }
 
-void ShowMask() {
-    ParaFields.txtOneAxis = std::to_string(AxisMaskOf(AxisOff));
-    YukoJikuHyojiSettei();
-    RepaintAxes();
-}
-
 /// Both sides must use the same axes. False: the command ends here.
 bool MatchAxes() {
     if (ReadAxisMaskQuiet() != 0) {
         Tell(377);
         return false;
     }
-    if (CtAxisOff == AxisOff) {
-        return true;
+    if (CtAxisOff != AxisOff) {
+        const std::int16_t choice =
+            AskChoice({ResText(471), ResText(472), {ResText(473), ResText(474)}, false});
+        if (choice == kSelectionCancelled ||
+            (choice == 0 ? WriteAxisMask() : ReadAxisMask()) != 0) {
+            return false;
+        }
+        RepaintAxes();
     }
-    const std::int16_t choice =
-        AskChoice({ResText(471), ResText(472), {ResText(473), ResText(474)}, false});
-    if (choice == kSelectionCancelled) {
-        return false;
-    }
-    const std::int16_t result = choice == 0 ? WriteAxisMask() : ReadAxisMask();
-    if (result != 0) {
-        return false;
-    }
-    ShowMask();
-    return true;
-}
-
-/// The fields into `ParaSet`, if all of them hold good values.
-bool TakeFields() {
-    if (!ParaFieldsFilled()) {
-        ShowTexts({7, 8});
-        return false;
-    }
-    if (TorikomiParametaValue() != 0 || ParametaValueCheck() != 0) {
-        ShowTexts({1524, 1525});
-        return false;
-    }
+    // The mask goes out as it was agreed, whatever stood in its field.
+    ParaFields.txtOneAxis = std::to_string(AxisMaskOf(AxisOff));
+    YukoJikuHyojiSettei();
     return true;
 }
 
@@ -174,7 +155,9 @@ bool WriteInMode() {
     const bool written = WriteAllBlocks() == 0;
     mode.end();
     CloseCtPort();
-    if (!written) {
+    if (written) {
+        ParaEditedFlag = kClear;
+    } else {
         Tell(1528);
     }
     return written;
@@ -182,7 +165,8 @@ bool WriteInMode() {
 
 bool Send() {
     const LineBatch batch;
-    return MatchAxes() && TakeFields() && StandsStill(OnFailure::Tell) && WriteInMode();
+    return MatchAxes() && TakeParaFields(1524, 1525) && StandsStill(OnFailure::Tell) &&
+           WriteInMode();
 }
 
 /// What the controller now holds becomes what the program works with. False: it couldn't be read,
@@ -191,7 +175,6 @@ bool Reflect() {
     if (GetParametaValue2() != 0) {
         return false;
     }
-    YukoJikuHyojiSettei();
     ParametaHyoji();
     if (TakeParameterDevices() != 0) {
         // The parameters are written, and the axes follow them; devices that can't be taken were

@@ -2,8 +2,7 @@
 
 #include <cstdint>
 
-/// The commands of the parameter window that talk to the controller. The window takes the main
-/// window's commands away around them.
+/// Reading the parameters from the controller and writing them there.
 namespace qdw8 {
 
 /// Reads everything into `ParaSet` and the fields: offers to save first, takes the axes in use from
