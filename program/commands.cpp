@@ -31,6 +31,14 @@ void CloseMainWindow() {
     Screens().frmMainClose();
 }
 
+void OpenGroups() {
+    Screens().frmGrpShow();
+}
+
+void OpenMacros() {
+    Screens().frmSqMcrShow();
+}
+
 /// The printer dialog for the page set-up; what was chosen stands when something is printed.
 void PageSetup() {
     constexpr int kPageSetup = 64;
@@ -123,10 +131,12 @@ constexpr std::array kRows{
     CommandRow{.button = {{cmdOpenMoveWin, 245, 310, Frame::Controller, 1, 0}},
                .entry = {{mnuViewMoveTest, Menu::View, 274}},
                .tool = {{tbMoveTest, 18, 310, Drawing::MoveTest}}},
-    CommandRow{.button = {{cmdOpenGrpWindow, 246, 311, Frame::Controller, 0, 1}},
+    CommandRow{.routine = OpenGroups,
+               .button = {{cmdOpenGrpWindow, 246, 311, Frame::Controller, 0, 1}},
                .entry = {{mnuViewGroup, Menu::View, 275}},
                .tool = {{tbGroup, 20, 311, Drawing::Group}}},
-    CommandRow{.button = {{cmdSqMcrWinOpen, 247, 312, Frame::Controller, 1, 1}},
+    CommandRow{.routine = OpenMacros,
+               .button = {{cmdSqMcrWinOpen, 247, 312, Frame::Controller, 1, 1}},
                .entry = {{mnuViewSqMacro, Menu::View, 276}},
                .tool = {{tbSqMacro, 22, 312, Drawing::SqMacro}}},
     CommandRow{.button = {{cmdJogTeach, 210, 320, Frame::Position, 2, 1}},

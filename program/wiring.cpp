@@ -22,6 +22,8 @@
 #include "windows/dialogs/frmSyogoKekka.h"
 #include "windows/dialogs/frmTrance.h"
 #include "windows/main/frmMain.h"
+#include "windows/tables/frmGrp.h"
+#include "windows/tables/frmSqMcr.h"
 
 #include <QApplication>
 #include <QFont>
@@ -41,6 +43,8 @@ struct Windows {
     std::unique_ptr<frmTrance> trance;
     std::unique_ptr<frmProcessing> processing;
     std::unique_ptr<frmGiveUp> giveUp;
+    std::unique_ptr<frmGrp> groups;
+    std::unique_ptr<frmSqMcr> macros;
 };
 
 Windows& TheWindows() {
@@ -70,18 +74,6 @@ void DressForLanguage() {
     }
 }
 
-void ShowMain(bool small) {
-    Windows& windows = TheWindows();
-    windows.main = std::make_unique<frmMain>(
-        Commands(),
-        MainWindowEvents{RunCommand, frmMain_QueryUnload, frmMain_Unload, flgdData_RowColChange});
-    windows.trance = std::make_unique<frmTrance>(windows.main.get());
-    windows.processing = std::make_unique<frmProcessing>(windows.main.get());
-    windows.giveUp = std::make_unique<frmGiveUp>(windows.main.get());
-    windows.main->loadResources();
-    windows.main->showSized(small);
-}
-
 /// Forwards to a window once it is there.
 template<typename Window>
 std::function<void()> Tell(std::unique_ptr<Window> Windows::*window, void (Window::*show)()) {
@@ -92,13 +84,61 @@ std::function<void()> Tell(std::unique_ptr<Window> Windows::*window, void (Windo
     };
 }
 
+/// Opens a window that doesn't block, as it stands when it is opened; one that is open comes to the
+/// front.
+template<typename Window> std::function<void()> Open(std::unique_ptr<Window> Windows::*window) {
+    return [window] {
+        auto& there = TheWindows().*window;
+        if (!there || !there->isVisible()) {
+            there = std::make_unique<Window>(Parent());
+        }
+        there->show();
+        there->raise();
+        there->activateWindow();
+    };
+}
+
+/// The states of the commands go for every window.
+void TellCommands() {
+    const Windows& windows = TheWindows();
+    if (windows.main) {
+        windows.main->showCommands();
+    }
+    if (windows.groups) {
+        windows.groups->showState();
+    }
+    if (windows.macros) {
+        windows.macros->showState();
+    }
+}
+
+/// What is half typed in any window belongs to it before its end is asked for.
+bool QueryUnload() {
+    if (const auto& groups = TheWindows().groups) {
+        groups->takeTyped();
+    }
+    return frmMain_QueryUnload();
+}
+
+void ShowMain(bool small) {
+    Windows& windows = TheWindows();
+    windows.main = std::make_unique<frmMain>(
+        Commands(),
+        MainWindowEvents{RunCommand, QueryUnload, frmMain_Unload, flgdData_RowColChange});
+    windows.trance = std::make_unique<frmTrance>(windows.main.get());
+    windows.processing = std::make_unique<frmProcessing>(windows.main.get());
+    windows.giveUp = std::make_unique<frmGiveUp>(windows.main.get());
+    windows.main->loadResources();
+    windows.main->showSized(small);
+}
+
 } // namespace
 
 void WireScreens() {
     QApplication::setWindowIcon(IconOf(Drawing::Application));
     ScreenFunctions& screens = Screens();
     screens.frmMainPanel = Tell(&Windows::main, &frmMain::showPanel);
-    screens.frmMainCommands = Tell(&Windows::main, &frmMain::showCommands);
+    screens.frmMainCommands = TellCommands;
     screens.flgdData = Tell(&Windows::main, &frmMain::showGrid);
     screens.flgdDataFocus = Tell(&Windows::main, &frmMain::focusGrid);
     screens.flgdDataFinishInput = [] {
@@ -126,6 +166,10 @@ void WireScreens() {
     screens.frmSelectPosiNo4 = [](bool overlap) { ShowSelectPosiNo4(Parent(), overlap); };
     screens.frmDataShogo = [] { return AskDataShogo(Parent()); };
     screens.frmSyogoKekka = [] { ShowSyogoKekka(Parent()); };
+    screens.frmGrpShow = Open(&Windows::groups);
+    screens.frmGrp = Tell(&Windows::groups, &frmGrp::showState);
+    screens.frmSqMcrShow = Open(&Windows::macros);
+    screens.frmSqMcr = Tell(&Windows::macros, &frmSqMcr::showState);
 }
 
 } // namespace qdw8

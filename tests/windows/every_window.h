@@ -18,3 +18,5 @@
 #include "windows/dialogs/frmSelection.h"
 #include "windows/dialogs/frmSyogoKekka.h"
 #include "windows/dialogs/frmTrance.h"
+#include "windows/tables/frmGrp.h"
+#include "windows/tables/frmSqMcr.h"

@@ -33,6 +33,8 @@ protected:
         };
         Screens().frmSelectPosiNo3 = [this] { note("range"); };
         Screens().frmDevice3 = [this] { note("frmDevice3"); };
+        Screens().frmGrpShow = [this] { note("frmGrp"); };
+        Screens().frmSqMcrShow = [this] { note("frmSqMcr"); };
         Screens().frmMainClose = [this] { note("close"); };
         Screens().frmDataShogo = [this] {
             note("frmDataShogo");
@@ -96,7 +98,7 @@ TEST_F(CommandRows, EveryControlDoesWhatItsRowSays) {
     }
     const std::string told = ReadWholeFile(QDW8_SOURCE_DIR "/tests/windows/commands.txt");
     EXPECT_EQ(all, told.substr(told.find("mnuFileNew")));
-    EXPECT_EQ(commands.size(), 42U) << "each control that is on has handed its command out";
+    EXPECT_EQ(commands.size(), 48U) << "each control that is on has handed its command out";
 }
 
 } // namespace

@@ -2,23 +2,33 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QEvent>
+#include <QPointer>
 
 namespace qdw8 {
 namespace {
 
-QPointer<QWidget>& Starter() {
+QPointer<QWidget>& WorkWindow() {
     static QPointer<QWidget> window;
     return window;
 }
 
+class ActivationWatch : public QObject {
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::WindowActivate) {
+            WorkWindow() = qobject_cast<QWidget*>(watched);
+        }
+        return false;
+    }
+};
+
 } // namespace
 
-StartedFrom::StartedFrom(QWidget& window) : before(Starter()) {
-    Starter() = &window;
-}
-
-StartedFrom::~StartedFrom() {
-    Starter() = before;
+void CountAsWorkWindow(QWidget& window) {
+    window.installEventFilter(new ActivationWatch(&window));
 }
 
 void PutInFront(QDialog& dialog, QWidget* home) {
@@ -26,8 +36,8 @@ void PutInFront(QDialog& dialog, QWidget* home) {
     QWidget* over = home;
     if (modal != nullptr && modal != &dialog) {
         over = modal;
-    } else if (Starter() && Starter()->isVisible()) {
-        over = Starter();
+    } else if (WorkWindow() && WorkWindow()->isVisible()) {
+        over = WorkWindow();
     }
     if (dialog.parentWidget() != over) {
         dialog.setParent(over, dialog.windowFlags());

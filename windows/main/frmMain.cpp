@@ -5,6 +5,7 @@
 #include "position/grid_editor.h"
 #include "position/posi_columns.h"
 #include "windows/controls/icons.h"
+#include "windows/controls/in_front.h"
 #include "windows/controls/labels.h"
 #include "windows/controls/load_form_resources.h"
 #include "windows/controls/texts.h"
@@ -49,6 +50,7 @@ frmMain::frmMain(const CommandTable& commands, MainWindowEvents handlers)
     setObjectName(QStringLiteral("frmMain"));
     SetNumbers(*this, 201);
     setWindowIcon(IconOf(Drawing::Application));
+    CountAsWorkWindow(*this);
     // The menu entry shows and hides the tool bar; a second way would leave its tick behind.
     setContextMenuPolicy(Qt::PreventContextMenu);
 

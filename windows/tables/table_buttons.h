@@ -1,0 +1,42 @@
+#pragma once
+
+#include "tables/table_commands.h"
+
+#include <QPointer>
+#include <QWidget>
+#include <array>
+#include <functional>
+#include <tuple>
+
+class QBoxLayout;
+class QPushButton;
+
+namespace qdw8 {
+
+/// The commands of a window of tables, in a column, with Close at its foot. They and the fields are
+/// locked while a command runs in any window, and then the user is in the field where he was.
+class TableButtons {
+public:
+    /// `takeTyped` puts what is half typed into the table; that is done before any command.
+    TableButtons(QWidget& window, QBoxLayout& layout, const SmallTable& table,
+                 const TableCommands& commands, const char* closeName,
+                 std::function<void()> takeTyped);
+
+    /// Looks at what may be used now.
+    void showState(QWidget& fields);
+    /// Asks first where edits would be lost; `close` takes the window away if it may go.
+    void leave(const std::function<void()>& close);
+
+private:
+    QPushButton* add(QBoxLayout& layout, const char* name, std::int16_t caption, char letter);
+
+    QWidget& window;
+    const SmallTable& table;
+    const TableCommands& commands;
+    std::function<void()> takeTyped;
+    std::array<QPushButton*, std::tuple_size_v<TableCommands>> buttons{};
+    QPushButton* closeButton = nullptr;
+    QPointer<QWidget> before; ///< had the focus when the fields were locked
+};
+
+} // namespace qdw8
