@@ -2,6 +2,7 @@
 
 #include "app/boxes.h"
 #include "app/command_states.h"
+#include "app/string_table.h"
 #include "link/background.h"
 #include "link/end_of_run.h"
 
@@ -23,6 +24,16 @@ void RunWindowCommand(const std::function<void()>& routine) {
             routine();
         });
     });
+}
+
+bool MayLoseEdits(const std::function<bool()>& save) {
+    const CommandsAway away;
+    const PollHeld held;
+    switch (AskBox(ResText(394), BoxButtons::YesNoCancel)) {
+    case BoxAnswer::Yes: return save();
+    case BoxAnswer::No: return true;
+    default: return false;
+    }
 }
 
 void RunToItsEnd(const std::function<void()>& routine) {

@@ -1,10 +1,8 @@
 #include "parameter/para_window.h"
 
-#include "app/boxes.h"
 #include "app/command_states.h"
-#include "app/string_table.h"
 #include "device/device_list.h"
-#include "link/background.h"
+#include "link/window_command.h"
 #include "parameter/para_fields.h"
 #include "parameter/para_file.h"
 #include "parameter/para_marks.h"
@@ -32,16 +30,11 @@ bool ParaMayClose() {
     if (CommandsTaken()) {
         return false;
     }
-    if (!IsSet(ParaEditedFlag)) {
-        return true;
+    if (IsSet(ParaEditedFlag) && !MayLoseEdits([] { return SaveParameters() == 0; })) {
+        return false;
     }
-    const CommandsAway away;
-    const PollHeld held; // nothing begins on the line under a question
-    switch (AskBox(ResText(394), BoxButtons::YesNoCancel)) {
-    case BoxAnswer::Yes: return SaveParameters() == 0;
-    case BoxAnswer::No: ParaEditedFlag = kClear; return true;
-    default: return false;
-    }
+    ParaEditedFlag = kClear; // what is given up goes with the window
+    return true;
 }
 
 } // namespace qdw8

@@ -5,7 +5,6 @@
 #include "app/file_questions.h"
 #include "app/string_table.h"
 #include "app/waits.h"
-#include "link/background.h"
 #include "link/line_state.h"
 #include "link/window_command.h"
 #include "tables/table_file.h"
@@ -208,17 +207,17 @@ void PrintFile(const SmallTable& table) {
     }
 }
 
+bool SaveEdits(const SmallTable& table) {
+    SaveTable(table);
+    return !table.state.unsaved;
+}
+
 bool MayClose(const SmallTable& table) {
-    if (!table.state.unsaved) {
-        return true;
+    if (table.state.unsaved && !MayLoseEdits([&table] { return SaveEdits(table); })) {
+        return false;
     }
-    const CommandsAway away;
-    const PollHeld held;
-    switch (AskBox(ResText(394), BoxButtons::YesNoCancel)) {
-    case BoxAnswer::Yes: SaveTable(table); return !table.state.unsaved;
-    case BoxAnswer::No: return true;
-    default: return false;
-    }
+    table.state.unsaved = false; // what is given up goes with the window
+    return true;
 }
 
 } // namespace qdw8

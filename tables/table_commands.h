@@ -43,8 +43,11 @@ void VerifyWithFile(const SmallTable& table);
 void PrintShown(const SmallTable& table);
 void PrintFile(const SmallTable& table);
 
+/// As `SaveTable`; true if that was done.
+bool SaveEdits(const SmallTable& table);
+
 /// The window is to close: asks about edits that are neither in a file nor in the controller. True:
-/// it may go. False: the user stays, or wanted to save and nothing was saved.
+/// it may go, and edits that the user gave up count no more. False: the user stays, or wanted to save and nothing was saved.
 bool MayClose(const SmallTable& table);
 
 } // namespace qdw8

@@ -11,6 +11,7 @@
 #include "link/port.h"
 #include "link/supervision.h"
 #include "parameter/para_device.h"
+#include "parameter/para_fields.h"
 #include "platform/fault.h"
 #include "platform/whole_file.h"
 #include "position/flex_grid.h"
@@ -21,6 +22,9 @@
 #include "setup/detail_edit.h"
 #include "support/boxes.h"
 #include "support/every_step.h"
+#include "tables/groups.h"
+#include "tables/macros.h"
+#include "tables/sm_table.h"
 
 namespace qdw8::test {
 namespace {
@@ -293,6 +297,31 @@ TEST_F(StartUp, TheEndAsksAndStoresPortAndLanguage) {
     }
     EXPECT_EQ(platform.settings["PortNo"], "4");
     EXPECT_TRUE(platform.ended);
+}
+
+TEST_F(StartUp, EachWindowWithEditsIsAskedAboutBeforeTheEnd) {
+    start(0, false);
+    std::string front;
+    Screens().frmParameta2Show = [&front](bool) { front += "parameters "; };
+    Screens().frmGrpShow = [&front] { front += "groups "; };
+    Screens().frmSqMcrShow = [&front] { front += "macros "; };
+    const auto ask = [this](BoxAnswer last) {
+        for (const BoxAnswer answer : {BoxAnswer::No, BoxAnswer::No, last}) {
+            platform.expectBox("Data have been changed.Save the data into the file?",
+                               BoxButtons::YesNoCancel, answer);
+        }
+    };
+    ParaEditedFlag = kSet;
+    Groups().state.unsaved = Macros().state.unsaved = true;
+    ask(BoxAnswer::Cancel);
+    EXPECT_FALSE(frmMain_QueryUnload());
+    EXPECT_EQ(front, "parameters groups macros ");
+    SmTable[1][0].command = 7; // refused, so it isn't saved; and the other edits still stand
+    ask(BoxAnswer::Yes);
+    platform.expectBox(TextLines({921, 922, 938}) + "\r\n<1>,");
+    EXPECT_FALSE(frmMain_QueryUnload());
+    ask(BoxAnswer::No);
+    expectEnd(BoxAnswer::Ok, true);
 }
 
 TEST_F(StartUp, ACloseDuringTheStartEndsItAtTheNextStep) {
