@@ -4,6 +4,7 @@
 #include "support/story.h"
 #include "tables_bench.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <utility>
 
@@ -12,27 +13,16 @@
 namespace qdw8::test {
 namespace {
 
-const std::map<std::string, const SmallTable& (*)()> kTables{{"groups", Groups},
-                                                             {"macros", Macros}};
 const SmallTable& TableOf(Args& args) {
-    return kTables.at(Word(args))();
-}
-std::pair<const SmallTable*, const TableCommand*> ButtonOf(const std::string& control) {
-    for (const TableCommand& command : GrpCommands()) {
-        if (command.control == control) {
-            return {&Groups(), &command};
-        }
-    }
-    for (const TableCommand& command : SmCommands()) {
-        if (command.control == control) {
-            return {&Macros(), &command};
-        }
-    }
-    throw std::logic_error("no such button: " + control);
+    return Word(args) == "groups" ? Groups() : Macros();
 }
 void Click(const std::string& control) {
-    const auto [table, command] = ButtonOf(control);
-    RunTableCommand(*table, *command);
+    const auto named = [&](const TableCommand& command) { return command.control == control; };
+    const auto* group = std::find_if(GrpCommands().begin(), GrpCommands().end(), named);
+    const auto* macro = std::find_if(SmCommands().begin(), SmCommands().end(), named);
+    ASSERT_TRUE(group != GrpCommands().end() || macro != SmCommands().end()) << control;
+    group != GrpCommands().end() ? RunTableCommand(Groups(), *group)
+                                 : RunTableCommand(Macros(), *macro);
 }
 std::string YesOrNo(bool yes) {
     return yes ? "yes" : "no";
@@ -215,11 +205,6 @@ private:
          }},
         {"unsaved", [](Args& a) { return YesOrNo(TableOf(a).state.unsaved); }},
         {"closes", [this](Args& a) { return closes(a); }},
-        {"enabled",
-         [](Args& a) {
-             const auto [table, command] = ButtonOf(Word(a));
-             return YesOrNo(IsEnabled(*table, *command));
-         }},
         {"frames", [this](Args&) { return frames(); }},
         {"bar", [this](Args&) { return bar; }},
         {"took", [this](Args&) { return std::to_string(took); }},
