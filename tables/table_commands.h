@@ -47,7 +47,8 @@ void PrintFile(const SmallTable& table);
 bool SaveEdits(const SmallTable& table);
 
 /// The window is to close: asks about edits that are neither in a file nor in the controller. True:
-/// it may go, and edits that the user gave up count no more. False: the user stays, or wanted to save and nothing was saved.
+/// it may go, and edits that the user gave up count no more. False: the user stays, or wanted to
+/// save and nothing was saved.
 bool MayClose(const SmallTable& table);
 
 } // namespace qdw8
