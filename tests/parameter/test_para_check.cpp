@@ -1,5 +1,7 @@
 #include "parameter/para_check.h"
 
+#include "parameter/para_rows.h"
+#include "parameter/para_verify.h"
 #include "parameter/parameter_bench.h"
 
 #include <sstream>
@@ -61,6 +63,37 @@ TEST_F(ParameterTest, TheActuatorNeedsAllItsParts) {
     EXPECT_EQ(ParseActuator("44H100"), (ActuatorParts{" 44", "H", 100})) << "its blank was lost";
     EXPECT_EQ(ParseActuator(" 44 100"), (ActuatorParts{" 44", "", 100}));
     EXPECT_EQ(ParseActuator("44HX"), (ActuatorParts{" 44", "H", 0}));
+}
+
+// verify.txt: the report, without its line ends, when an item differs on every axis, AXIS 3 being
+// out of use, by the item's row; and when all do.
+TEST_F(ParameterTest, AVerifyNamesEachDifference) {
+    AxisOff[2] = kSet;
+    platform.recordsBoxes = true;
+    std::string reports;
+    const auto report = [&](const std::string& name) {
+        CompareParaSet();
+        ShowParaReport();
+        std::string text = platform.boxes.back();
+        std::erase_if(text, [](char sign) { return sign == '\r' || sign == '\n'; });
+        reports += name + " " + text + "\n";
+    };
+    ParaRows all;
+    for (std::size_t row = kRowOFFSET; row <= kRowACC_DCC; ++row) {
+        FillRowTable("x");
+        for (std::size_t column = 0; column < kAxes; ++column) {
+            all.at(column, row) = ParaRowTable.at(column, row) = "no such value";
+        }
+        report(std::to_string(row));
+    }
+    ParaRowTable = all;
+    report("all");
+    EXPECT_EQ(reports, ReadWholeFile(kHere + "verify.txt"));
+    FillRowTable("x");
+    ParaRowTable.at(1, kRowActuator) = "44L050"; // its blank was lost
+    EXPECT_FALSE(CompareParaSet());
+    ParaRowTable.at(0, kRowPUSH) = ParaSet.PUSH[0] + 0.5;
+    EXPECT_TRUE(CompareParaSet());
 }
 
 } // namespace

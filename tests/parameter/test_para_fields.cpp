@@ -1,67 +1,106 @@
 #include "parameter/para_fields.h"
 
-#include "app/number_forms.h"
-#include "app/screens.h"
 #include "app/string_table.h"
-#include "device/axis_device.h"
+#include "parameter/para_edit.h"
+#include "parameter/para_field_check.h"
+#include "parameter/para_marks.h"
 #include "parameter/parameter_bench.h"
+
+#include <sstream>
 
 namespace qdw8::test {
 namespace {
 
-using F = ParaFieldTexts;
-using FieldsTest = ParameterTest;
+/// A line of controls.txt.
+struct Told {
+    ParaControl control{};
+    int row = 0, page = 0;
+    std::size_t elements = 0;
+    std::string lock, kind, rest;
+    bool isText() const { return kind == "text"; }
+};
 
-const std::vector<std::pair<ParaRow, AxisTexts F::*>> kTexts = {
-    {kRowOFFSET, &F::txtHomeOffset},
-    {kRowPUSH, &F::txtHomePush},
-    {kRowVEL, &F::txtHomeVel},
-    {kRowOFSVEL, &F::txtHomeOfsVel},
-    {kRowPUSHVEL, &F::txtHomePushVel},
-    {kRowSEQ, &F::txtHomeOrder},
-    {kRowSTROKE, &F::txtAxisStroke},
-    {kRowLEAD, &F::txtAxisLead},
-    {kRowPULSE, &F::txtAxisPulse},
-    {kRowJOGVEL, &F::txtJogHighVel},
-    {kRowALM, &F::txtPgAlarm},
-    {kRowPG_TIMER, &F::txtPgCheckTimer},
-    {kRowLS_SERCH_TIMER, &F::txtLsSerchTimer}};
-const std::vector<std::pair<ParaRow, AxisLists F::*>> kLists = {
-    {kRowAUTODRIVE, &F::comboAxisAutoDrv},
-    {kRowTYPE, &F::comboEtcHnOrQd},
-    {kRowFUNCTION, &F::comboPgFunc},
-    {kRowSOFT_LIMIT, &F::comboSoftLimit},
-    {kRowM0_DISABLE, &F::comboM0Disable}};
-const std::vector<std::pair<ParaRow, int F::*>> kCommonLists = {
-    {kRowHOME_OUT, &F::comboHomeOut},        {kRowALM_CODE, &F::comboEtcAlmCode},
-    {kRowGRP_ENABLE, &F::comboEtcGrpEnable}, {kRowSM_TIMEOUT, &F::comboSmInTimer},
-    {kRowAUTO_HOME, &F::comboAutoHome},      {kRowSTOP_PAUSE, &F::comboStopPause}};
+struct FieldsBench : ParameterBench {
+    FieldsBench() {
+        std::istringstream table(ReadWholeFile(kHere + "controls.txt"));
+        std::string name;
+        std::getline(table, name);
+        Told row;
+        while (table >> name >> row.row >> row.page >> row.elements >> row.lock >> row.kind &&
+               std::getline(table, row.rest)) {
+            row.control = ParaControlNamed(name).value();
+            told.push_back(row);
+        }
+        ParametaHyoji();
+    }
+    template<typename Visit> void eachField(Visit visit) const {
+        for (const Told& row : told) {
+            for (std::size_t axis = 0; axis < row.elements; ++axis) {
+                SCOPED_TRACE(std::string(RowOf(row.control).name) + " " + std::to_string(axis));
+                visit(row, axis);
+            }
+        }
+    }
+    std::vector<Told> told;
+};
+using FieldsTest = Unit<FieldsBench>;
+
+TEST_F(FieldsTest, EveryControlKeepsToItsTable) {
+    ASSERT_EQ(told.size(), kParaControls);
+    eachField([this](const Told& row, std::size_t axis) {
+        EXPECT_EQ(RowOf(row.control).page, row.page);
+        if (!row.isText()) {
+            std::string rest = row.kind == "list" ? " " : "";
+            for (const ParaListRow& entry : ParaListRows(RowOf(row.control).row)) {
+                rest += ResText(entry.textId) + "=" + std::to_string(entry.value) + ";";
+            }
+            EXPECT_EQ(rest, row.rest);
+            return;
+        }
+        std::istringstream numbers(row.rest);
+        std::size_t length = 0;
+        int low = 0;
+        int high = 0;
+        std::string tip;
+        std::getline(numbers >> length >> low >> high >> std::ws, tip);
+        EXPECT_EQ(ParaFieldLength(row.control), length);
+        EXPECT_EQ(ParaFieldTip(row.control, axis), tip);
+        platform.beeps = 0;
+        for (const int number : {low - 1, low, high, high + 1}) {
+            const bool stays = low > high || (number >= low && number <= high);
+            EditParaText(row.control, axis, std::to_string(number));
+            LeaveParaField(row.control, axis);
+            EXPECT_EQ(ParaText(row.control, axis).empty(), !stays) << number;
+        }
+        LeaveParaField(row.control, axis); // it is empty, and nothing is there to be refused
+        EXPECT_EQ(platform.beeps, low > high ? 0 : 2);
+        for (const char key : {'/', '0', '1', '9', ':'}) {
+            const char first = row.control == ParaControl::txtHomeOrder ? '1' : '0';
+            EXPECT_EQ(ParaKeyTaken(row.control, key), key >= first && key <= '9') << key;
+        }
+    });
+}
 
 // Each item alone, so that no field can stand for another one.
 TEST_F(FieldsTest, EachItemHasAFieldOfItsOwnBothWays) {
-    EachItem([](const ParaItem& item, std::size_t axis) {
+    EachItem([this](const ParaItem& item, std::size_t axis) {
         if (item.row == kRowACC_DCC) {
             return; // it has none
         }
         SCOPED_TRACE("row " + std::to_string(item.row) + " axis " + std::to_string(axis));
         ParaSet = ParameterSet{};
         ParametaHyoji();
-        F expected = ParaFields;
-        for (const auto& [row, field] : kTexts) {
-            (expected.*field)[axis] = row == item.row ? "1" : "0";
-        }
-        for (const auto& [row, field] : kLists) {
-            (expected.*field)[axis] = row == item.row ? 1 : 0;
-        }
-        for (const auto& [row, field] : kCommonLists) {
-            expected.*field = row == item.row ? 1 : 0;
-        }
-        expected.txtSmTimeoutTimer = item.row == kRowSM_TIMER ? "1" : "0";
-        expected.txtOneAxis = item.row == kRowAXIS ? "1" : "0";
         SetParaValue(ParaSet, item, axis, 1);
         const ParameterSet set = ParaSet;
         ParametaHyoji();
-        EXPECT_EQ(ParaFields, expected);
+        eachField([&](const Told& row, std::size_t at) {
+            const bool own = row.row == static_cast<int>(item.row) && at == axis;
+            if (row.isText()) {
+                EXPECT_EQ(ParaText(row.control, at), own ? "1" : "0");
+            } else if (row.kind == "list") {
+                EXPECT_EQ(ParaSelected(row.control, at), own ? 1 : 0);
+            }
+        });
         ParaSet = ParameterSet{};
         ASSERT_EQ(TorikomiParametaValue(), 0);
         ParaSet.Actuator = set.Actuator;
@@ -70,104 +109,59 @@ TEST_F(FieldsTest, EachItemHasAFieldOfItsOwnBothWays) {
     });
 }
 
-TEST_F(FieldsTest, AreTakenOfTheAxesInUseOnly) {
-    ParametaHyoji();
-    AxisOff[1] = kSet;
-    const ParameterSet before = ParaSet;
-    for (std::size_t axis = 0; axis < kAxes; ++axis) {
-        ParaFields.txtHomePush[axis] = "9";
-        ParaFields.comboActSize[axis] = " 52";
-        ParaFields.comboActSpeed[axis] = " H ";
-        ParaFields.comboActStroke[axis] = "450";
-    }
-    ParaFields.txtHomeOffset[0] = "12.5";
-    ParaFields.txtAxisStroke[0] = "13.5";
-    ParaFields.txtPgAlarm[0] = "abc";
-    ASSERT_EQ(TorikomiParametaValue(), 0);
-    EXPECT_EQ(ParaSet.PUSH, (AxisWords{9, before.PUSH[1], 9, 9}));
-    EXPECT_EQ(ParaSet.parts[3], (ActuatorParts{" 52", "H", 450}));
-    EXPECT_EQ(ParaSet.Actuator[0] + ParaSet.Actuator[1], " 52H450" + before.Actuator[1]);
-    EXPECT_EQ(DevSettei[0].DevSize, " 52");
-    EXPECT_EQ(DevSettei[0].DevSpeed, "H");
-    EXPECT_EQ(DevSettei[1].DevSize + DevSetting[0].DevSize, "");
-    EXPECT_EQ(ParaSet.OFFSET[0], 12);
-    EXPECT_EQ(ParaSet.STROKE[0], 14);
-    EXPECT_EQ(ParaSet.ALM[0], 0);
-    const ParameterSet taken = ParaSet;
-    for (const auto& [field, text] :
-         std::vector<std::pair<AxisTexts F::*, std::string>>{{&F::txtHomePush, "32768"},
-                                                             {&F::txtAxisPulse, "2147483648"},
-                                                             {&F::txtHomeOffset, "99999999999"},
-                                                             {&F::comboActStroke, "40000"}}) {
+// Each text field of an axis in use empty, then with a number far too wide, and that field alone
+// marked; then the axis goes out of use.
+TEST_F(FieldsTest, ARefusedFieldIsMarkedAlone) {
+    eachField([this](const Told& row, std::size_t axis) {
+        for (const std::string text : {"", "300000"}) {
+            const std::string refused = text.empty() ? box::kNotFilled : box::kInvalid;
+            const ParaMark mark = text.empty() ? ParaMark::Empty : ParaMark::OutOfRange;
+            if (!row.isText()) {
+                return;
+            }
+            AxisOff.fill(kClear);
+            ParaSet = SampleSet();
+            ParametaHyoji();
+            ParaText(row.control, axis) = text;
+            platform.expectBox(refused);
+            EXPECT_FALSE(TakeParaFields(1524, 1525));
+            eachField([&](const Told& other, std::size_t at) {
+                const bool own = other.control == row.control && at == axis;
+                EXPECT_EQ(ParaMarkOf(other.control, at), own ? mark : ParaMark::None);
+            });
+            const std::string reason = ResText(text.empty() ? 3055 : 3056);
+            EXPECT_TRUE(ParaFieldTip(row.control, axis).starts_with(reason + "\ninteger:"));
+            AxisOff.fill(kSet);
+            if (row.elements == 1) {
+                platform.expectBox(refused);
+            }
+            EXPECT_EQ(TakeParaFields(1524, 1525), row.elements == 4) << "common ones always count";
+        }
+    });
+}
+
+TEST_F(FieldsTest, EveryMaskEnablesAndEmpties) {
+    for (int mask = 0; mask < 32; ++mask) {
+        const bool open = mask > 15;
+        AxisOff.fill(kClear);
+        ParaSet = SampleSet();
         ParametaHyoji();
-        ParaFields.txtHomeVel[0] = "7";
-        (ParaFields.*field)[3] = text;
-        EXPECT_EQ(TorikomiParametaValue(), 1) << text;
-        EXPECT_EQ(ParaSet, taken);
+        const ParaFieldTexts before = ParaFields;
+        ParaStates.special.fill(false); // as the lock left them
+        ParaStates.specialCommon = ParaFields.chkTokuParaChange = open;
+        SetAxisOffByMask(AxisOff, mask);
+        YukoJikuHyojiSettei();
+        eachField([&](const Told& row, std::size_t axis) {
+            const bool in = row.elements == 1 || !IsSet(AxisOff[axis]);
+            const bool reached = row.lock == "-" || open;
+            EXPECT_EQ(ParaFieldGrey(row.control, axis), !in || !reached);
+            if (row.kind != "list" && row.control != ParaControl::comboAccDcc) {
+                EXPECT_EQ(ParaText(row.control, axis).empty(), !in && reached);
+            }
+        });
+        EXPECT_EQ(ParaFields.comboPgFunc, before.comboPgFunc) << "lists keep their rows";
+        EXPECT_EQ(ParaFields.comboSoftLimit, before.comboSoftLimit);
     }
-}
-
-TEST_F(FieldsTest, RowsAndValuesOutsideAList) {
-    ParametaHyoji();
-    ParaFields.comboEtcHnOrQd = {-1, 3, 4, 5};
-    ParaFields.comboSoftLimit = {1, 2, 3, -1};
-    ParaFields.comboM0Disable = {1, 4, 5, 0};
-    ParaFields.comboHomeOut = 4;
-    ASSERT_EQ(TorikomiParametaValue(), 0);
-    EXPECT_EQ(ParaSet.TYPE, (AxisWords{0, 3, 0, 0}));
-    EXPECT_EQ(ParaSet.SOFT_LIMIT, (AxisWords{1, 0, 0, 0}));
-    EXPECT_EQ(ParaSet.M0_DISABLE, (AxisWords{1, 0, 0, 0}));
-    EXPECT_EQ(ParaSet.HOME_OUT, 0);
-    ParaSet.TYPE = {0, 3, 4, 5};
-    ParaSet.FUNCTION = {0, 2, 3, -1};
-    ParaSet.HOME_OUT = 4;
-    ParametaHyoji();
-    EXPECT_EQ(ParaFields.comboEtcHnOrQd, (AxisLists{0, 3, -1, -1}));
-    EXPECT_EQ(ParaFields.comboPgFunc, (AxisLists{0, 2, -1, -1}));
-    EXPECT_EQ(ParaFields.comboHomeOut, -1);
-    EXPECT_EQ(ParaFields.txtActuator[2], "J52L100");
-    std::string texts;
-    for (const ParaRow row : {kRowTYPE, kRowSTOP_PAUSE, kRowAUTODRIVE, kRowOFFSET}) {
-        for (const ParaListRow& entry : ParaListRows(row)) {
-            texts += ResText(entry.textId) + "=" + std::to_string(entry.value) + ";";
-        }
-    }
-    EXPECT_EQ(texts, "QD(PUSH)=0;QD(LS)=1;RTW=2;GG=3;0. STOP=0;1. PAUSE=1;"
-                     "0. Drive-ON=0;1. Drive-OFF=1;");
-}
-
-TEST_F(FieldsTest, AnEmptyTextOfAnAxisInUseIsFound) {
-    ParametaHyoji();
-    EXPECT_TRUE(ParaFieldsFilled());
-    for (const auto& [row, field] : kTexts) {
-        for (std::size_t axis = 0; axis < kAxes; ++axis) {
-            const std::string kept = (ParaFields.*field)[axis];
-            (ParaFields.*field)[axis].clear();
-            EXPECT_FALSE(ParaFieldsFilled());
-            AxisOff[axis] = kSet;
-            EXPECT_TRUE(ParaFieldsFilled());
-            AxisOff[axis] = kClear;
-            (ParaFields.*field)[axis] = kept;
-        }
-    }
-    AxisOff.fill(kSet);
-    for (std::string* const field : {&ParaFields.txtOneAxis, &ParaFields.txtSmTimeoutTimer}) {
-        const std::string kept = *field;
-        field->clear();
-        EXPECT_FALSE(ParaFieldsFilled()) << "the common fields count without any axis";
-        *field = kept;
-    }
-    AxisOff = {kClear, kClear, kSet, kClear};
-    int told = 0;
-    Screens().frmParameta2 = [&told] { ++told; };
-    YukoJikuHyojiSettei();
-    EXPECT_EQ(ParaFields.txtHomeOffset[2] + ParaFields.comboActSize[2], "");
-    EXPECT_NE(ParaFields.txtHomeOffset[1], "");
-    EXPECT_NE(ParaFields.txtPgCheckTimer[2], "") << "behind the lock";
-    ParaFields.chkTokuParaChange = true;
-    YukoJikuHyojiSettei();
-    EXPECT_EQ(ParaFields.txtPgCheckTimer[2], "");
-    EXPECT_EQ(told, 2);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "link/batch.h"
 #include "link/receiver.h"
 #include "parameter/para_blocks.h"
+#include "parameter/para_fields.h"
 #include "parameter/para_file.h"
 #include "parameter/para_rows.h"
 #include "parameter/parameter_bench.h"
@@ -55,8 +56,9 @@ TEST_F(Transfer, TheBytesOfTheBlocks) {
     EXPECT_EQ(WriteDeviceBlocks(), 0) << "which doesn't send it";
 }
 
-// A file keeps every axis and knows no acceleration, the controller the axes in use.
-TEST_F(Transfer, AnyValidSetComesBackFromFileAndController) {
+// A file keeps every axis and knows no acceleration; the fields hold the axes in use and show no
+// row for two kinds of actuator.
+TEST_F(Transfer, AnyValidSetComesBackFromControllerFileAndFields) {
     std::mt19937 random(53);
     for (int i = 0; i < 48; ++i) {
         ParameterSet set = ParaSet = RandomSet(random);
@@ -72,6 +74,17 @@ TEST_F(Transfer, AnyValidSetComesBackFromFileAndController) {
         ASSERT_EQ(ReadParaFile(pathOf("any.pmt")) + ApplyRowTable(RowSource::File), 0);
         set.ACC_DCC = 0;
         ASSERT_EQ(ParaSet, set) << i;
+        ParametaHyoji();
+        const ParameterSet other = ParaSet = RandomSet(random);
+        ASSERT_EQ(TorikomiParametaValue(), 0);
+        EachItem([&](const ParaItem& item, std::size_t axis) {
+            const bool in = !item.perAxis() || !IsSet(AxisOff[axis]);
+            const bool held = in && item.row != kRowACC_DCC;
+            const double value = ParaValue(held ? set : other, item, axis);
+            const bool unlisted = held && item.row == kRowTYPE && value > 3;
+            EXPECT_EQ(ParaValue(ParaSet, item, axis), unlisted ? 0 : value) << item.row;
+            EXPECT_EQ(ParaSet.parts[axis], (IsSet(AxisOff[axis]) ? other : set).parts[axis]);
+        });
         AxisOff.fill(kClear);
     }
 }

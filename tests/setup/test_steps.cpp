@@ -4,10 +4,13 @@
 #include "app/main_panel.h"
 #include "link/alarm.h"
 #include "link/line_state.h"
+#include "link/window_command.h"
+#include "parameter/para_rows.h"
 #include "parameter/sample_sets.h"
 #include "setup/device_set.h"
 #include "setup/device_write.h"
 #include "setup/line_commands.h"
+#include "setup/para_window_commands.h"
 #include "setup_bench.h"
 #include "support/every_step.h"
 
@@ -69,6 +72,22 @@ TEST(SetupSteps, OfAParameterWrite) {
             EXPECT_EQ(told(box::kWritten), step.fault.empty() ? 1 : told(box::kWritten));
         },
         {"dead", "error=03", "echo=0ZZ", "previous"});
+}
+
+TEST(SetupSteps, OfAVerifyWithTheController) {
+    EveryStep<ParaBench>(
+        [](ParaBench&) {
+            ParaRowTable = {};
+            ParaFields.txtHomePush[0] = "99";
+            RunWindowCommand(cmdConpareCT_Click);
+        },
+        [](ParaBench&, const Step& step) {
+            const bool compared = step.fault.empty() || step.fault == "silence";
+            ASSERT_EQ(step.boxes.size(), 1U);
+            EXPECT_EQ(step.boxes[0].ends_with("NG\r\n<HOME Parameter> :PUSH(1),"), compared);
+            EXPECT_EQ(ParaRowTable == ParaRows{}, !compared);
+        },
+        {"dead", "silence", "error=03", "short"});
 }
 
 /// The user has chosen a longer stroke for AXIS 1 and a QD-61F for AXIS 2; the controller uses

@@ -9,10 +9,14 @@
 #include "link/port.h"
 #include "link/receiver.h"
 #include "link/supervision.h"
+#include "link/window_command.h"
+#include "para_words.h"
 #include "parameter/factory_lists.h"
 #include "parameter/para_device.h"
+#include "parameter/para_edit.h"
 #include "parameter/para_fields.h"
 #include "parameter/para_file.h"
+#include "parameter/para_window.h"
 #include "parameter/sample_sets.h"
 #include "platform/whole_file.h"
 #include "position/posi_file.h"
@@ -25,6 +29,7 @@
 #include "setup/device_write.h"
 #include "setup/line_commands.h"
 #include "setup/para_commands.h"
+#include "setup/para_window_commands.h"
 #include "setup/posi_open.h"
 #include "setup/repaint_axes.h"
 #include "setup_bench.h"
@@ -52,20 +57,20 @@ const std::map<std::string, Flag*> kFlags{{"AlarmFlag", &AlarmFlag},
                                           {"PortOccupyFlag", &PortOccupyFlag},
                                           {"ProgramEndFlag", &ProgramEndFlag},
                                           {"StartDeviceSelectFlag", &StartDeviceSelectFlag}};
-const std::map<std::string, AxisTexts ParaFieldTexts::*> kFields{
-    {"offset", &ParaFieldTexts::txtHomeOffset}, {"push", &ParaFieldTexts::txtHomePush},
-    {"vel", &ParaFieldTexts::txtHomeVel},       {"stroke", &ParaFieldTexts::comboActStroke},
-    {"end", &ParaFieldTexts::txtAxisStroke},    {"pulse", &ParaFieldTexts::txtAxisPulse}};
+const std::string kParaFilter = "Parameter(*.pmt)|*.pmt|All files(*.*)|*.*";
+FileQuestion ParaFile(const std::string& title) {
+    return {FileQuestion::Kind::Open, title, kParaFilter, "pmt", "", "", kFileMustExist};
+}
 const std::map<std::string, FileQuestion> kDialogs{
     {"positions",
      {FileQuestion::Kind::Open, "Open Position Data file",
       "Position Data(*.qdd)|*.qdd|All Files(*.*)|*.*", "qdd", "", "", kFileMustExist}},
-    {"parameters",
-     {FileQuestion::Kind::Open, "Open Parameter file", "Parameter(*.pmt)|*.pmt|All files(*.*)|*.*",
-      "pmt", "", "", kFileMustExist}},
+    {"parameters", ParaFile("Open Parameter file")},
+    {"verify", ParaFile("Open Parameter file to be Verified")},
+    {"print", ParaFile("Open Parameter file to be printed")},
     {"save",
-     {FileQuestion::Kind::Save, "Save Parameters as ...",
-      "Parameter(*.pmt)|*.pmt|All files(*.*)|*.*", "pmt", "qdw8prm1.pmt", "", kOverwritePrompt}}};
+     {FileQuestion::Kind::Save, "Save Parameters as ...", kParaFilter, "pmt", "qdw8prm1.pmt", "",
+      kOverwritePrompt}}};
 
 std::string Joined(const std::vector<std::string>& rows) {
     std::string text;
@@ -138,6 +143,11 @@ public:
         CMDBTN_Yuko();
         PosiFolder = folder;
         Screens().frmParameta2Show = [this](bool) { ++opened; };
+        for (const ParaCommandRow& command : ParaCommands()) {
+            commands[command.name] = [&command] { return RunWindowCommand(command.routine), 0; };
+        }
+        words.merge(ParaWords());
+        values.merge(ParaValues());
     }
 
     void tell(const std::string& statement) {
@@ -151,10 +161,6 @@ public:
 private:
     static std::size_t axisOf(Args& args) { return static_cast<std::size_t>(Number(args) - 1); }
     static std::int16_t Short(Args& args) { return static_cast<std::int16_t>(Number(args)); }
-    static std::string& fieldOf(Args& args) {
-        AxisTexts& texts = ParaFields.*kFields.at(Word(args));
-        return texts.at(axisOf(args));
-    }
     static std::pair<const ParaItem&, std::size_t> itemOf(Args& args) {
         return {ItemOfRow(static_cast<ParaRow>(Number(args))), axisOf(args)};
     }
@@ -244,7 +250,8 @@ private:
     std::vector<std::string> script;
     int depth = 0;
     int opened = 0;
-    const std::map<std::string, std::function<int()>> commands{
+    std::string printed;
+    std::map<std::string, std::function<int()>> commands{
         {"change", [] { return Change_Device(), 0; }},
         {"button", [] { return cmdChangeDev_Click(), 0; }},
         {"offline", [] { return mnuSettingsDeviceOffline_Click(), 0; }},
@@ -260,6 +267,11 @@ private:
         {"copy", [] { return LetDevSettingToDevSettei(), 0; }},
         {"read", GetParametaValue},
         {"write", [] { return cmdParaWrite_Click(), 0; }},
+        {"load", [] { return LoadParameta2(), 0; }},
+        {"close", [] { return ParaMayClose() ? 1 : 0; }},
+        {"lock", [] { return TickTokuParaChange(false), 0; }},
+        {"unlock", [] { return TickTokuParaChange(true), 0; }},
+        {"take", TorikomiParametaValue},
         {"show-fields", [] { return ParametaHyoji(), 0; }},
         {"save-parameters", SaveParameters},
         {"open-parameters", OpenParaFile},
@@ -273,7 +285,7 @@ private:
         {"detail", [this] { return cmdSyosai_Click(form), 0; }},
         {"write-devices", [this] { return cmdPrmCtWrite_Click(form, [] {}), 0; }},
     };
-    const StoryWords words{
+    StoryWords words{
         // what there is
         {"agree", [this](Args&) { agree(); }},
         {"on-line", [](Args&) { GoOnLine(), OpenCtPort(); }},
@@ -307,9 +319,6 @@ private:
              column += kAxisColumns * (Number(a) - 1);
              type(row, column, Rest(a));
          }},
-        {"field", [](Args& a) { fieldOf(a).assign(Word(a)); }},
-        {"mask-field", [](Args& a) { ParaFields.txtOneAxis = Word(a); }},
-        {"generator-field", [](Args& a) { ParaFields.comboPgFunc[1] = Number(a); }},
         {"parameter",
          [](Args& a) {
              const auto [item, axis] = itemOf(a);
@@ -319,6 +328,10 @@ private:
          [](Args& a) {
              const std::size_t axis = axisOf(a);
              ParaSet.parts[axis] = ParseActuator(ParaSet.Actuator[axis] = Rest(a));
+         }},
+        {"printer",
+         [this](Args&) {
+             Screens().PrintParaData = [this](const std::string& name) { printed += name + ","; };
          }},
         {"lists-behind", [this](Args&) { leaveListsBehind(); }},
         {"list",
@@ -398,7 +411,7 @@ private:
         // what stands afterwards, beside what `values` tells
         {"kept", [this](Args&) { EXPECT_EQ(Everything(), kept); }},
     };
-    const StoryValues values{
+    StoryValues values{
         {"do", [this](Args& a) { return run(a); }},
         {"axes", [](Args&) { return AxesOf(AxisMaskOf(AxisOff)); }},
         {"lasting-axes",
@@ -428,8 +441,6 @@ private:
              const auto [item, axis] = itemOf(a);
              return PlainDecimal(ParaValue(ParaSet, item, axis));
          }},
-        {"field", [](Args& a) { return fieldOf(a); }},
-        {"mask-field", [](Args&) { return ParaFields.txtOneAxis; }},
         {"label", [](Args& a) { return ThePanel().lblDeviceType[axisOf(a)].substr(0, 11); }},
         {"head", [](Args& a) { return ThePanel().axisHeader[axisOf(a)]; }},
         {"colour",
@@ -447,6 +458,14 @@ private:
         {"opened", [this](Args&) { return std::to_string(opened); }},
         {"sent", [this](Args&) { return Joined(platform.sent); }},
         {"last", [this](Args&) { return platform.sent.back(); }},
+        {"actuator-text",
+         [](Args& a) {
+             const std::size_t axis = axisOf(a);
+             const ActuatorParts& parts = ParaSet.parts[axis];
+             return parts.size + "|" + parts.speed + "|" + std::to_string(parts.stroke) + "|" +
+                    ParaSet.Actuator[axis];
+         }},
+        {"printed", [this](Args&) { return printed; }},
         {"count", [this](Args& a) { return std::to_string(countOf(Word(a))); }},
         {"differs",
          [](Args&) { return CompareActuatorSettingOfPosifile2PC() != 0 ? "yes" : "no"; }},
