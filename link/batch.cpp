@@ -76,6 +76,9 @@ WritingMode::~WritingMode() {
 }
 
 bool WritingMode::begin() {
+    if (IsSet(ProgramEndFlag)) {
+        return false;
+    }
     const bool taken = SetCtMode(kWriting) == 0;
     on = taken || LineAnswers();
     if (!taken) {

@@ -42,7 +42,8 @@ public:
     WritingMode(const WritingMode&) = delete;
     WritingMode& operator=(const WritingMode&) = delete;
 
-    /// Asks for the mode. False: failed, and box 377 was shown.
+    /// Asks for the mode. False: failed, and box 377 was shown; or the program is to end, and
+    /// nothing went out.
     bool begin();
     /// Ends the mode, in up to `tries` tries, 100 ms apart; box 377 when the last one failed too,
     /// or the line died at one. Nothing goes out, and nothing is told, when the line no longer

@@ -91,6 +91,7 @@ constexpr std::array kRows{
                .editedCell = GivenUp,
                .entry = {{mnuFileClose, Menu::File, 0, "Ctrl+W"}}},
     CommandRow{.routine = CloseMainWindow,
+               .runs = Here,
                .editedCell = GivenUp,
                .entry = {{mnuFileExit, Menu::File, 262, "Ctrl+Q", true}}},
 

@@ -152,7 +152,7 @@ bool AskController() {
         BeginTalk, IsRightController, [] { return ReadAxisMask() == 0; },
         [] { return ReadDeviceBytes() == 0 && TakeDeviceBytes(); }};
     for (std::size_t done = 0; done < steps.size(); ++done) {
-        if (done > 0 && (IsSet(OffLineFlag) || IsSet(ProgramEndFlag))) {
+        if ((done > 0 && IsSet(OffLineFlag)) || IsSet(ProgramEndFlag)) {
             LeaveLine(); // the line was given up, or the end confirmed, in between
             break;
         }

@@ -26,6 +26,9 @@ constexpr int kLineLost = 1007;
 /// Characters of a line, its end among them, that the system keeps.
 constexpr std::size_t kSystemLine = 4096;
 
+/// Characters that are kept for a program that doesn't listen.
+constexpr qint64 kUnreadBound = 65536;
+
 constexpr int kLowLatency = static_cast<int>(ASYNC_LOW_LATENCY);
 
 struct LineSettings {
@@ -219,8 +222,19 @@ std::string WithCarriageReturns(std::string text) {
     return text;
 }
 
+/// The system hands over a line at a time; all that has come is taken together, as the lines of one
+/// reply are to be judged together. The port may be gone afterwards.
+void FetchAll(SerialLine& line) {
+    int waiting = 0;
+    while (line.open && line.port.bytesAvailable() < kUnreadBound &&
+           ::ioctl(line.port.handle(), FIONREAD, &waiting) == 0 && waiting > 0 &&
+           line.port.waitForReadyRead(0)) {
+    }
+}
+
 std::string Receive(SerialLine& line) {
     RequireOpen(line);
+    FetchAll(line);
     const qint64 count = line.inputLen > 0 ? line.inputLen : std::numeric_limits<qint64>::max();
     return WithCarriageReturns(
         line.port.read(qMin(count, line.port.bytesAvailable())).toStdString());
@@ -231,6 +245,7 @@ int WaitingCharacters(SerialLine& line) {
 }
 
 void ConnectPort(SerialLine& line) {
+    line.port.setReadBufferSize(kUnreadBound);
     line.notice.setSingleShot(true);
     line.notice.setInterval(0);
     QObject::connect(&line.notice, &QTimer::timeout, &line.port, [&line] { GiveNotice(line); });

@@ -5,6 +5,7 @@
 #include "windows/controls/load_form_resources.h"
 #include "windows/dialogs/cancel_key.h"
 
+#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
@@ -102,6 +103,10 @@ void frmTrance::reject() {
     if (TheTransferDialog().cancelShown) {
         cmdTranceCancel_Click();
     }
+}
+
+void frmTrance::closeEvent(QCloseEvent* event) {
+    event->ignore();
 }
 
 void frmTrance::showValue() {

@@ -24,6 +24,10 @@ public:
     /// Escape is Cancel where there is one, in any window of the program.
     void reject() override;
 
+protected:
+    /// Refused: only the end of the transfer takes the dialog away.
+    void closeEvent(QCloseEvent* event) override;
+
 private:
     void showValue();
 

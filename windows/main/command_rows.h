@@ -63,7 +63,8 @@ enum class EditedCell : std::uint8_t {
 /// When and where a command runs.
 enum class Runs : std::uint8_t {
     OnFreeLine, ///< at once, or as soon as an exchange in the background has ended
-    Here,       ///< at once: it changes cells, and the keys that follow are meant for them
+    Here,       ///< at once: it changes cells, and the keys that follow are meant for them, or
+                ///< ends the program, which waits for no line
     InWindow    ///< in the main window itself, which shows and hides its bars
 };
 
