@@ -5,6 +5,8 @@
 //     bench_line single     the same over a driver that delivers single characters
 //     bench_line write      one write of the same rows at 9600 baud
 //     bench_line blocks     all parameter blocks of four axes at 9600 baud
+//     bench_line groups     all groups at 9600 baud
+//     bench_line macros     all sequence macros at 9600 baud
 //     bench_line unpaced    reads and bare loops in turn, as fast as both ends can
 
 #include "app/Module1.h"
@@ -24,6 +26,10 @@
 #include "position/posi_transfer.h"
 #include "position/posi_write.h"
 #include "position/position_reset.h"
+#include "tables/groups.h"
+#include "tables/macros.h"
+#include "tables/table_transfer.h"
+#include "tables/tables_reset.h"
 #include "windows/dialogs/frmTrance.h"
 
 #include <QApplication>
@@ -53,6 +59,8 @@ constexpr double WireSeconds(int characters) {
 constexpr double kReadSeconds = kRows * WireSeconds(8 + 48);
 constexpr double kWriteSeconds = kRows * WireSeconds(48 + 8);
 constexpr double kBlockSeconds = kBlocks * WireSeconds(6 + 38);
+constexpr double kGroupSeconds = 99 * WireSeconds(7 + 13);
+constexpr double kMacroSeconds = 20 * WireSeconds(7 + 39);
 
 double SecondsSince(Clock::time_point begin) {
     return std::chrono::duration<double>(Clock::now() - begin).count();
@@ -128,6 +136,19 @@ double ReadBlocks() {
     return good ? SecondsSince(begin) : -1;
 }
 
+double ReadSmallTable(const qdw8::SmallTable& table) {
+    const auto begin = Clock::now();
+    const qdw8::LineBatch batch;
+    const bool good = qdw8::ReadTableFromCt(table) == qdw8::LineResult::Done;
+    return good ? SecondsSince(begin) : -1;
+}
+double ReadGroups() {
+    return ReadSmallTable(qdw8::Groups());
+}
+double ReadMacros() {
+    return ReadSmallTable(qdw8::Macros());
+}
+
 int MeasurePaced(const char* what, double wireSeconds, double (*run)()) {
     const double processorBefore = ProcessorSeconds();
     const double seconds = run();
@@ -163,8 +184,8 @@ int MeasureUnpaced(const std::string& device) {
 int main(int argc, char** argv) {
     const std::string mode = argc == 2 ? argv[1] : "";
     if (mode != "paced" && mode != "single" && mode != "write" && mode != "blocks" &&
-        mode != "unpaced") {
-        std::fprintf(stderr, "usage: bench_line paced|single|write|blocks|unpaced\n");
+        mode != "groups" && mode != "macros" && mode != "unpaced") {
+        std::fprintf(stderr, "usage: bench_line paced|single|write|blocks|groups|macros|unpaced\n");
         return 2;
     }
     QApplication application(argc, argv);
@@ -183,6 +204,7 @@ int main(int argc, char** argv) {
     qdw8::ResetDevices();
     qdw8::ResetParameters();
     qdw8::ResetPositions();
+    qdw8::ResetTables();
     qdw8::PortOccupyFlag = qdw8::kSet;
     qdw8::frmTrance dialog;
     qdw8::Screens().frmTrance = [&dialog] { dialog.showState(); };
@@ -210,6 +232,10 @@ int main(int argc, char** argv) {
         result = ReadTable() < 0 ? 1 : MeasurePaced("999 rows written", kWriteSeconds, WriteTable);
     } else if (mode == "blocks") {
         result = MeasurePaced("13 blocks read", kBlockSeconds, ReadBlocks);
+    } else if (mode == "groups") {
+        result = MeasurePaced("99 groups read", kGroupSeconds, ReadGroups);
+    } else if (mode == "macros") {
+        result = MeasurePaced("20 macros read", kMacroSeconds, ReadMacros);
     } else {
         result = MeasureUnpaced(link.toStdString());
     }

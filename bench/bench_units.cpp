@@ -16,6 +16,12 @@
 #include "position/posi_table.h"
 #include "position/posi_verify.h"
 #include "position/position_reset.h"
+#include "tables/groups.h"
+#include "tables/grp_table.h"
+#include "tables/macros.h"
+#include "tables/sm_table.h"
+#include "tables/table_file.h"
+#include "tables/tables_reset.h"
 
 #include <benchmark/benchmark.h>
 #include <filesystem>
@@ -126,6 +132,53 @@ void VerifyWithFile(benchmark::State& state) {
     std::filesystem::remove(path);
 }
 BENCHMARK(VerifyWithFile)->Unit(benchmark::kMillisecond);
+
+/// All groups and all steps hold something good.
+const SmallTable& FilledTable(bool macros) {
+    ResetTables();
+    GrpTable.fill({998, 999, 0});
+    for (SmMacro& macro : SmTable) {
+        macro.fill({6, 9});
+    }
+    return macros ? Macros() : Groups();
+}
+
+void CheckSmallTable(benchmark::State& state) {
+    const SmallTable& table = FilledTable(state.range(0) != 0);
+    for (auto _ : state) {
+        if (table.check() != 0) {
+            state.SkipWithError("the table is not good");
+        }
+    }
+}
+BENCHMARK(CheckSmallTable)->ArgName("macros")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
+
+void SaveSmallTable(benchmark::State& state) {
+    const SmallTable& table = FilledTable(state.range(0) != 0);
+    const std::string path = std::filesystem::temp_directory_path() / "qdw8-bench.table";
+    for (auto _ : state) {
+        if (WriteTableFile(table, path) != 0) {
+            state.SkipWithError("not saved");
+        }
+    }
+    std::filesystem::remove(path);
+}
+BENCHMARK(SaveSmallTable)->ArgName("macros")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+void ReadSmallTable(benchmark::State& state) {
+    const SmallTable& table = FilledTable(state.range(0) != 0);
+    const std::string path = std::filesystem::temp_directory_path() / "qdw8-bench.table";
+    if (WriteTableFile(table, path) != 0) {
+        state.SkipWithError("no file to read");
+    }
+    for (auto _ : state) {
+        if (ReadTableFile(table, path) != FileRead::Good) {
+            state.SkipWithError("not read");
+        }
+    }
+    std::filesystem::remove(path);
+}
+BENCHMARK(ReadSmallTable)->ArgName("macros")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 void LookUpDevice(benchmark::State& state) {
     ThePlatform() = Platform{};
