@@ -63,11 +63,15 @@ void ShowDelivered(const SmallTable& table) {
     table.shown();
 }
 
-/// The rows of the controller into the compare table. A read that was stopped, or whose wait was
-/// given up, is told.
-bool ReadFromController(const SmallTable& table) {
+LineResult ReadRows(const SmallTable& table) {
     const LineBatch batch;
-    const LineResult result = ReadTableFromCt(table);
+    return ReadTableFromCt(table);
+}
+
+/// The rows of the controller into the compare table. A read that was stopped, or whose wait was
+/// given up, is told when the line is closed.
+bool ReadFromController(const SmallTable& table) {
+    const LineResult result = ReadRows(table);
     const bool givenUp = result == LineResult::Failed && LastLoss == LineLoss::GivenUp;
     if ((result == LineResult::Cancelled || givenUp) && table.texts.readStopped != 0) {
         ShowTexts({table.texts.readStopped});
