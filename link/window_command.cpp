@@ -11,12 +11,9 @@
 namespace qdw8 {
 
 void RunWindowCommand(const std::function<void()>& routine) {
-    if (CommandsTaken()) {
-        return;
-    }
     WhenLineIsFree([routine] {
         if (CommandsTaken()) {
-            return; // another command has begun since the user chose this one
+            return;
         }
         RunToItsEnd([&routine] {
             const CommandsAway away;

@@ -2,14 +2,19 @@
 
 #include "link/exchange.h"
 
+#include "app/command_states.h"
 #include "app/main_panel.h"
 #include "app/number_forms.h"
 #include "app/waits.h"
 #include "link/alarm.h"
+#include "link/background.h"
 #include "link/line_state.h"
 #include "link/link_fixture.h"
 #include "link/port.h"
 #include "link/receiver.h"
+#include "link/window_command.h"
+
+#include <stdexcept>
 
 namespace qdw8::test {
 namespace {
@@ -100,6 +105,19 @@ TEST(Waits, NestedWaitsTakeTheirOwnTimeAndSixTriesAreSix) {
     EXPECT_TRUE(SixTries([&tries] { return ++tries > 8; }));
     EXPECT_EQ(tries, 9);
     EXPECT_EQ(platform.now, 610 + 5 * 100 + 2 * 100);
+}
+
+TEST_F(LinkTest, AWindowCommandHasTheCommandsAndTheLineForItself) {
+    GoOnLine();
+    platform.expectBox("Error occured!");
+    RunWindowCommand([] {
+        EXPECT_TRUE(CommandsTaken());
+        EXPECT_FALSE(RunInBackground([] {}));
+        RunWindowCommand([] { ADD_FAILURE() << "inside another command"; });
+        throw std::runtime_error("what nobody handles");
+    });
+    EXPECT_FALSE(CommandsTaken());
+    EXPECT_TRUE(RunInBackground([] {}));
 }
 
 } // namespace

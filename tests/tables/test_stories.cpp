@@ -163,8 +163,13 @@ private:
              Screens().PrintSmData = Screens().PrintGrpData;
          }},
         {"huge",
-         [this](Args& a) { std::filesystem::resize_file(writeFile(Word(a), "\""), 100'000'000); }},
+         [this](Args& a) {
+             const auto size = static_cast<std::uintmax_t>(Number(a));
+             const std::string name = Word(a);
+             std::filesystem::resize_file(writeFile(name, Rest(a)), size);
+         }},
         {"folder", [this](Args& a) { std::filesystem::create_directory(fileAt(Word(a))); }},
+        {"no-dialog", [](Args&) { ThePlatform().CommonDialog1.ShowFile = {}; }},
         {"keep", [this](Args&) { kept = Everything(); }},
         // what the program asks
         {"box", [this](Args& a) { platform.expectBox(Rest(a)); }},
