@@ -49,57 +49,6 @@ TEST_F(Factory, AllItemsComeFromTheListOfTheKind) {
     EXPECT_EQ(ParaSet.ACC_DCC, 7);
 }
 
-TEST_F(Factory, ADeviceWriteTakesWhatTheDeviceDecides) {
-    ParameterSet expected = ParaSet;
-    ASSERT_EQ(LoadFactoryParameters(), 0);
-    for (const ParaRow row : {kRowOFFSET, kRowPUSH, kRowVEL, kRowOFSVEL, kRowPUSHVEL, kRowSTROKE,
-                              kRowLEAD, kRowPULSE, kRowJOGVEL, kRowTYPE, kRowFUNCTION}) {
-        for (std::size_t axis = 0; axis < kAxes; ++axis) {
-            SetParaValue(expected, ItemOfRow(row), axis, ParaValue(ParaSet, ItemOfRow(row), axis));
-        }
-    }
-    expected.Actuator = ParaSet.Actuator;
-    expected.parts = ParaSet.parts;
-    ParaSet = SampleSet();
-    ASSERT_EQ(LoadFactoryParametersForDevice(), 0);
-    EXPECT_EQ(ParaSet, expected);
-    KeepAxisFlag = kSet;
-    KeptAxisMask = 5;
-    ASSERT_EQ(LoadFactoryParametersForDevice(), 0);
-    EXPECT_EQ(ParaSet.AXIS, 5);
-}
-
-TEST_F(Factory, TheMaskFollowsTheAxesUnlessItIsKept) {
-    AxisOff = {kSet, kClear, kSet, kClear};
-    const ParameterSet before = ParaSet;
-    ASSERT_EQ(LoadFactoryParameters(), 0);
-    EXPECT_EQ(ParaSet.AXIS, 10);
-    EXPECT_EQ(KeptAxisMask, 10);
-    EXPECT_EQ(ParaSet.OFFSET[0], before.OFFSET[0]) << "an axis out of use is left alone";
-    EXPECT_EQ(ParaSet.PG_TIMER[2], before.PG_TIMER[2]);
-    KeepAxisFlag = kSet;
-    KeptAxisMask = 3;
-    ASSERT_EQ(LoadFactoryParameters(), 0);
-    EXPECT_EQ(ParaSet.AXIS, 3);
-}
-
-TEST_F(Factory, AnAxisWithoutARecordIsToldAndTheOthersAreLoaded) {
-    DevSettei[0].DevStroke = 150;
-    ParaSet = {};
-    platform.expectBox(kFailed);
-    EXPECT_EQ(LoadFactoryParameters(), 1);
-    EXPECT_EQ(ParaSet.OFFSET, (AxisNumbers{0, 310, 310, 220}));
-    EXPECT_EQ(ParaSet.ALM[0], 401) << "the common items don't ask for a record";
-    DevSettei[0].DevStroke = 100;
-    FamilyText = {"QD", "HN", "HN", "QD"};
-    ASSERT_EQ(LoadFactoryParameters(), 0);
-    EXPECT_EQ(ParaSet.OFFSET, (AxisNumbers{210, 210, 210, 220})) << "the list of the axis before";
-    FamilyText[0] = "HN";
-    platform.expectBox(kMissing);
-    platform.expectBox(kFailed);
-    EXPECT_EQ(LoadFactoryParameters(), 1);
-}
-
 // Each folder holds one list that takes the place of the good one; the box by its parent.
 TEST_F(Factory, ABrokenListIsToldAndChangesNothing) {
     const auto refused = [this](const std::string& box) {

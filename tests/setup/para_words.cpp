@@ -51,19 +51,18 @@ std::string Text(const ParaPlace& place) {
                              : ParaText(place.control, place.axis);
 }
 
-/// Where Enter leads from a field until it comes back to it.
+/// Where Enter leads from a field until it comes back to it, or never does.
 std::string Walk(const ParaPlace& from) {
     std::string walk;
     std::string control;
-    for (auto place = NextParaField(from); place; place = NextParaField(*place)) {
-        const std::string name = NameOf(*place);
+    auto place = std::optional(from);
+    do {
+        place = NextParaField(*place);
+        const std::string name = place ? NameOf(*place) : "nowhere";
         const std::string own = name.substr(0, name.find(' '));
         walk += own == control ? name.substr(name.find(' ')) : "; " + name;
         control = own;
-        if (*place == from) {
-            break;
-        }
-    }
+    } while (place && *place != from && walk.size() < 1000);
     return walk;
 }
 

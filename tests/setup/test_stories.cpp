@@ -272,6 +272,8 @@ private:
         {"lock", [] { return TickTokuParaChange(false), 0; }},
         {"unlock", [] { return TickTokuParaChange(true), 0; }},
         {"take", TorikomiParametaValue},
+        {"factory", LoadFactoryParameters},
+        {"device-factory", LoadFactoryParametersForDevice},
         {"show-fields", [] { return ParametaHyoji(), 0; }},
         {"save-parameters", SaveParameters},
         {"open-parameters", OpenParaFile},
