@@ -31,6 +31,10 @@ void CloseMainWindow() {
     Screens().frmMainClose();
 }
 
+void OpenParameters() {
+    Screens().frmParameta2Show(false);
+}
+
 void OpenGroups() {
     Screens().frmGrpShow();
 }
@@ -150,7 +154,8 @@ constexpr std::array kRows{
                .entry = {{mnuSettingsDeviceOffline, Menu::Settings, 282}}},
     CommandRow{.routine = cmdChangeDev_Click,
                .button = {{cmdChangeDev, 41, 0, Frame::Controller, 2, 1}}},
-    CommandRow{.button = {{cmdParaHyoji, 35, 0, Frame::Controller, 2, 0}},
+    CommandRow{.routine = OpenParameters,
+               .button = {{cmdParaHyoji, 35, 0, Frame::Controller, 2, 0}},
                .entry = {{mnuSettingsDetail, Menu::Settings, 283}}},
     CommandRow{.routine = mnuSettingsOffline_Click,
                .editedCell = LeftAlone,

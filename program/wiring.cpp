@@ -22,6 +22,7 @@
 #include "windows/dialogs/frmSyogoKekka.h"
 #include "windows/dialogs/frmTrance.h"
 #include "windows/main/frmMain.h"
+#include "windows/parameter/frmParameta2.h"
 #include "windows/tables/frmGrp.h"
 #include "windows/tables/frmSqMcr.h"
 
@@ -43,6 +44,7 @@ struct Windows {
     std::unique_ptr<frmTrance> trance;
     std::unique_ptr<frmProcessing> processing;
     std::unique_ptr<frmGiveUp> giveUp;
+    std::unique_ptr<frmParameta2> parameters;
     std::unique_ptr<frmGrp> groups;
     std::unique_ptr<frmSqMcr> macros;
 };
@@ -104,6 +106,9 @@ void TellCommands() {
     if (windows.main) {
         windows.main->showCommands();
     }
+    if (windows.parameters) {
+        windows.parameters->showState();
+    }
     if (windows.groups) {
         windows.groups->showState();
     }
@@ -112,8 +117,20 @@ void TellCommands() {
     }
 }
 
+/// The parameter window stays as it is while it is open, and takes another modality.
+void OpenParameters(bool modal) {
+    auto& there = TheWindows().parameters;
+    if (!there) {
+        there = std::make_unique<frmParameta2>(TheWindows().main.get());
+    }
+    there->open(modal);
+}
+
 /// What is half typed in any window belongs to it before its end is asked for.
 bool QueryUnload() {
+    if (const auto& parameters = TheWindows().parameters) {
+        parameters->takeTyped();
+    }
     if (const auto& groups = TheWindows().groups) {
         groups->takeTyped();
     }
@@ -166,6 +183,9 @@ void WireScreens() {
     screens.frmSelectPosiNo4 = [](bool overlap) { ShowSelectPosiNo4(Parent(), overlap); };
     screens.frmDataShogo = [] { return AskDataShogo(Parent()); };
     screens.frmSyogoKekka = [] { ShowSyogoKekka(Parent()); };
+    screens.frmParameta2Show = OpenParameters;
+    screens.frmParameta2 = Tell(&Windows::parameters, &frmParameta2::showState);
+    screens.frmDeviceShow = [] { TheWindows().parameters->calculateStroke(); };
     screens.frmGrpShow = Open(&Windows::groups);
     screens.frmGrp = Tell(&Windows::groups, &frmGrp::showState);
     screens.frmSqMcrShow = Open(&Windows::macros);

@@ -7,6 +7,8 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QRadioButton>
+#include <QTabBar>
+#include <QTabWidget>
 
 namespace e2e {
 
@@ -78,6 +80,19 @@ Spot SpotOfEntry(const QString& menuName, const QString& name) {
         place = bar->actionGeometry(action);
     }
     return place.isEmpty() ? Spot{} : Spot{holder, place.center()};
+}
+
+Spot SpotOfTab(const QString& page) {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        for (auto* bar : window->findChildren<QTabBar*>()) {
+            auto* tabs = qobject_cast<QTabWidget*>(bar->parentWidget());
+            const int index = tabs->indexOf(tabs->findChild<QWidget*>(page));
+            if (bar->isVisible() && index >= 0) {
+                return {bar, bar->tabRect(index).center()};
+            }
+        }
+    }
+    return {};
 }
 
 QString ReadText(const QString& name) {

@@ -27,6 +27,9 @@ Spot SpotOn(QWidget* widget);
 /// The entry of a menu that is open; the bar counts as one.
 Spot SpotOfEntry(const QString& menuName, const QString& name);
 
+/// The tab of a page.
+Spot SpotOfTab(const QString& page);
+
 /// What a label, button, field or window title reads.
 QString ReadText(const QString& name);
 

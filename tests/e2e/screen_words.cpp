@@ -155,6 +155,7 @@ Words ScreenWords() {
         // would only put them away.
         {"confirm", [](Told told) { Dismiss(told.value(0), [] { Press({"Return"}); }); }},
         {"menu", Menu},
+        {"tab", [](Told told) { ClickAt([page = told.value(0)] { return SpotOfTab(page); }); }},
         {"type", [](Told told) { Type(told.value(0), told.value(1)); }},
         {"pick", [](Told told) { Pick(told.value(0), told.value(1)); }},
         {"press", [](Told told) { Press(told); }},

@@ -18,5 +18,7 @@
 #include "windows/dialogs/frmSelection.h"
 #include "windows/dialogs/frmSyogoKekka.h"
 #include "windows/dialogs/frmTrance.h"
+#include "windows/parameter/frmDevice.h"
+#include "windows/parameter/frmParameta2.h"
 #include "windows/tables/frmGrp.h"
 #include "windows/tables/frmSqMcr.h"

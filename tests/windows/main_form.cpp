@@ -1,5 +1,6 @@
 #include "main_form.h"
 
+#include "parameter/para_set.h"
 #include "position/grid_display.h"
 #include "position/grid_editor.h"
 #include "program/commands.h"
@@ -68,6 +69,19 @@ void MainForm::show(std::int16_t first, std::int16_t last) {
     GridLast = PosiLast = last;
     GridRowCount = static_cast<std::int16_t>(last - first + 1);
     QdDataHyoji_3();
+}
+
+void MainForm::loadParameters() {
+    for (const ParaItem& item : ParaItems()) {
+        for (std::size_t axis = 0; axis < kAxes; ++axis) {
+            const int number = static_cast<int>(item.row * kAxes + axis);
+            SetParaValue(ParaSet, item, axis, item.low + number % (item.high - item.low + 1));
+            ParaSet.parts[axis] = {" 52", axis % 2 == 0 ? "L" : "H",
+                                   static_cast<std::int16_t>(100 + 50 * axis)};
+            ParaSet.Actuator[axis] = BuildActuator(ParaSet.parts[axis]);
+        }
+    }
+    ParaLoadedFlag = kSet;
 }
 
 QModelIndex MainForm::at(int row, int column) const {

@@ -20,6 +20,8 @@ protected:
 
     /// Fresh rows from position `first` to `last`.
     void show(std::int16_t first, std::int16_t last);
+    /// Parameters: of each item and axis another good value, as far as there are some.
+    static void loadParameters();
 
     // The grid, by grid row and column.
     QModelIndex at(int row, int column) const;

@@ -4,13 +4,12 @@
 #include "main_form.h"
 #include "parameter/factory_lists.h"
 #include "parameter/para_device.h"
+#include "parameter/para_fields.h"
+#include "parameter/para_window.h"
 #include "platform/whole_file.h"
 #include "setup/detail_edit.h"
 #include "support/boxes.h"
 #include "support/simulated_line.h"
-#include "tables/groups.h"
-#include "tables/grp_table.h"
-#include "tables/macros.h"
 #include "windows/device/frmDevice2.h"
 #include "windows/device/frmDevice3.h"
 
@@ -36,10 +35,10 @@ QString Looked(const QWidget& at) {
     } else if (const auto* edit = qobject_cast<const QLineEdit*>(&at)) {
         seen = edit->hasSelectedText() ? '[' + edit->selectedText() + ']' : edit->text();
         const QPalette window = edit->window()->palette();
-        const bool grey = edit->palette().color(QPalette::Base) == window.color(QPalette::Window);
-        const bool refused = edit->palette().color(QPalette::Base) == QColor(0xFF, 0x80, 0x80);
+        const QColor base = edit->palette().color(QPalette::Base);
+        const bool grey = base == window.color(QPalette::Window) || base == QColor(0xE0E0E0);
         return seen + (edit->isEnabled() ? "" : " off") + (grey ? " grey" : "") +
-               (refused ? " refused: " + edit->toolTip() : "");
+               (edit->actions().isEmpty() ? "" : " marked");
     } else {
         seen = at.property("text").toString();
     }
@@ -62,6 +61,11 @@ protected:
             told << QString::fromStdString(asked.title);
             return std::nullopt;
         };
+        Screens().frmDevice2 = [this] {
+            told << "frmDevice2";
+            DeviceCancelled = kSet;
+        };
+        Screens().frmDeviceShow = [this] { told << "frmDevice"; };
         FirstDeviceSetFlag = kSet;
         AxisOff = {kClear, kClear, kSet, kSet};
         DevSetting[0] = {" 44", "L", 100, kClear, kClear, kSet, kSet, 2, 400, 20000, 100};
@@ -72,6 +76,8 @@ protected:
         FileFirst = 5;
         FileLast = 20;
         CompareFileRange();
+        loadParameters();
+        LoadParameta2();
     }
 
     void step(QWidget& dialog, const QString& what) {
@@ -113,12 +119,6 @@ protected:
             key(*focus(), "Ctrl+V");
         } else if (what.startsWith('<')) {
             key(*focus(), what.mid(1, what.size() - 2));
-            // A button that is reached by its letter is seen going down and up.
-            const auto buttons = dialog.findChildren<QAbstractButton*>();
-            EXPECT_TRUE(QTest::qWaitFor([&buttons] {
-                return std::none_of(buttons.begin(), buttons.end(),
-                                    [](const auto* button) { return button->isDown(); });
-            }));
         } else if (what.startsWith('?')) {
             told << Looked(Get<QWidget>(dialog, what.mid(1)));
         } else if (arrow > 0) {
@@ -160,19 +160,6 @@ protected:
         return QString::fromStdString(FamilyText[axis] + DevSettei[axis].DevSize + ' ') +
                QString::number(DevSettei[axis].DevStroke);
     }
-    /// Row and numbers of what isn't as it was when the window opened.
-    static QString changed(const SmallTable& table) {
-        const Numbers now = table.take(Held::Shown);
-        const std::int16_t fresh = &table == &Groups() ? 1 : 0;
-        const auto fields = static_cast<std::size_t>(table.fields);
-        QStringList rows;
-        for (std::size_t i = 0; i < now.size(); ++i) {
-            if (now[i] != fresh) {
-                rows << QString("%1.%2=%3").arg(i / fields + 1).arg(i % fields).arg(now[i]);
-            }
-        }
-        return rows.join(' ');
-    }
     /// Opens the dialog and tells what it has handed back.
     QString opened(const QString& name) {
         QWidget* parent = window.get();
@@ -199,17 +186,19 @@ protected:
             platform.run(2000);
             return device(0) + ", " + device(1);
         }
-        if (name == "frmGrp") {
-            frmGrp form(parent);
-            Screens().frmGrp = Screens().frmMainCommands = [&form] { form.showState(); };
-            form.exec();
-            return changed(Groups());
+        if (name == "frmParameta2") {
+            frmParameta2 form(parent);
+            Screens().frmParameta2 = Screens().frmMainCommands = [&form] { form.showState(); };
+            form.open(true);
+            EXPECT_TRUE(QTest::qWaitFor([&form] { return !form.isVisible(); }));
+            Screens().frmParameta2 = Screens().frmMainCommands = {};
+            return IsSet(ParaEditedFlag) ? "edited" : "closed";
         }
-        if (name == "frmSqMcr") {
-            frmSqMcr form(parent);
-            Screens().frmSqMcr = Screens().frmMainCommands = [&form] { form.showState(); };
-            form.exec();
-            return changed(Macros());
+        if (name == "frmDevice") {
+            const auto next = AskStrokeCalculator(parent);
+            return next ? QString("%1(%2)").arg(RowOf(next->control).name).arg(next->axis) + ' ' +
+                              QString::fromStdString(ParaFields.txtAxisStroke[1])
+                        : "nothing";
         }
         name.endsWith('2')   ? ShowSelectPosiNo2(parent)
         : name.endsWith('3') ? ShowSelectPosiNo3(parent)
@@ -393,45 +382,6 @@ TEST_F(Dialogs, AWindowThatGoesWhileAListHasTheFocusChangesNothing) {
     leave(new frmDevice2);
     leave(new frmDevice3);
     EXPECT_EQ(DevSettei, before);
-}
-
-TEST_F(Dialogs, WindowsOfTablesAreLockedWhileACommandOfOneRuns) {
-    SimulatedLine line(platform);
-    line.controller.setTurnaround(50);
-    frmGrp groups(window.get());
-    frmSqMcr macros(window.get());
-    frmTrance transfer(window.get());
-    Screens().frmGrp = Screens().frmMainCommands = [&] {
-        groups.showState();
-        macros.showState();
-    };
-    Screens().frmTrance = [&transfer] { transfer.showState(); };
-    macros.show();
-    groups.show();
-    ASSERT_TRUE(QTest::qWaitFor([&groups] { return QApplication::activeWindow() == &groups; }));
-    GrpTable[8] = {4095, -7, 0}; // more than can be typed, as a file may have it
-    groups.showState();
-    step(groups, "?txtGrpStartNo(7)");
-    step(groups, "?txtGrpEndNo(7)");
-    step(groups, "txtGrpEndNo(7)=5");
-    platform.after(1000, [&] {
-        EXPECT_EQ(transfer.parentWidget(), &groups);
-        for (const char* off : {"?txtGrpEndNo(7)", "?cmdWriteGrp", "?cmdCloseGrpWindow"}) {
-            step(groups, off);
-        }
-        step(macros, "?cmdWriteSMtoCt");
-        step(macros, "?txtSmData(0)");
-        groups.close();
-        EXPECT_TRUE(groups.isVisible());
-    });
-    step(groups, "cmdReadGrp");
-    step(groups, "focus");
-    step(groups, "?txtGrpEndNo(7)");
-    step(macros, "?cmdWriteSMtoCt");
-    EXPECT_EQ(told.join(" ; ").toStdString(),
-              "4095 ; -7 ; Read the Group Data from controller, OK? ; 5 off grey ; "
-              "&Write to C/T off ; &Close off ; &Write to C/T off ;  off grey ; txtGrpEndNo(7) ; "
-              "[71] ; &Write to C/T");
 }
 
 TEST_F(Dialogs, OnlineWindowWritesIntoTheController) {

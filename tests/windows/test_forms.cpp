@@ -3,6 +3,7 @@
 
 #include "every_window.h"
 #include "main_form.h"
+#include "parameter/para_window.h"
 #include "platform/whole_file.h"
 #include "position/grid_display.h"
 #include "program/commands.h"
@@ -142,6 +143,9 @@ protected:
         add<frmDevice2>("frmDevice2, at the start");
         StartDeviceSelectFlag = kClear;
         add<frmDevice3>("frmDevice3");
+        LoadParameta2();
+        add<frmParameta2>("frmParameta2");
+        add<frmDevice>("frmDevice");
         add<frmGrp>("frmGrp");
         add<frmSqMcr>("frmSqMcr");
     }
@@ -150,6 +154,8 @@ protected:
 };
 
 TEST_F(Forms, StandAsInTheFile) {
+    loadParameters();
+    Screens().frmDeviceShow = [] {};
     ThePlatform().programFolder = QDW8_DATA_DIR;
     AxisOff[2] = kSet;
     for (const std::int16_t base : {std::int16_t{10000}, std::int16_t{0}}) {
