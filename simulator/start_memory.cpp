@@ -112,7 +112,8 @@ Memory BlankMemory() {
     return memory;
 }
 
-Memory StartMemory() {
+namespace {
+Memory MakeStartMemory() {
     Memory memory = BlankMemory();
     for (int n = 1; n <= 999; ++n) {
         memory.positions[static_cast<std::size_t>(n - 1)] = StartRow(memory, n);
@@ -124,6 +125,12 @@ Memory StartMemory() {
     for (int n = 1; n <= 20; ++n) {
         memory.macros[static_cast<std::size_t>(n - 1)] = StartMacro(n);
     }
+    return memory;
+}
+} // namespace
+
+const Memory& StartMemory() {
+    static const Memory memory = MakeStartMemory();
     return memory;
 }
 } // namespace qdk8
