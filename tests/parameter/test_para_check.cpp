@@ -39,30 +39,12 @@ TEST_F(ParameterTest, EveryItemIsHeldToItsLimitsOnEveryAxis) {
     EXPECT_EQ(rows + 1, ParaItems().size()) << "all but the acceleration setting";
     ParaSet.ACC_DCC = 32767;
     EXPECT_EQ(ParametaValueCheck(), 0) << "which is never looked at";
+    ParaSet.Actuator[3].clear();
+    EXPECT_EQ(ParametaValueCheck() + ParametaValueCheck2(), 2) << "whatever its parts say";
     AxisOff.fill(kSet);
     ParaSet = ParameterSet{};
     EXPECT_EQ(ParametaValueCheck(), 1) << "the common items count without any axis";
     EXPECT_EQ(ParametaValueCheck2(), 0);
-}
-
-TEST_F(ParameterTest, TheActuatorNeedsAllItsParts) {
-    const ActuatorParts good{" 44", "L", 500};
-    for (const auto& parts : std::vector<ActuatorParts>{
-             good, {"44", "L", 50}, {" 44", "", 50}, {" 44", "L", 501}, {" 44", "L", -1}}) {
-        for (const char* text : {"J52L050", ""}) {
-            ParaSet.parts[3] = parts;
-            ParaSet.Actuator[3] = text;
-            const int bad = parts == good && *text != '\0' ? 0 : 1;
-            EXPECT_EQ(ParametaValueCheck(), bad) << parts.stroke;
-            EXPECT_EQ(ParametaValueCheck2(), bad) << parts.stroke;
-        }
-    }
-    EXPECT_EQ(BuildActuator({" 44", "L", 50}), " 44L050");
-    EXPECT_EQ(BuildActuator({" 44", "L", 1000}), " 44LX");
-    EXPECT_EQ(ParseActuator("J52L050"), (ActuatorParts{"J52", "L", 50}));
-    EXPECT_EQ(ParseActuator("44H100"), (ActuatorParts{" 44", "H", 100})) << "its blank was lost";
-    EXPECT_EQ(ParseActuator(" 44 100"), (ActuatorParts{" 44", "", 100}));
-    EXPECT_EQ(ParseActuator("44HX"), (ActuatorParts{" 44", "H", 0}));
 }
 
 // verify.txt: the report, without its line ends, when an item differs on every axis, AXIS 3 being

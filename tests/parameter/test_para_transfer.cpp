@@ -1,13 +1,11 @@
 #include "parameter/para_transfer.h"
 
-#include "link/batch.h"
 #include "link/receiver.h"
 #include "parameter/para_blocks.h"
 #include "parameter/para_fields.h"
 #include "parameter/para_file.h"
 #include "parameter/para_rows.h"
 #include "parameter/parameter_bench.h"
-#include "support/every_step.h"
 
 #include <algorithm>
 #include <numeric>
@@ -20,7 +18,7 @@ struct TransferBench : ParameterBench {
     std::int16_t readAndApply() {
         return ReadAllBlocks() == 0 && ApplyRowTable(RowSource::Controller) == 0 ? 0 : 1;
     }
-    /// The blocks that went since the last call, "0,5,6," and "W2" for the commit.
+    /// The blocks that went since the last call, "056", and "!" for the commit.
     std::string moved() {
         std::string all;
         for (const std::string& frame : platform.sent) {
@@ -133,27 +131,6 @@ TEST_F(Transfer, ReservedBytesGoBackWhereTheyCameFrom) {
         before[block].replace(32 - end.size(), end.size(), end);
     }
     EXPECT_EQ(lasting(), before);
-}
-
-TEST(TransferSteps, EveryStep) {
-    for (auto* const command : {ReadAllBlocks, WriteAllBlocks, WriteDeviceBlocks}) {
-        EveryStep<TransferBench>(
-            [command](TransferBench& bench) {
-                const LineBatch batch;
-                bench.result = command();
-            },
-            [command](TransferBench& bench, const Step& step) {
-                const bool read = command == ReadAllBlocks;
-                EXPECT_EQ(step.boxes.size(), bench.result == 0 ? 0U : 1U);
-                EXPECT_EQ(ParaRowTable == ParaRows{}, !read || bench.result != 0);
-                EXPECT_EQ(ParaReserved == ReservedBytes{}, !read || bench.result != 0);
-                const bool lasting =
-                    bench.lasting()[5] != qdk8::Controller().machine().lasting.blocks[5];
-                EXPECT_TRUE(lasting == (!read && bench.result == 0) || step.frame == "0WE2");
-                EXPECT_EQ(bench.result, step.fault == "silence" || step.fault.empty() ? 0 : 1);
-            },
-            {"dead", "silence", "reply=0WE3"});
-    }
 }
 
 TEST_F(Transfer, TheMaskAloneIsChangedAndNotCommitted) {

@@ -33,10 +33,14 @@ TEST(SetupSteps, OfAParameterRead) {
         EveryStep<ParaBench>(
             [command](ParaBench& bench) {
                 ParaSet = SampleSet();
+                ParaRowTable = {};
+                ParaReserved = {};
                 bench.result = command();
             },
             [command](ParaBench& bench, const Step& step) {
                 EXPECT_EQ(ParaSet, bench.result == 0 ? bench.inController : SampleSet());
+                EXPECT_EQ(ParaRowTable == ParaRows{}, bench.result != 0);
+                EXPECT_EQ(ParaReserved == ReservedBytes{}, bench.result != 0);
                 EXPECT_EQ(bench.result, step.fault.empty() ? 0 : step.dead() ? 1 : bench.result);
                 if (bench.result != 0) {
                     EXPECT_TRUE(step.boxes.back() == box::kNoAxis ||

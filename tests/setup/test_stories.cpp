@@ -12,6 +12,7 @@
 #include "link/window_command.h"
 #include "para_words.h"
 #include "parameter/factory_lists.h"
+#include "parameter/para_check.h"
 #include "parameter/para_device.h"
 #include "parameter/para_edit.h"
 #include "parameter/para_fields.h"
@@ -271,6 +272,7 @@ private:
         {"close", [] { return ParaMayClose() ? 1 : 0; }},
         {"lock", [] { return TickTokuParaChange(false), 0; }},
         {"unlock", [] { return TickTokuParaChange(true), 0; }},
+        {"check-device", ParametaValueCheck2},
         {"take", TorikomiParametaValue},
         {"factory", LoadFactoryParameters},
         {"device-factory", LoadFactoryParametersForDevice},

@@ -10,6 +10,9 @@
 #include "setup/detail_edit.h"
 #include "support/boxes.h"
 #include "support/simulated_line.h"
+#include "tables/groups.h"
+#include "tables/grp_table.h"
+#include "tables/macros.h"
 #include "windows/device/frmDevice2.h"
 #include "windows/device/frmDevice3.h"
 
@@ -37,7 +40,9 @@ QString Looked(const QWidget& at) {
         const QPalette window = edit->window()->palette();
         const QColor base = edit->palette().color(QPalette::Base);
         const bool grey = base == window.color(QPalette::Window) || base == QColor(0xE0E0E0);
+        const bool refused = base == QColor(0xFF, 0x80, 0x80);
         return seen + (edit->isEnabled() ? "" : " off") + (grey ? " grey" : "") +
+               (refused ? " refused: " + edit->toolTip() : "") +
                (edit->actions().isEmpty() ? "" : " marked");
     } else {
         seen = at.property("text").toString();
@@ -119,6 +124,12 @@ protected:
             key(*focus(), "Ctrl+V");
         } else if (what.startsWith('<')) {
             key(*focus(), what.mid(1, what.size() - 2));
+            // A button that is reached by its letter is seen going down and up.
+            const auto buttons = dialog.findChildren<QAbstractButton*>();
+            EXPECT_TRUE(QTest::qWaitFor([&buttons] {
+                return std::none_of(buttons.begin(), buttons.end(),
+                                    [](const auto* button) { return button->isDown(); });
+            }));
         } else if (what.startsWith('?')) {
             told << Looked(Get<QWidget>(dialog, what.mid(1)));
         } else if (arrow > 0) {
@@ -160,6 +171,19 @@ protected:
         return QString::fromStdString(FamilyText[axis] + DevSettei[axis].DevSize + ' ') +
                QString::number(DevSettei[axis].DevStroke);
     }
+    /// Row and numbers of what isn't as it was when the window opened.
+    static QString changed(const SmallTable& table) {
+        const Numbers now = table.take(Held::Shown);
+        const std::int16_t fresh = &table == &Groups() ? 1 : 0;
+        const auto fields = static_cast<std::size_t>(table.fields);
+        QStringList rows;
+        for (std::size_t i = 0; i < now.size(); ++i) {
+            if (now[i] != fresh) {
+                rows << QString("%1.%2=%3").arg(i / fields + 1).arg(i % fields).arg(now[i]);
+            }
+        }
+        return rows.join(' ');
+    }
     /// Opens the dialog and tells what it has handed back.
     QString opened(const QString& name) {
         QWidget* parent = window.get();
@@ -185,6 +209,18 @@ protected:
             EXPECT_EQ(KeepAxisFlag, kClear);
             platform.run(2000);
             return device(0) + ", " + device(1);
+        }
+        if (name == "frmGrp") {
+            frmGrp form(parent);
+            Screens().frmGrp = Screens().frmMainCommands = [&form] { form.showState(); };
+            form.exec();
+            return changed(Groups());
+        }
+        if (name == "frmSqMcr") {
+            frmSqMcr form(parent);
+            Screens().frmSqMcr = Screens().frmMainCommands = [&form] { form.showState(); };
+            form.exec();
+            return changed(Macros());
         }
         if (name == "frmParameta2") {
             frmParameta2 form(parent);
@@ -382,6 +418,45 @@ TEST_F(Dialogs, AWindowThatGoesWhileAListHasTheFocusChangesNothing) {
     leave(new frmDevice2);
     leave(new frmDevice3);
     EXPECT_EQ(DevSettei, before);
+}
+
+TEST_F(Dialogs, WindowsOfTablesAreLockedWhileACommandOfOneRuns) {
+    SimulatedLine line(platform);
+    line.controller.setTurnaround(50);
+    frmGrp groups(window.get());
+    frmSqMcr macros(window.get());
+    frmTrance transfer(window.get());
+    Screens().frmGrp = Screens().frmMainCommands = [&] {
+        groups.showState();
+        macros.showState();
+    };
+    Screens().frmTrance = [&transfer] { transfer.showState(); };
+    macros.show();
+    groups.show();
+    ASSERT_TRUE(QTest::qWaitFor([&groups] { return QApplication::activeWindow() == &groups; }));
+    GrpTable[8] = {4095, -7, 0}; // more than can be typed, as a file may have it
+    groups.showState();
+    step(groups, "?txtGrpStartNo(7)");
+    step(groups, "?txtGrpEndNo(7)");
+    step(groups, "txtGrpEndNo(7)=5");
+    platform.after(1000, [&] {
+        EXPECT_EQ(transfer.parentWidget(), &groups);
+        for (const char* off : {"?txtGrpEndNo(7)", "?cmdWriteGrp", "?cmdCloseGrpWindow"}) {
+            step(groups, off);
+        }
+        step(macros, "?cmdWriteSMtoCt");
+        step(macros, "?txtSmData(0)");
+        groups.close();
+        EXPECT_TRUE(groups.isVisible());
+    });
+    step(groups, "cmdReadGrp");
+    step(groups, "focus");
+    step(groups, "?txtGrpEndNo(7)");
+    step(macros, "?cmdWriteSMtoCt");
+    EXPECT_EQ(told.join(" ; ").toStdString(),
+              "4095 ; -7 ; Read the Group Data from controller, OK? ; 5 off grey ; "
+              "&Write to C/T off ; &Close off ; &Write to C/T off ;  off grey ; txtGrpEndNo(7) ; "
+              "[71] ; &Write to C/T");
 }
 
 TEST_F(Dialogs, OnlineWindowWritesIntoTheController) {

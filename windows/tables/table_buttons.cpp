@@ -5,6 +5,7 @@
 #include "windows/controls/load_form_resources.h"
 
 #include <QBoxLayout>
+#include <QLineEdit>
 #include <QPushButton>
 #include <algorithm>
 #include <utility>
@@ -84,6 +85,9 @@ void TableButtons::showState(QWidget& fields) {
     if (free && !wasFree && before) {
         // As when the window becomes the active one again: nobody has entered the field.
         before->setFocus(Qt::ActiveWindowFocusReason);
+        if (auto* field = qobject_cast<QLineEdit*>(before)) {
+            field->selectAll();
+        }
     }
 }
 
