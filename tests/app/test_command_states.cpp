@@ -3,7 +3,6 @@
 #include "app/command_states.h"
 
 #include "app/screens.h"
-#include "platform/whole_file.h"
 #include "support/story.h"
 
 #include <set>
@@ -43,20 +42,19 @@ TEST(CommandStates, EachRoutineTouchesItsListsAndNothingElse) {
     Begin(true);
     std::map<std::string, Names> lists{{"Rest", Now(true)}};
     ASSERT_EQ(lists["Rest"].size(), kCommands) << "each has a name of its own";
-    std::istringstream table(ReadWholeFile(QDW8_SOURCE_DIR "/tests/app/command_states.txt"));
     int routines = 0;
-    for (std::string line; std::getline(table, line);) {
-        std::istringstream words(line);
+    for (const auto& row : RowsOf("app/command_states.txt")) {
+        Args words(row[0]);
         const std::string name = Word(words);
         const std::string sign = Word(words);
         Names named;
-        for (std::string word; name != "#" && words >> word;) {
+        for (std::string word; words >> word;) {
             named.merge(sign == "=" ? Names{word} : Names(lists.at(word)));
             sign == "=" ? lists["Rest"].erase(word) : 0;
         }
         if (sign == "=") {
             lists[name] = named;
-        } else if (name != "#") {
+        } else {
             Begin(sign == "-");
             int told = 0;
             Screens().frmMainCommands = [&told] { ++told; };
@@ -66,7 +64,7 @@ TEST(CommandStates, EachRoutineTouchesItsListsAndNothingElse) {
                 ? void(CommandsAway())
                 : (name.ends_with("Copied") ? EditCMD_Yuko : kRoutines.at(name))();
             Screens() = {};
-            EXPECT_EQ(Now(sign == "+"), named) << line;
+            EXPECT_EQ(Now(sign == "+"), named) << row[0];
             EXPECT_GE(told, 1);
             ++routines;
         }

@@ -4,13 +4,10 @@
 
 #include "app/field_reader.h"
 #include "platform/fault.h"
-#include "platform/whole_file.h"
+#include "support/story.h"
 
-#include <functional>
-#include <gtest/gtest.h>
+#include <algorithm>
 #include <limits>
-#include <map>
-#include <sstream>
 
 namespace qdw8 {
 namespace {
@@ -30,24 +27,11 @@ std::string Fields(const std::string& text) {
     return fields;
 }
 
-/// The text of a table: "_" is a blank, and there are \r, \n, \t and \0.
-std::string Plain(const std::string& told) {
-    const std::string text = Trim(told);
-    std::string plain;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        const std::size_t mark = text[at] == '\\' ? std::string("rnt0").find(text[at + 1]) : 4;
-        plain += text[at] == '_' ? ' ' : mark < 4 ? "\r\n\t\0"[(++at, mark)] : text[at];
-    }
-    return plain;
-}
-
-using Form = std::function<std::string(const std::string&)>;
-
-Form Text(double (*form)(std::string_view)) {
+test::Verb Text(double (*form)(std::string_view)) {
     return [form](const std::string& in) { return PlainDecimal(form(in)); };
 }
 
-const std::map<std::string, Form> kForms{
+const test::Verbs kForms{
     {"NumberFromText", Text(NumberFromText)},
     {"NumberOfCell",
      [](auto& in) { return NumberOfCell(in) ? PlainDecimal(*NumberOfCell(in)) : "-"; }},
@@ -70,25 +54,20 @@ const std::map<std::string, Form> kForms{
     {"Trim", [](auto& in) { return Trim(in); }}};
 
 TEST(NumberForms, Table) {
-    std::istringstream table(ReadWholeFile(QDW8_SOURCE_DIR "/tests/app/number_forms.txt"));
-    int rows = 0;
-    for (std::string line; std::getline(table, line);) {
-        if (line.starts_with('#')) {
-            continue;
+    const auto rows = test::RowsOf("app/number_forms.txt");
+    EXPECT_GT(rows.size(), 150U);
+    for (auto row : rows) {
+        for (std::string& part : row) {
+            std::replace(part.begin(), part.end(), '_', ' ');
         }
-        const std::size_t first = line.find('|');
-        const std::size_t second = line.find('|', first + 1);
         std::string result;
         try {
-            result = kForms.at(Trim(line.substr(0, first)))(
-                Plain(line.substr(first + 1, second - first - 1)));
+            result = kForms.at(row[0])(row.at(1));
         } catch (const Fault&) {
             result = "!";
         }
-        EXPECT_EQ(result, Plain(line.substr(second + 1))) << line;
-        ++rows;
+        EXPECT_EQ(result, row.at(2)) << row[0] << " of " << row[1];
     }
-    EXPECT_GT(rows, 150);
 }
 
 TEST(NumberForms, BeyondEveryDouble) {

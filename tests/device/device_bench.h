@@ -28,10 +28,10 @@ struct DeviceBench : Bench {
     std::string boxes() {
         std::string marks;
         for (const std::string& text : platform.boxes) {
-            marks += text == box::kNoDeviceList       ? 'L'
+            marks += text == BoxText("no device list")       ? 'L'
                      : text == "No device list file." ? 'l'
-                     : text == box::kNotSelected      ? 'D'
-                     : text == box::kWrongData        ? 'W'
+                     : text == BoxText("not selected")      ? 'D'
+                     : text == BoxText("wrong data")        ? 'W'
                                                       : '?';
         }
         platform.boxes.clear();

@@ -7,64 +7,28 @@
 #include "link/line_state.h"
 #include "link/port.h"
 #include "link/receiver.h"
-
-#include <fstream>
-#include <map>
-#include <sstream>
+#include "support/story.h"
 
 namespace qdw8::test {
 namespace {
 
 /// The word of an event; empty for one that a story leaves out.
 std::string WordOf(const std::string& event) {
-    static const std::map<std::string, std::string> words{
-        {"close", "close"},
-        {"off", "off"},
-        {"line breaks", "breaks"},
-        {"send 0CM0", "again"},
-        {"box Ok: " + box::kPort, "port"},
-        {"box Ok: " + box::kTimeout, "timeout"},
-        {"box Ok: " + box::kError, "error"},
-        {"box Ok: " + box::kHoming, "homing"},
-        {"box Ok: " + box::kSensor, "sensor"},
-        {"box Ok: " + box::kUnlisted, "unlisted"},
-        {"box Ok: " + box::kLength, "length"},
-        {"box Ok: " + box::kWrongData, "wrong data"},
-        {"box Ok: " + box::kCommError, "failed"},
-        {"box Ok: " + box::kMoving, "moving"},
-        {"box Ok: " + box::kError + "\r\n[]", "no text"},
-        {"box Ok: " + box::kNoErrorList, "no list"}};
-    const auto found = words.find(event);
-    if (found != words.end()) {
-        return found->second;
+    static const auto boxes = RowsOf("support/boxes.txt");
+    for (const auto& box : boxes) {
+        if (event == "box Ok: " + box[1]) {
+            return box[0];
+        }
     }
-    return event.starts_with("send ")  ? "send"
-           : event.starts_with("bar ") ? event.substr(4)
-           : event.starts_with("box")  ? event
-                                       : "";
+    return event == "line breaks"                                           ? "breaks"
+           : event == "send 0CM0"                                           ? "again"
+           : event.starts_with("send ")                                     ? "send"
+           : event.starts_with("bar ")                                      ? event.substr(4)
+           : event == "close" || event == "off" || event.starts_with("box") ? event
+                                                                            : "";
 }
 
 } // namespace
-
-std::vector<std::string> Split(const std::string& text, char mark) {
-    std::vector<std::string> parts;
-    std::istringstream stream(text);
-    for (std::string part; std::getline(stream, part, mark);) {
-        parts.push_back(Trim(part));
-    }
-    return parts;
-}
-
-std::vector<std::vector<std::string>> RowsOf(const std::string& name) {
-    std::vector<std::vector<std::string>> rows;
-    std::ifstream table(QDW8_SOURCE_DIR "/tests/link/" + name);
-    for (std::string line; std::getline(table, line);) {
-        if (!line.starts_with('#')) {
-            rows.push_back(Split(line, '|'));
-        }
-    }
-    return rows;
-}
 
 LinkBench::LinkBench() {
     platform.recordsBoxes = true;
@@ -92,16 +56,17 @@ LinkBench::LinkBench() {
 }
 
 void LinkBench::answer(const std::string& answers) {
-    for (const std::string& text : Split(answers, ';')) {
+    for (const std::string& text :
+         answers.empty() ? std::vector<std::string>{} : Split(answers, ';')) {
         std::vector<std::pair<std::int64_t, std::string>> pieces;
         for (const std::string& piece : Split(text, '~')) {
+            if (piece.empty()) {
+                continue;
+            }
             const std::size_t at = piece.find('@');
             const std::size_t in = 10 * (pieces.size() + 1);
             pieces.emplace_back(at == piece.npos ? in : std::stoul(piece.substr(at + 1)),
                                 piece.substr(0, at));
-            if (const auto end = pieces.back().second.find('^'); end != piece.npos) {
-                pieces.back().second.replace(end, 1, "\r\n");
-            }
         }
         if (!pieces.empty() && !text.ends_with('~')) {
             pieces.back().second += "\r\n";
@@ -142,7 +107,8 @@ std::string LinkBench::state() {
                                      {CommErrorFlag, "CommError "},
                                      {AlarmFlag, "Alarm "},
                                      {AlarmNotResettableFlag, "NotResettable "},
-                                     {ErrorFoundFlag, "ErrorFound "}}) {
+                                     {ErrorFoundFlag, "ErrorFound "},
+                                     {ErrorListMissingFlag, "NoList "}}) {
         text += IsSet(flag) ? name : "";
     }
     return Trim(text);

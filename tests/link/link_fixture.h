@@ -4,15 +4,8 @@
 #include "support/boxes.h"
 
 #include <string>
-#include <vector>
 
 namespace qdw8::test {
-
-/// The parts of a text, without blanks at their ends.
-std::vector<std::string> Split(const std::string& text, char mark);
-
-/// The rows of a table of this folder, with their parts between "|".
-std::vector<std::vector<std::string>> RowsOf(const std::string& name);
 
 /// A fresh program, on line, the lamp lit, nothing wrong. The error list holds "13" and "24".
 class LinkBench : public Bench {

@@ -1,11 +1,10 @@
-// The exchange: every fault of the line in each of its forms, and what the table doesn't reach.
+// The exchange: every fault of the line in each of its forms.
 
 #include "link/exchange.h"
 
 #include "app/command_states.h"
 #include "app/main_panel.h"
 #include "app/number_forms.h"
-#include "app/waits.h"
 #include "link/alarm.h"
 #include "link/background.h"
 #include "link/line_state.h"
@@ -13,6 +12,7 @@
 #include "link/port.h"
 #include "link/receiver.h"
 #include "link/window_command.h"
+#include "support/story.h"
 
 #include <stdexcept>
 
@@ -60,7 +60,7 @@ void CheckFault(const std::vector<std::string>& row, char form, bool kept) {
 
 TEST(ExchangeFaults, EveryFaultInEveryForm) {
     int rows = 0;
-    for (const auto& row : RowsOf("faults.txt")) {
+    for (const auto& row : RowsOf("link/faults.txt")) {
         ASSERT_EQ(row.size(), 5U) << row[0];
         for (const char form : row[2]) {
             for (const bool kept : {false, true}) {
@@ -71,40 +71,6 @@ TEST(ExchangeFaults, EveryFaultInEveryForm) {
         }
     }
     EXPECT_GT(rows, 100);
-}
-
-using ExchangeTest = LinkTest;
-
-TEST_F(ExchangeTest, FaultHasATextOfItsOwnInJapanese) {
-    LanguageBase = 0;
-    platform.answer("0ZZ1");
-    platform.answer("0CM0");
-    SendCtCommandOnce("0RH", 6);
-    platform.outputFaults = true;
-    SendCtCommandOnce("0RH", 6);
-    ASSERT_EQ(platform.boxes.size(), 2U);
-    EXPECT_NE(platform.boxes[0], platform.boxes[1]);
-}
-
-TEST(Waits, NestedWaitsTakeTheirOwnTimeAndSixTriesAreSix) {
-    Bench bench;
-    ScriptedPlatform& platform = bench.platform;
-    std::int64_t innerEnd = 0;
-    platform.after(30, [&] {
-        MsecTimer(40);
-        innerEnd = platform.now;
-    });
-    MsecTimer(100);
-    EXPECT_EQ(innerEnd, 70);
-    EXPECT_EQ(platform.now, 100);
-    platform.after(10, [] { MsecTimer(500); });
-    MsecTimer(100);
-    EXPECT_EQ(platform.now, 610) << "it can only return behind the inner one";
-    int tries = 0;
-    EXPECT_FALSE(SixTries([&tries] { return ++tries > 6; }));
-    EXPECT_TRUE(SixTries([&tries] { return ++tries > 8; }));
-    EXPECT_EQ(tries, 9);
-    EXPECT_EQ(platform.now, 610 + 5 * 100 + 2 * 100);
 }
 
 TEST_F(LinkTest, AWindowCommandHasTheCommandsAndTheLineForItself) {

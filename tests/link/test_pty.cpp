@@ -7,18 +7,15 @@
 #include "link/receiver.h"
 #include "platform/platform.h"
 #include "platform/qt/qt_platform.h"
-#include "platform_qt/verbs.h"
+#include "platform_qt/far_end.h"
+#include "platform_qt/pump.h"
 
 #include <QSocketNotifier>
 #include <QTemporaryDir>
 #include <QTimer>
 
-#include <filesystem>
 #include <gtest/gtest.h>
-#include <poll.h>
-#include <pty.h>
-#include <termios.h>
-#include <unistd.h>
+#include <utility>
 
 namespace qdw8::test {
 namespace {
@@ -36,34 +33,20 @@ protected:
             return BoxAnswer::Ok;
         };
         ThePlatform().settingsFolder = folder.path().toStdString();
-        char name[128] = {};
-        termios silent{}; // a closed port echoes nothing
-        ::cfmakeraw(&silent);
-        EXPECT_EQ(::openpty(&farEnd, &nearEnd, name, &silent, nullptr), 0);
-        std::filesystem::create_directory(ThePlatform().settingsFolder + "/ports");
-        std::filesystem::create_symlink(name, ThePlatform().settingsFolder + "/ports/com1");
-        notifier = std::make_unique<QSocketNotifier>(farEnd, QSocketNotifier::Read);
-        QObject::connect(notifier.get(), &QSocketNotifier::activated, [this] { hear(); });
+        QObject::connect(&notifier, &QSocketNotifier::activated, [this] { hear(); });
         ResetModule3Tusin();
         PortOccupyFlag = FlagOf(GetParam());
     }
     ~PtyTest() override {
         CloseCtPortForce();
-        notifier.reset();
-        ::close(nearEnd);
-        ::close(farEnd);
         ThePlatform() = Platform{};
     }
-    void says(const std::string& text) {
-        ASSERT_EQ(::write(farEnd, text.data(), text.size()), static_cast<ssize_t>(text.size()));
-    }
     void hear() {
-        char bytes[64];
-        heard.append(bytes, static_cast<std::size_t>(::read(farEnd, bytes, sizeof bytes)));
+        heard += far.hears();
         if (heard.ends_with("\r\n")) {
             QTimer::singleShot(
-                std::exchange(late, 0), notifier.get(),
-                [this, reply = std::exchange(heard, {})] { says(reply), ++replies; });
+                std::exchange(late, 0), &notifier,
+                [this, reply = std::exchange(heard, {})] { far.says(reply), ++replies; });
         }
     }
     /// A command of the user: one frame, and the reply that must be its own.
@@ -76,21 +59,19 @@ protected:
     }
     /// A line that comes by itself, and has come.
     void disturb(const std::string& line) {
-        says(line);
+        far.says(line);
         if (MSComm1().PortOpen()) {
             EXPECT_TRUE(
                 PumpUntil([&] { return ReplyText == line || MSComm1().InBufferCount() > 0; }));
         } else {
-            pollfd come{nearEnd, POLLIN, 0};
-            EXPECT_EQ(::poll(&come, 1, 10'000), 1);
+            EXPECT_TRUE(FarEnd::hasCome(far.near));
         }
     }
 
     QTemporaryDir folder;
-    std::unique_ptr<QSocketNotifier> notifier;
+    FarEnd far{folder.path().toStdString()};
+    QSocketNotifier notifier{far.far, QSocketNotifier::Read};
     std::string heard;
-    int farEnd = -1;
-    int nearEnd = -1; ///< keeps the far end alive while the port is closed
     int late = 0;
     int replies = 0;
     int commands = 0;

@@ -4,6 +4,7 @@
 #include "app/main_panel.h"
 #include "app/number_forms.h"
 #include "app/transfer_dialog.h"
+#include "app/waits.h"
 #include "link/alarm.h"
 #include "link/axis_mask.h"
 #include "link/background.h"
@@ -15,32 +16,33 @@
 #include "link/receiver.h"
 #include "link/supervision.h"
 #include "platform/fault.h"
+#include "platform/whole_file.h"
 #include "support/story.h"
-
-#include <functional>
-#include <map>
 
 namespace qdw8::test {
 namespace {
 
-/// A routine of the link as the tables call it, with a text or number behind its name or without.
-struct Routine {
-    template<typename Run> Routine(Run run) { // NOLINT: the tables name the routines themselves
-        if constexpr (std::is_invocable_v<Run, const std::string&>) {
-            call = run;
-        } else if constexpr (std::is_invocable_v<Run, std::int16_t>) {
-            call = [run](auto& n) {
-                return static_cast<int>(run(static_cast<std::int16_t>(std::stoi(n))));
-            };
-        } else if constexpr (std::is_void_v<std::invoke_result_t<Run>>) {
-            call = [run](auto&) { return run(), 0; };
-        } else {
-            call = [run](auto&) { return static_cast<int>(run()); };
-        }
-    }
+std::int16_t Short(const std::string& number) {
+    return static_cast<std::int16_t>(std::stoi(number));
+}
 
-    std::function<int(const std::string& text)> call;
+/// A routine of the link as the tables call it, with a text or number behind its name or without.
+struct Routine : Verb {
+    template<typename Run>
+    Routine(Run run) // NOLINT: the tables name the routines themselves
+        : Verb([run](const std::string& text) {
+              if constexpr (std::is_invocable_v<Run, const std::string&>) {
+                  return std::to_string(run(text));
+              } else if constexpr (std::is_invocable_v<Run, std::int16_t>) {
+                  return std::to_string(static_cast<int>(run(Short(text))));
+              } else if constexpr (std::is_void_v<std::invoke_result_t<Run>>) {
+                  return run(), std::string();
+              } else {
+                  return std::to_string(static_cast<int>(run()));
+              }
+          }) {}
 };
+using Routines = std::map<std::string, Routine>;
 
 int InWritingMode(void (*end)(WritingMode&)) {
     WritingMode mode;
@@ -89,46 +91,46 @@ const std::map<std::string, std::reference_wrapper<Flag>> kFlags{
     NAMED(ErrorListMissingFlag), NAMED(CommErrorFlag),          NAMED(PortOccupyFlag),
     NAMED(ProgramEndFlag),       NAMED(GrpMoveStopFlag),        NAMED(TransferCancelFlag)};
 
-const std::map<std::string, Routine> kRoutines{NAMED(OpenCtPort),
-                                               NAMED(OpenCtPortForBatch),
-                                               NAMED(CloseCtPort),
-                                               NAMED(CloseCtPortForce),
-                                               NAMED(SetOfflineState),
-                                               NAMED(GoOnLine),
-                                               NAMED(CheckCtIdentity),
-                                               NAMED(CheckCtStatus),
-                                               NAMED(PollCtStatus),
-                                               NAMED(ReadAxisMask),
-                                               NAMED(ReadAxisMaskShown),
-                                               NAMED(ReadAxisMaskQuiet),
-                                               NAMED(ReadHomeStatus),
-                                               NAMED(ReadArrivalStatus),
-                                               NAMED(ReadAxisVersion),
-                                               NAMED(SendAlarmReset),
-                                               NAMED(SetCtMode),
-                                               NAMED(RunGroup),
-                                               NAMED(JogRun),
-                                               NAMED(InchingMove),
-                                               NAMED(StopMotion),
-                                               NAMED(ReadPresentPosition),
-                                               NAMED(ReadParaBlock),
-                                               NAMED(ReadParaBlock0Quiet),
-                                               NAMED(CommitParameters),
-                                               NAMED(CommitGroups),
-                                               NAMED(CommitMacros),
-                                               NAMED(ReadPosiRow),
-                                               NAMED(WritePosiRow),
-                                               NAMED(ReadGroup),
-                                               NAMED(WriteGroup),
-                                               NAMED(ReadMacro),
-                                               NAMED(WriteMacro),
-                                               NAMED(ReadInputs),
-                                               NAMED(ReadOutputs),
-                                               NAMED(WriteOutputs),
-                                               NAMED(SendRows),
-                                               NAMED(ThrowInABatch)};
+const Routines kRoutines{NAMED(OpenCtPort),
+                         NAMED(OpenCtPortForBatch),
+                         NAMED(CloseCtPort),
+                         NAMED(CloseCtPortForce),
+                         NAMED(SetOfflineState),
+                         NAMED(GoOnLine),
+                         NAMED(CheckCtIdentity),
+                         NAMED(CheckCtStatus),
+                         NAMED(PollCtStatus),
+                         NAMED(ReadAxisMask),
+                         NAMED(ReadAxisMaskShown),
+                         NAMED(ReadAxisMaskQuiet),
+                         NAMED(ReadHomeStatus),
+                         NAMED(ReadArrivalStatus),
+                         NAMED(ReadAxisVersion),
+                         NAMED(SendAlarmReset),
+                         NAMED(SetCtMode),
+                         NAMED(RunGroup),
+                         NAMED(JogRun),
+                         NAMED(InchingMove),
+                         NAMED(StopMotion),
+                         NAMED(ReadPresentPosition),
+                         NAMED(ReadParaBlock),
+                         NAMED(ReadParaBlock0Quiet),
+                         NAMED(CommitParameters),
+                         NAMED(CommitGroups),
+                         NAMED(CommitMacros),
+                         NAMED(ReadPosiRow),
+                         NAMED(WritePosiRow),
+                         NAMED(ReadGroup),
+                         NAMED(WriteGroup),
+                         NAMED(ReadMacro),
+                         NAMED(WriteMacro),
+                         NAMED(ReadInputs),
+                         NAMED(ReadOutputs),
+                         NAMED(WriteOutputs),
+                         NAMED(SendRows),
+                         NAMED(ThrowInABatch)};
 
-const std::map<std::string, Routine> kArranged{
+const Routines kArranged{
     {"MoveRelative", [](std::int16_t position) { return MoveToPosition(position, 1); }},
     {"MoveAbsolute", [](std::int16_t position) { return MoveToPosition(position, 2); }},
     {"WriteParaBlock6", [](const std::string& data) { return WriteParaBlock(6, data); }},
@@ -145,15 +147,8 @@ const std::map<std::string, Routine> kArranged{
     {"TalkInBackground", [] { RunInBackground(ReadInputs); }},
     {"FaultInBackground", [] { EXPECT_THROW(RunInBackground(ReadAndFail), Fault); }}};
 
-int Call(const std::string& name, const std::string& text) {
-    return (kRoutines.contains(name) ? kRoutines : kArranged).at(name).call(text);
-}
-
-std::string WithLineEnds(std::string text) {
-    for (std::size_t at = text.find('^'); at != text.npos; at = text.find('^')) {
-        text.replace(at, 1, "\r\n");
-    }
-    return text;
+std::string Call(const std::string& name, const std::string& text) {
+    return (kRoutines.contains(name) ? kRoutines : kArranged).at(name)(text);
 }
 
 std::string Digits(const std::array<Flag, kAxes>& flags) {
@@ -167,26 +162,15 @@ std::string Digits(const std::array<Flag, kAxes>& flags) {
 /// Plays a story on a bench of its own, and says what doesn't come out as told.
 class Player {
 public:
-    void tell(const std::string& line) {
-        const std::size_t blank = std::min(line.find(' '), line.size());
-        const std::string verb = line.substr(0, blank);
-        const std::string rest = Trim(line.substr(blank));
-        if (const auto asked = shown.find(verb); asked != shown.end()) {
-            EXPECT_EQ(asked->second(), WithLineEnds(rest));
-        } else {
-            const auto step = steps.find(verb);
-            step == steps.end() ? routine(verb, rest) : step->second(rest);
-        }
+    Player() {
+        verbs.insert(kRoutines.begin(), kRoutines.end());
+        verbs.insert(kArranged.begin(), kArranged.end());
     }
+    void tell(const std::string& line) { PlayVerb(verbs, line); }
 
 private:
-    static void routine(const std::string& name, const std::string& rest) {
-        const std::size_t mark = std::min(rest.find('='), rest.size());
-        const int got = Call(name, rest.substr(0, mark));
-        EXPECT_TRUE(mark == rest.size() || rest.substr(mark) == "= " + std::to_string(got)) << got;
-    }
     void comes(const std::string& text) {
-        bench.platform.arrive(1, WithLineEnds(text));
+        bench.platform.arrive(1, text);
         bench.platform.run(5);
     }
     void givesUp(int ms) {
@@ -211,6 +195,18 @@ private:
                        : what == "CommandsAway" ? std::shared_ptr<void>(new CommandsAway)
                                                 : std::shared_ptr<void>(new EditCommandsAway));
     }
+    /// Reads one of lists/ as the error list; how many rows came of it.
+    std::string list(const std::string& name) {
+        bench.leaveListsBehind();
+        bench.writeFile(LanguageBase == 0 ? "errorjpn.lst" : "erroreng.lst",
+                        ReadWholeFile(QDW8_SOURCE_DIR "/tests/link/lists/" + name + ".lst"));
+        LoadErrorList();
+        std::size_t rows = 0;
+        while (rows < kErrorListRows && !ErrorList[rows + 1].message.empty()) {
+            ++rows;
+        }
+        return std::to_string(rows);
+    }
     static std::string On(bool lit) { return lit ? "on" : "off"; }
     static std::string alarm() {
         EXPECT_EQ(ThePanel().lblAlarmNo + ThePanel().lblErrorComment, ErrorNo + ErrorText);
@@ -223,66 +219,80 @@ private:
     LinkBench bench;
     ScriptedPlatform& platform = bench.platform;
     std::vector<std::shared_ptr<void>> held;
-    const std::map<std::string, std::function<void(const std::string&)>> steps{
-        {"at",
-         [this](auto& rest) {
+    Verbs verbs{
+        {"at", Does([this](auto& rest) {
              platform.after(std::stoi(rest),
                             [this, line = rest.substr(rest.find(' ') + 1)] { tell(line); });
-         }},
-        {"keep",
-         [](auto& name) { WhenLineIsFree([name] { return GoOnLine(), void(Call(name, "")); }); }},
-        {"in", [this](auto& rest) { inTheBox(rest); }},
-        {"breakLine", [this](auto&) { platform.breakLine(); }},
-        {"comes", [this](auto& text) { comes(text); }},
-        {"flow", [this](auto& n) { comes(std::string(std::stoul(n), 'x')); }},
-        {"answer", [this](auto& rest) { bench.answer(rest); }},
-        {"run", [this](auto& ms) { platform.run(std::stoi(ms)); }},
-        {"on", [](auto& flag) { kFlags.at(flag).get() = kSet; }},
-        {"off", [](auto& flag) { kFlags.at(flag).get() = kClear; }},
-        {"opens", [this](auto& n) { platform.failingOpens = std::stoi(n); }},
-        {"faults", [this](auto&) { platform.inputFaults = true; }},
-        {"gives", [this](auto& ms) { givesUp(std::stoi(ms)); }},
-        {"limit", [](auto& ms) { ReplyTimeoutMs = static_cast<std::int16_t>(std::stoi(ms)); }},
-        {"dialog", [](auto& text) { text.empty() ? UnloadTrance() : ShowTrance(1, text); }},
-        {"watch",
-         [this](auto&) {
-             MSComm1().SetSettings = [this](auto& text) {
+         })},
+        {"keep", Does([](auto& name) {
+             WhenLineIsFree([name] { return GoOnLine(), void(Call(name, "")); });
+         })},
+        {"in", Does([this](auto& rest) { inTheBox(rest); })},
+        {"breakLine", Does([this](auto&) { platform.breakLine(); })},
+        {"comes", Does([this](auto& text) { comes(text); })},
+        {"flow", Does([this](auto& n) { comes(std::string(std::stoul(n), 'x')); })},
+        {"answer", Does([this](auto& rest) { bench.answer(rest); })},
+        {"run", Does([this](auto& ms) { platform.run(std::stoi(ms)); })},
+        {"wait", Does([this](auto& ms) {
+             MsecTimer(Short(ms));
+             platform.events.push_back("bar " + std::to_string(platform.now));
+         })},
+        {"on", Does([](auto& flag) { kFlags.at(flag).get() = kSet; })},
+        {"off", Does([](auto& flag) { kFlags.at(flag).get() = kClear; })},
+        {"opens", Does([this](auto& n) { platform.failingOpens = std::stoi(n); })},
+        {"faults", Does([this](auto& way) {
+             (way == "input" ? platform.inputFaults : platform.outputFaults) = true;
+         })},
+        {"gives", Does([this](auto& ms) { givesUp(std::stoi(ms)); })},
+        {"limit", Does([](auto& ms) { ReplyTimeoutMs = Short(ms); })},
+        {"dialog", Does([](auto& text) { ShowTrance(1, text); })},
+        {"watch", Does([this](auto&) {
+             const auto note = [this](const std::string& text) {
                  platform.events.push_back(platform.portOpen ? "bar " + text : "");
              };
-             MSComm1().SetCDTimeout = MSComm1().SetHandshaking = [this](int number) {
-                 platform.events.push_back("bar " + std::to_string(number));
-             };
+             MSComm1().SetSettings = note;
+             MSComm1().SetCDTimeout =
+                 MSComm1().SetHandshaking = [note](int number) { note(std::to_string(number)); };
+         })},
+        {"refuse",
+         Does([](auto&) { MSComm1().SetHandshaking = [](int) { throw Fault("refused"); }; })},
+        {"hold", Does([this](auto& what) { hold(what); })},
+        {"free", Does([this](auto&) { held.clear(); })},
+        {"stored", Does([this](auto& port) { platform.settings["PortNo"] = port; })},
+        {"nothing", Does([this](auto&) { platform.settings.clear(); })},
+        {"PortNo", Does([](auto& port) { PortNo = Short(port); })},
+        {"errors", Does([](auto& count) { ErrorList[0].code = count; })},
+        {"decode",
+         Does([](auto& reply) { return ErrorReplyText = reply + "\r\n", DecodeCtError(); })},
+        {"axes", Does([](auto&) { AxisOff.fill(kSet); })},
+        {"rest", Does([this](auto&) { ExpectAtRest(platform); })},
+        {"stands", Does([](auto& words) { EXPECT_EQ(LinkBench::state(), words); })},
+        {"language", Does([](auto& base) { LanguageBase = Short(base); })},
+        {"list", [this](auto& name) { return list(name); }},
+        {"message",
+         [](auto& row) {
+             const ErrorListRow& its = ErrorList.at(std::stoul(row));
+             return its.code + " " + its.message;
          }},
-        {"refuse", [](auto&) { MSComm1().SetHandshaking = [](int) { throw Fault("refused"); }; }},
-        {"hold", [this](auto& what) { hold(what); }},
-        {"free", [this](auto&) { held.clear(); }},
-        {"stored", [this](auto& port) { platform.settings["PortNo"] = port; }},
-        {"nothing", [this](auto&) { platform.settings.clear(); }},
-        {"PortNo", [](auto& port) { PortNo = static_cast<std::int16_t>(std::stoi(port)); }},
-        {"errors", [](auto& count) { ErrorList[0].code = count; }},
-        {"decode", [](auto& reply) { return ErrorReplyText = reply + "\r\n", DecodeCtError(); }},
-        {"axes", [](auto&) { AxisOff.fill(kSet); }},
-        {"rest", [this](auto&) { ExpectAtRest(platform); }}};
-    /// What must be so now.
-    const std::map<std::string, std::function<std::string()>> shown{
-        {">", [this] { return bench.story(); }},
-        {"state", LinkBench::state},
-        {"reply", [] { return ReplyText; }},
-        {"buffer", [] { return ReplyBuffer; }},
-        {"buffered", [] { return std::to_string(ReplyBuffer.size()); }},
-        {"boxes", [this] { return std::to_string(platform.boxes.size()); }},
-        {"lamp", [] { return On(ThePanel().imgGreenLedOnline); }},
-        {"alarmlamp", [] { return On(ThePanel().imgAlarmLed); }},
-        {"portlamp", [] { return On(ThePanel().imgPortGreen); }},
-        {"homed", [] { return On(ThePanel().imgHomeGreen) + " " + On(IsSet(HomedFlag)); }},
-        {"port", [] { return std::to_string(PortNo); }},
-        {"opened", [this] { return std::to_string(platform.openedPort); }},
-        {"alarm", alarm},
-        {"versions", [] { return CtVersion + " " + CtAxisVersion[1] + CtAxisVersion[2]; }},
-        {"count", [] { return std::to_string(CtAxisCount); }},
-        {"mask", [] { return Digits(AxisOff) + " " + Digits(CtAxisOff); }},
-        {"says", [] { return TheTransferDialog().lblSetumei; }},
-        {"cancel", [] { return On(TheTransferDialog().cancelShown); }}};
+        {">", [this](auto&) { return bench.story(); }},
+        {"state", [](auto&) { return LinkBench::state(); }},
+        {"reply", [](auto&) { return ReplyText; }},
+        {"buffer", [](auto&) { return ReplyBuffer; }},
+        {"buffered", [](auto&) { return std::to_string(ReplyBuffer.size()); }},
+        {"boxes", [this](auto&) { return std::to_string(platform.boxes.size()); }},
+        {"differ", [this](auto&) { return On(platform.boxes.at(0) != platform.boxes.at(1)); }},
+        {"lamp", [](auto&) { return On(ThePanel().imgGreenLedOnline); }},
+        {"alarmlamp", [](auto&) { return On(ThePanel().imgAlarmLed); }},
+        {"portlamp", [](auto&) { return On(ThePanel().imgPortGreen); }},
+        {"homed", [](auto&) { return On(ThePanel().imgHomeGreen) + " " + On(IsSet(HomedFlag)); }},
+        {"port", [](auto&) { return std::to_string(PortNo); }},
+        {"opened", [this](auto&) { return std::to_string(platform.openedPort); }},
+        {"alarm", [](auto&) { return alarm(); }},
+        {"versions", [](auto&) { return CtVersion + " " + CtAxisVersion[1] + CtAxisVersion[2]; }},
+        {"count", [](auto&) { return std::to_string(CtAxisCount); }},
+        {"mask", [](auto&) { return Digits(AxisOff) + " " + Digits(CtAxisOff); }},
+        {"says", [](auto&) { return TheTransferDialog().lblSetumei; }},
+        {"cancel", [](auto&) { return On(TheTransferDialog().cancelShown); }}};
 };
 
 TEST(LineStories, ComeOutAsTold) {
@@ -300,13 +310,13 @@ struct CommandBench : LinkBench {
 /// Every command: its frame and reply; what it does when nothing comes; and that what comes back of
 /// the request is compared, as a late reply would otherwise pass for the answer to another one.
 TEST(Commands, FrameReplyLimitAndEcho) {
-    const auto rows = RowsOf("commands.txt");
+    const auto rows = RowsOf("link/commands.txt");
     EXPECT_EQ(rows.size(), 33U);
     for (const auto& row : rows) {
         SCOPED_TRACE(row[0]);
-        const std::size_t blank = std::min(row[0].find(' '), row[0].size());
-        const auto call = [&] {
-            return std::to_string(Call(row[0].substr(0, blank), Trim(row[0].substr(blank))));
+        const auto call = [told = row[0] + " "] {
+            const std::size_t blank = told.find(' ');
+            return Call(told.substr(0, blank), Trim(told.substr(blank)));
         };
         {
             CommandBench bench;
@@ -330,8 +340,8 @@ TEST(Commands, FrameReplyLimitAndEcho) {
             reply[at] = reply[at] == '7' ? '8' : '7';
             bench.platform.answer(reply);
             EXPECT_EQ(call(), row[7]) << at;
-            EXPECT_EQ(bench.platform.boxes,
-                      row[1] == "Q" ? std::vector<std::string>{} : std::vector{box::kWrongData});
+            EXPECT_EQ(bench.platform.boxes, row[1] == "Q" ? std::vector<std::string>{}
+                                                          : std::vector{BoxText("wrong data")});
             EXPECT_TRUE(IsSet(AlarmFlag)) << "it tells nothing of the alarm";
         }
     }

@@ -49,7 +49,7 @@ TEST_F(Transfer, TheBytesOfTheBlocks) {
     EXPECT_EQ(blocks, ReadWholeFile(kHere + "blocks.txt"));
     ParaSet = SampleSet();
     ParaSet.ACC_DCC = 256;
-    platform.expectBox(box::kInvalid);
+    platform.expectBox(BoxText("invalid"));
     EXPECT_EQ(WriteAllBlocks(), 1);
     EXPECT_TRUE(platform.sent.empty()) << "a value too wide for its byte sends nothing";
     EXPECT_EQ(WriteDeviceBlocks(), 0) << "which doesn't send it";

@@ -4,8 +4,8 @@
 #include "platform/qt/dialog_places.h"
 #include "platform/qt/qt_file_dialog.h"
 #include "platform/qt/qt_platform.h"
+#include "pump.h"
 #include "support/story.h"
-#include "verbs.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,18 +1,19 @@
 // The line, the settings and the clipboard, told in line.txt.
 
+#include "far_end.h"
+#include "platform/fault.h"
 #include "platform/platform.h"
 #include "platform/qt/qt_platform.h"
+#include "pump.h"
 #include "support/story.h"
-#include "verbs.h"
 
 #include <QAbstractEventDispatcher>
 #include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 
-#include <filesystem>
-#include <poll.h>
-#include <pty.h>
 #include <sys/stat.h>
+#include <termios.h>
 #include <unistd.h>
 
 namespace qdw8::test {
@@ -25,8 +26,6 @@ public:
         InstallQtDesktop();
         InstallQtSettings();
         InstallQtSerial();
-        QDir(home.path()).mkpath("QD-W8/ports");
-        plug("");
         port.SetCommPort(1);
         port.OnComm = [this] { ++notices; };
         port.SetPortOpen(true);
@@ -34,43 +33,25 @@ public:
     ~LinePlayer() {
         port.SetPortOpen(false);
         port.OnComm = nullptr;
-        ::close(farEnd);
     }
     void tell(const std::string& line) const { PlayVerb(verbs, line); }
 
-    void farSends(const std::string& text) const {
-        ASSERT_EQ(::write(farEnd, text.data(), text.size()), static_cast<ssize_t>(text.size()));
-    }
-
+    QTemporaryDir home;
+    FarEnd far{home.filePath("QD-W8").toStdString()};
     SerialControl& port = MSComm1();
     int notices = 0;
 
 private:
-    void plug(const std::string& device) {
-        char name[128] = {};
-        int nearEnd = -1;
-        if (device.empty()) {
-            ASSERT_EQ(::openpty(&farEnd, &nearEnd, name, nullptr, nullptr), 0);
-        }
-        std::filesystem::remove(com1);
-        std::filesystem::create_symlink(device + name, com1);
-        ::close(nearEnd);
-    }
     void slowly(const std::string& text) {
         for (const char one : text) {
             QTest::qWait(1);
             EXPECT_EQ(notices, 0);
-            farSends({one});
+            far.says({one});
         }
-    }
-    std::string hears() const {
-        char bytes[64] = {};
-        pollfd ready{farEnd, POLLIN, 0};
-        return ::poll(&ready, 1, 10000) == 1 && ::read(farEnd, bytes, 63) > 0 ? bytes : "";
     }
     std::string farLine() const {
         termios line{};
-        ::tcgetattr(farEnd, &line);
+        ::tcgetattr(far.far, &line);
         const std::map<speed_t, const char*> bauds{{B19200, "19200"}, {B4800, "4800"}};
         return bauds.at(::cfgetospeed(&line)) +
                std::string((line.c_lflag & ICANON) == 0 ? " raw" : "") +
@@ -120,22 +101,19 @@ private:
         return text.size() > 1000 ? text.substr(text.size() - 7) : text;
     }
 
-    QTemporaryDir home;
     QString ini = home.filePath("QD-W8/settings.ini");
-    std::string com1 = home.filePath("QD-W8/ports/com1").toStdString();
-    int farEnd = -1;
     const Verbs verbs{
-        {"far", Does([this](auto& text) { farSends(text); })},
+        {"far", Does([this](auto& text) { far.says(text); })},
         {"slowly", Does([this](auto& text) { slowly(text); })},
         {"flow", Does([this](auto&) {
              for (int i = 0; i < 60; ++i) {
-                 farSends(std::string(100, 'x'));
+                 far.says(std::string(100, 'x'));
                  QTest::qWait(1);
              }
          })},
-        {"hears", [this](auto&) { return hears(); }},
-        {"pull", Does([this](auto&) { ::close(farEnd); })},
-        {"plug", Does([this](auto& device) { plug(device); })},
+        {"hears", [this](auto&) { return far.hears(); }},
+        {"pull", Does([this](auto&) { ::close(far.far); })},
+        {"plug", Does([this](auto& device) { far.plug(device); })},
         {"open", Does([this](auto&) { port.SetPortOpen(true); })},
         {"close", Does([this](auto&) { port.SetPortOpen(false); })},
         {"out", Does([this](auto& text) { port.Output(text); })},
@@ -179,15 +157,15 @@ TEST(QtLine, TheNoticeMayWaitThrowOrCloseThePort) {
         heard += line.port.Input();
         if (heard == "one\n") {
             // As the receiver does when it shows a box: later characters must still be heard.
-            line.farSends("two\n");
+            line.far.says("two\n");
             EXPECT_TRUE(PumpUntil([&] { return heard == "one\ntwo\n"; }));
             throw Fault("a mistake in the receiver");
         }
         line.port.SetPortOpen(!heard.ends_with("three\n"));
     };
-    line.farSends("one\n");
+    line.far.says("one\n");
     EXPECT_NO_THROW(EXPECT_TRUE(PumpUntil([&] { return heard == "one\ntwo\n"; })));
-    line.farSends("three\n");
+    line.far.says("three\n");
     EXPECT_TRUE(PumpUntil([&] { return !line.port.PortOpen(); }));
 }
 

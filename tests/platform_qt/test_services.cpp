@@ -2,7 +2,7 @@
 #include "platform/platform.h"
 #include "platform/qt/qt_platform.h"
 #include "platform/timer.h"
-#include "verbs.h"
+#include "pump.h"
 
 #include <QClipboard>
 #include <QElapsedTimer>

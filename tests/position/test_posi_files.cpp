@@ -51,7 +51,7 @@ TEST_F(PositionTest, TheShelfOfBrokenFilesIsRefusedInBoundedTime) {
         SCOPED_TRACE(path);
         const std::int64_t begin = platform.now;
         expectOpen(path);
-        platform.expectBox(box::kReadError);
+        platform.expectBox(BoxText("read error"));
         OpenPosiFile();
         platform.checkAllAsked();
         EXPECT_EQ(platform.now - begin, path.find("unshowable") == path.npos ? 500 : 0);

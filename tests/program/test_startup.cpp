@@ -181,7 +181,7 @@ TEST_F(StartUp, AnotherControllerIsRefusedAndAPortIsTriedSixTimes) {
         "This is not \"QD-K8\" controller.\r\nPlease check whether a controller is QD-K8.");
     platform.failingOpens = -1;
     platform.settings["PortNo"] = "3";
-    startRefused(box::kPort);
+    startRefused(BoxText("port"));
     EXPECT_EQ(std::count(platform.events.begin(), platform.events.end(), "open fails"), 6);
     EXPECT_EQ(PortNo, 3);
 }
@@ -212,7 +212,7 @@ TEST_F(StartUp, AnAxisThatNothingIsKnownOfStaysOutOfUse) {
         [] {
             AxisOff = {kClear, kSet, kClear, kClear};
         },
-        box::kNotSelected);
+        BoxText("not selected"));
     EXPECT_EQ(AxisOff[1], kSet);
     expectUsable();
 }
@@ -248,12 +248,12 @@ TEST_F(StartUp, OddSettingsAreTakenAsTheyMean) {
 
 TEST_F(StartUp, MissingListsAreToldAndTheProgramGoesOn) {
     leaveListsBehind();
-    platform.expectBox(box::kNoErrorList);
+    platform.expectBox(BoxText("no list"));
     platform.expectSelection(kStartMode, 1);
     for (int axis = 0; axis < kAxes; ++axis) {
         platform.expectBox("No device list file."); // asked of each axis of the settings
     }
-    platform.expectBox(box::kNoDeviceList);
+    platform.expectBox(BoxText("no device list"));
     Main();
     EXPECT_EQ(ErrorListMissingFlag, kSet);
     expectUsable();

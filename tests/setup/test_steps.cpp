@@ -43,7 +43,7 @@ TEST(SetupSteps, OfAParameterRead) {
                 EXPECT_EQ(ParaReserved == ReservedBytes{}, bench.result != 0);
                 EXPECT_EQ(bench.result, step.fault.empty() ? 0 : step.dead() ? 1 : bench.result);
                 if (bench.result != 0) {
-                    EXPECT_TRUE(step.boxes.back() == box::kNoAxis ||
+                    EXPECT_TRUE(step.boxes.back() == BoxText("no axis") ||
                                 step.boxes.back() == "Failed check of parameters.");
                 }
             },
@@ -67,13 +67,13 @@ TEST(SetupSteps, OfAParameterWrite) {
             const bool inWrites = step.frame.starts_with("0WD") || step.frame == "0WE2";
             EXPECT_EQ(told(kReflect), lasting && told(kNotWritten) == 0 ? 1 : 0);
             EXPECT_EQ(told(kNotWritten), inWrites ? 1 : 0);
-            EXPECT_LE(told(box::kTimeout) + told(box::kPort), step.frame == "0CM00" ? 2 : 1)
+            EXPECT_LE(told(BoxText("timeout")) + told(BoxText("port")), step.frame == "0CM00" ? 2 : 1)
                 << "a line that no longer answers is not asked again";
             if (LineAnswers() && !modeAsked) {
                 EXPECT_EQ(bench.line.controller.machine().mode, 0);
             }
-            EXPECT_LE(told(box::kWritten), 1 - told(kNotWritten));
-            EXPECT_EQ(told(box::kWritten), step.fault.empty() ? 1 : told(box::kWritten));
+            EXPECT_LE(told(BoxText("written")), 1 - told(kNotWritten));
+            EXPECT_EQ(told(BoxText("written")), step.fault.empty() ? 1 : told(BoxText("written")));
         },
         {"dead", "error=03", "echo=0ZZ", "previous"});
 }
@@ -133,7 +133,7 @@ TEST(SetupSteps, OfADeviceWrite) {
             EXPECT_TRUE(!step.boxes.empty() || step.frame == "0RA" || step.fault == "dumb")
                 << "who gave up knows";
             if (step.fault == "dead") {
-                EXPECT_LE(std::count(step.boxes.begin(), step.boxes.end(), box::kTimeout),
+                EXPECT_LE(std::count(step.boxes.begin(), step.boxes.end(), BoxText("timeout")),
                           step.frame == "0CM00" ? 2 : 1);
             }
         },

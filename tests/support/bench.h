@@ -18,7 +18,7 @@ namespace qdw8::test {
 ///         ReadBench() { ...devices, rows... }
 ///     };
 ///     using ReadTest = Unit<ReadBench>;
-///     TEST_F(ReadTest, ...) { platform.expectBox(box::kTimeout); ... }
+///     TEST_F(ReadTest, ...) { platform.expectBox(BoxText("timeout")); ... }
 class Bench {
 public:
     Bench();

@@ -18,14 +18,31 @@ namespace qdw8::test {
 using Args = std::istringstream;
 std::string Word(Args& args);
 int Number(Args& args);
-/// What is left of the line; "\r", "\n" and "\t" stand for themselves.
+/// What is left of the line, plain.
 std::string Rest(Args& args);
+/// A text as data files hold it: "\r", "\n", "\t", "\0" and "\xFF" stand for themselves.
+std::string Plain(const std::string& text);
+/// The parts of a text, without blanks at their ends; an empty last one counts.
+std::vector<std::string> Split(const std::string& text, char mark);
+/// The rows of a table below tests/, their parts between "|" and plain; "#" begins a remark.
+std::vector<std::vector<std::string>> RowsOf(const std::string& table);
 
 /// "word arguments", and "word arguments = value".
 using StoryWords = std::map<std::string, std::function<void(Args&)>>;
 using StoryValues = std::map<std::string, std::function<std::string(Args&)>>;
 void TellStatement(const StoryWords& words, const StoryValues& values,
                    const std::string& statement);
+
+/// A step of a story: gets the text behind its name, and gives what came of it.
+using Verb = std::function<std::string(const std::string& text)>;
+using Verbs = std::map<std::string, Verb>;
+/// A step of which nothing comes.
+template<typename Act> Verb Does(Act act) {
+    return [act](const std::string& text) { return act(text), std::string(); };
+}
+/// Plays "verb text = result", or "verb text" whose result is not looked at. Both are plain, "^" is
+/// a line end, and the result "!" a fault.
+void PlayVerb(const Verbs& verbs, const std::string& line);
 
 /// A row of a table of what has a name: the name, and what is called so.
 #define NAMED(it)                                                                                  \

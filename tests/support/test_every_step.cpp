@@ -30,13 +30,13 @@ TEST(EveryStepTest, EveryFaultMeetsEveryFrame) {
             boxes[step.fault + " " + step.frame].insert(step.boxes.begin(), step.boxes.end());
         });
     EXPECT_EQ(static_cast<std::size_t>(runs), 1 + 2 * kAllFaults.size());
-    EXPECT_EQ(boxes["dead 0RH"], std::set<std::string>{box::kTimeout});
+    EXPECT_EQ(boxes["dead 0RH"], std::set<std::string>{BoxText("timeout")});
     EXPECT_EQ(boxes["silence 0RH"], std::set<std::string>{}) << "sent again";
-    EXPECT_EQ(boxes["silence 0CM02"], std::set<std::string>{box::kTimeout}) << "never sent twice";
+    EXPECT_EQ(boxes["silence 0CM02"], std::set<std::string>{BoxText("timeout")}) << "never sent twice";
     EXPECT_EQ(boxes["dumb 0RH"], std::set<std::string>{}) << "given up";
-    EXPECT_EQ(boxes["hangup 0RH"], std::set<std::string>{box::kPort});
-    EXPECT_EQ(boxes["short 0RH"], std::set<std::string>{box::kLength});
-    EXPECT_EQ(boxes["error=03 0RH"], std::set<std::string>{box::kHoming});
+    EXPECT_EQ(boxes["hangup 0RH"], std::set<std::string>{BoxText("port")});
+    EXPECT_EQ(boxes["short 0RH"], std::set<std::string>{BoxText("length")});
+    EXPECT_EQ(boxes["error=03 0RH"], std::set<std::string>{BoxText("homing")});
 }
 
 } // namespace

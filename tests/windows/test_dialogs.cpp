@@ -479,7 +479,7 @@ TEST_F(Dialogs, OnlineWindowWritesIntoTheController) {
     step(dialog, "cmdPrmCtWrite");
     EXPECT_TRUE(seen);
     step(dialog, "<Space>"); // meant for the box
-    EXPECT_EQ(told.join(' ').toStdString(), box::kWritten);
+    EXPECT_EQ(told.join(' ').toStdString(), BoxText("written"));
     EXPECT_NE(dialog.focusWidget(), &Get<QWidget>(dialog, "cmdPrmCtWrite"));
     EXPECT_TRUE(Get<QPushButton>(dialog, "cmdPrmCtWrite").isEnabled());
     EXPECT_EQ(DevSetting[0].DevStroke, 300);
