@@ -108,7 +108,7 @@ TEST_F(FieldsTest, EachItemIsShownInAFieldOfItsOwn) {
 TEST_F(FieldsTest, ARefusedFieldIsMarkedAlone) {
     eachField([this](const Told& row, std::size_t axis) {
         for (const std::string text : {"", "300000"}) {
-            const std::string refused = text.empty() ? box::kNotFilled : BoxText("invalid");
+            const std::string refused = text.empty() ? BoxText("not filled") : BoxText("invalid");
             const ParaMark mark = text.empty() ? ParaMark::Empty : ParaMark::OutOfRange;
             if (!row.isText()) {
                 return;
