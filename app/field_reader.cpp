@@ -45,4 +45,8 @@ void FieldReader::endField() {
     }
 }
 
+std::string QuotedField(std::string_view text) {
+    return "\"" + std::string(text) + "\"";
+}
+
 } // namespace qdw8

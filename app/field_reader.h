@@ -28,4 +28,7 @@ private:
     std::size_t at = 0;
 };
 
+/// A text as a field between double quotes; there is no escaping.
+std::string QuotedField(std::string_view text);
+
 } // namespace qdw8

@@ -104,6 +104,11 @@ void WritingMode::end(int tries) {
     }
 }
 
+bool WasStopped(LineResult result) {
+    return result == LineResult::Cancelled ||
+           (result == LineResult::Failed && LastLoss == LineLoss::GivenUp);
+}
+
 LineResult ReadMany(int count, const RunShown& shown,
                     const std::function<std::int16_t(int index)>& read) {
     const TransferShown dialog(shown.maximum, shown.textId, CancelOf(shown));

@@ -62,6 +62,8 @@ enum class LineResult {
     WrongEcho, ///< another echo came back; 384 with 385 was shown
     Cancelled  ///< by the user, or by the end of the program
 };
+/// The user stopped the run, or gave up a wait of it, or the end of the program stopped it.
+bool WasStopped(LineResult result);
 
 /// What the transfer dialog shows of a run over rows.
 struct RunShown {

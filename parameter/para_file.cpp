@@ -105,17 +105,13 @@ Outcome Read(const std::string& path) {
     }
 }
 
-std::string Quoted(std::string_view text) {
-    return "\"" + std::string(text) + "\"";
-}
-
 /// The line of a row: a value for each column, 0 where a common item stands in a wide section.
 std::string RowLine(std::size_t row, std::size_t columns) {
     std::string line;
     for (std::size_t column = 0; column < columns; ++column) {
         line += column == 0 ? "" : ",";
         if (row == kRowActuator) {
-            line += Quoted(ParaSet.Actuator[column]);
+            line += QuotedField(ParaSet.Actuator[column]);
             continue;
         }
         const ParaItem& item = ItemOfRow(static_cast<ParaRow>(row));
@@ -126,10 +122,10 @@ std::string RowLine(std::size_t row, std::size_t columns) {
 }
 
 std::string FileText() {
-    std::string text = Quoted("QD-K8") + "," + Quoted("PRM") + "\r\n";
+    std::string text = QuotedField("QD-K8") + "," + QuotedField("PRM") + "\r\n";
     text += std::to_string(kSections.size()) + "\r\n";
     for (const Section& section : kSections) {
-        text += Quoted(section.name) + "," + std::to_string(section.rows) + "," +
+        text += QuotedField(section.name) + "," + std::to_string(section.rows) + "," +
                 std::to_string(section.columns) + "\r\n";
         for (std::size_t i = 0; i < section.rows; ++i) {
             text += RowLine(section.firstRow + i, section.columns);

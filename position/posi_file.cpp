@@ -1,6 +1,7 @@
 #include "position/posi_file.h"
 
 #include "app/boxes.h"
+#include "app/field_reader.h"
 #include "app/file_questions.h"
 #include "app/main_panel.h"
 #include "app/number_forms.h"
@@ -33,7 +34,7 @@ State state;
 /// A text field of a file: in the file's code page, between double quotes, with no escaping.
 std::string Quoted(const std::string& text) {
     const bool plain = std::all_of(text.begin(), text.end(), [](char c) { return c > 0; });
-    return "\"" + (plain ? text : ToCp932(text)) + "\"";
+    return QuotedField(plain ? text : ToCp932(text));
 }
 
 std::string TypeWord(std::size_t axis) {

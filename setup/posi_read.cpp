@@ -4,7 +4,6 @@
 #include "app/screens.h"
 #include "app/string_table.h"
 #include "app/transfer_dialog.h"
-#include "link/line_state.h"
 #include "platform/platform.h"
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
@@ -72,8 +71,7 @@ bool ReadChosenRange() {
     PosiFirst = first; // a save that was offered meanwhile may have moved them
     PosiLast = last;
     const LineResult result = ReadPosidataFromCt();
-    const bool givenUp = result == LineResult::Failed && LastLoss == LineLoss::GivenUp;
-    if (result == LineResult::Cancelled || givenUp) {
+    if (WasStopped(result)) {
         ShowTexts({425});
     }
     return result == LineResult::Done;

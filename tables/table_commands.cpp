@@ -5,7 +5,6 @@
 #include "app/file_questions.h"
 #include "app/string_table.h"
 #include "app/waits.h"
-#include "link/line_state.h"
 #include "link/window_command.h"
 #include "tables/table_file.h"
 #include "tables/table_transfer.h"
@@ -72,8 +71,7 @@ LineResult ReadRows(const SmallTable& table) {
 /// given up, is told when the line is closed.
 bool ReadFromController(const SmallTable& table) {
     const LineResult result = ReadRows(table);
-    const bool givenUp = result == LineResult::Failed && LastLoss == LineLoss::GivenUp;
-    if ((result == LineResult::Cancelled || givenUp) && table.texts.readStopped != 0) {
+    if (WasStopped(result) && table.texts.readStopped != 0) {
         ShowTexts({table.texts.readStopped});
     }
     return result == LineResult::Done;

@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <cmath>
 #include <exception>
-#include <string_view>
 
 namespace qdw8 {
 namespace {
@@ -58,17 +57,13 @@ FileRead Read(const SmallTable& table, const std::string& path) {
     return FileRead::Good;
 }
 
-std::string Quoted(std::string_view text) {
-    return "\"" + std::string(text) + "\"";
-}
-
 std::string FileText(const SmallTable& table) {
     const SmallTable::File& file = table.file;
-    std::string text =
-        Quoted(file.controllers.front()) + "," + Quoted(file.kind) + "\r\n" + file.sizes + "\r\n";
+    std::string text = QuotedField(file.controllers.front()) + "," + QuotedField(file.kind) +
+                       "\r\n" + file.sizes + "\r\n";
     const Numbers numbers = table.take(Held::Shown);
     for (int row = 1; row <= table.rows; ++row) {
-        text += Quoted(std::to_string(row)) + (file.rowAlone ? "\r\n" : ",");
+        text += QuotedField(std::to_string(row)) + (file.rowAlone ? "\r\n" : ",");
         for (int field = 0; field < table.fields; ++field) {
             text += std::to_string(numbers[IndexOf(table, row, field)]);
             text += (field + 1) % file.fieldsInLine == 0 ? "\r\n" : ",";
