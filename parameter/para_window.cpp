@@ -26,6 +26,12 @@ void LoadParameta2() {
     }
 }
 
+void FollowParaSet() {
+    if (!IsSet(ParaEditedFlag)) {
+        ParametaHyoji();
+    }
+}
+
 bool ParaMayClose() {
     if (CommandsTaken()) {
         return false;

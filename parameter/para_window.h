@@ -8,6 +8,9 @@ namespace qdw8 {
 /// loaded the fields show `ParaSet`, before that they are empty.
 void LoadParameta2();
 
+/// `ParaSet` has taken other parameters than the fields show: they follow, unless they hold edits.
+void FollowParaSet();
+
 /// The window is to be closed. Edits that are neither in a file nor in the controller can be saved
 /// first. False: it stays open, because the user wants so, the saving didn't come about, or a
 /// command runs.
