@@ -79,8 +79,8 @@ struct ScreenFunctions {
     std::function<void()> frmGrp;
     std::function<void()> frmSqMcr;
 
-    /// Print what the compare table of the groups, of the macros, `ParaRowTable` holds, under a file
-    /// name; empty while there is no printing.
+    /// Print what the compare table of the groups, of the macros, `ParaRowTable` holds, under a
+    /// file name; empty while there is no printing.
     std::function<void(const std::string& fileName)> PrintGrpData;
     std::function<void(const std::string& fileName)> PrintSmData;
     std::function<void(const std::string& fileName)> PrintParaData;

@@ -11,9 +11,9 @@ namespace qdw8 {
 /// `RunToItsEnd` sees to the rest.
 void RunWindowCommand(const std::function<void()>& routine);
 
-/// Edits that are neither in a file nor in the controller are about to be lost: asks whether to save
-/// them first, with nothing beginning on the line under the question. `save` tells whether it did.
-/// True: they are saved, or the user gives them up. False: they are to stay.
+/// Edits that are neither in a file nor in the controller are about to be lost: asks whether to
+/// save them first, with nothing beginning on the line under the question. `save` tells whether it
+/// did. True: they are saved, or the user gives them up. False: they are to stay.
 bool MayLoseEdits(const std::function<bool()>& save);
 
 /// Runs `routine`. Each routine has a handler of its own; what it throws all the same is told (397)
