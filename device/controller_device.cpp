@@ -34,6 +34,13 @@ std::int16_t CheckNumbers(const AxisChoice& axes) {
     return 0;
 }
 
+/// A name that a file could hold, and that can be read from there again.
+bool IsNamed(const ControllerDevice& ct) {
+    constexpr std::size_t kSizeLength = 3;
+    return ct.Size.size() == kSizeLength && ct.Speed.size() == 1 && ct.Speed[0] >= 'A' &&
+           ct.Speed[0] <= 'Z' && ct.Stroke != 0;
+}
+
 void TakeFlags(AxisDevice& device, const ControllerDevice& ct) {
     const bool own = ct.KindCode == kOldKind || ct.KindCode == kNewKind;
     device.Device = FlagOf(own);
@@ -80,7 +87,7 @@ std::int16_t TakeControllerDevices(const AxisChoice& axes) {
             continue;
         }
         const ControllerDevice& ct = CtDevice[axis];
-        if (ct.Size.empty() || ct.Speed.empty() || ct.Stroke == 0) {
+        if (!IsNamed(ct)) {
             return 1;
         }
         AxisDevice& device = DevSetting[axis];

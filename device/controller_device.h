@@ -17,7 +17,8 @@ std::int16_t TakeControllerFlags();
 std::int16_t TakeControllerFlags(const AxisChoice& axes);
 
 /// Size, speed and stroke of each axis in use into `DevSetting`. 0 good. 1 the controller names no
-/// device for an axis; the axes before it are done.
+/// device for an axis: a size of other than three characters, a speed that is no capital letter, no
+/// stroke; the axes before it are done.
 std::int16_t TakeControllerDevices();
 /// The same for these axes alone.
 std::int16_t TakeControllerDevices(const AxisChoice& axes);
