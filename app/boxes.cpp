@@ -58,4 +58,12 @@ std::int16_t AskChoice(const SelectionQuestion& question) {
     return IsSet(ProgramEndFlag) ? kSelectionCancelled : Screens().frmSelection(question);
 }
 
+bool ShowModal(const std::function<void()>& window) {
+    if (IsSet(ProgramEndFlag)) {
+        return false;
+    }
+    window();
+    return true;
+}
+
 } // namespace qdw8

@@ -4,11 +4,13 @@
 #include "platform/message_box.h"
 
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
 #include <string>
 
-/// Boxes and choices. Behind the confirmed end of the program (`ProgramEndFlag`) nobody is told or
-/// asked anything more: nothing comes up, and the answer is the mildest, Cancel, else No, else OK.
+/// Boxes, choices and modal windows. Behind the confirmed end of the program (`ProgramEndFlag`)
+/// nobody is told or asked anything more: nothing comes up, and the answer is the mildest, Cancel,
+/// else No, else OK.
 namespace qdw8 {
 
 /// Joins lines with "\r\n". An empty line makes a blank one.
@@ -28,5 +30,7 @@ BoxAnswer AskBox(const std::string& text, BoxButtons buttons);
 BoxAnswer AskBox(const BoxQuestion& question);
 /// The choice dialog.
 std::int16_t AskChoice(const SelectionQuestion& question);
+/// Any other modal window, by its screen function. False: it did not come up.
+bool ShowModal(const std::function<void()>& window);
 
 } // namespace qdw8

@@ -103,8 +103,7 @@ std::int16_t SelectDeviceAndLoadFactory() {
     KeepAxisFlag = kClear;
     FirstDeviceSetFlag = kSet;
     FactoryDeviceFlag = kSet;
-    Screens().frmDevice2();
-    if (IsSet(DeviceCancelled)) {
+    if (!ShowModal(Screens().frmDevice2) || IsSet(DeviceCancelled)) {
         DeviceCancelled = kClear;
         FactoryDeviceFlag = kClear;
         return -1;

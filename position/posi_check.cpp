@@ -136,7 +136,7 @@ PosiCheck RunCheck() {
         return PosiCheck::Committed;
     }
     SyogoMode = 0;
-    Screens().frmSyogoKekka();
+    ShowModal(Screens().frmSyogoKekka);
     ClearPosiErrors();
     PosiErrorCount = 0;
     return PosiCheck::Refused;

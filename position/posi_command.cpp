@@ -1,5 +1,6 @@
 #include "position/posi_command.h"
 
+#include "app/boxes.h"
 #include "app/command_states.h"
 #include "app/screens.h"
 #include "position/check_result.h"
@@ -9,6 +10,7 @@
 #include "position/posi_table.h"
 
 #include <type_traits>
+#include <utility>
 
 namespace qdw8 {
 namespace {
@@ -42,6 +44,11 @@ PositionCommand::~PositionCommand() {
             Screens().flgdDataFocus();
         }
     }
+}
+
+bool AskRange(const std::function<void()>& dialog) {
+    const bool asked = ShowModal(dialog);
+    return asked && !IsSet(std::exchange(RangeCancelFlag, kClear));
 }
 
 RangesBefore::RangesBefore()

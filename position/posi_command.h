@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 /// What the commands of the position document have in common.
@@ -18,6 +19,10 @@ public:
     PositionCommand(const PositionCommand&) = delete;
     PositionCommand& operator=(const PositionCommand&) = delete;
 };
+
+/// Asks for a range by the screen function of a range dialog. True: `PosiFirst` and `PosiLast` are
+/// set. False: it was left by Cancel, or didn't come up because the program ends.
+bool AskRange(const std::function<void()>& dialog);
 
 /// The five range variables, as they were when the object was made.
 class RangesBefore {

@@ -177,12 +177,7 @@ bool Save() {
 }
 
 bool SaveAs() {
-    if (Check_flgdLineNo() != 0) {
-        return false;
-    }
-    Screens().frmSelectPosiNo3();
-    if (IsSet(RangeCancelFlag)) {
-        RangeCancelFlag = kClear;
+    if (Check_flgdLineNo() != 0 || !AskRange(Screens().frmSelectPosiNo3)) {
         return false;
     }
     if (!TableTakesGrid(422) || !CommentsMayBeWritten() ||

@@ -39,10 +39,7 @@ bool OfferToSave() {
 bool AskRows() {
     GridFirst = 1;
     GridLast = GridRowCount = kProposedRows;
-    Screens().frmSelectPosiNo3();
-    const bool cancelled = IsSet(RangeCancelFlag);
-    RangeCancelFlag = kClear;
-    return !cancelled;
+    return AskRange(Screens().frmSelectPosiNo3);
 }
 
 void ShowNewRows() {

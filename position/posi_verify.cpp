@@ -53,18 +53,12 @@ void ShowOutcome(const std::string& with) {
     MarkDifferences();
     if (PosiErrorCount > 0) {
         SyogoMode = kSet;
-        Screens().frmSyogoKekka();
+        ShowModal(Screens().frmSyogoKekka);
     } else {
         ShowBox(Lines({with, "", ResText(826)}));
     }
     ClearPosiErrors();
     PosiErrorCount = 0;
-}
-
-bool TakeRangeCancel() {
-    const bool cancelled = IsSet(RangeCancelFlag);
-    RangeCancelFlag = kClear;
-    return cancelled;
 }
 
 void VerifyWithFile() {
@@ -80,8 +74,7 @@ void VerifyWithFile() {
         return;
     }
     const bool overlap = CompareFileRange() == 0;
-    Screens().frmSelectPosiNo4(overlap);
-    if (TakeRangeCancel() || !overlap) {
+    if (!AskRange([overlap] { Screens().frmSelectPosiNo4(overlap); }) || !overlap) {
         return;
     }
     ShowOutcome(ResText(352) + file->path + ResText(353));
@@ -91,8 +84,7 @@ void VerifyWithController() {
     if (Check_flgdLineNo() != 0) {
         return;
     }
-    Screens().frmSelectPosiNo3();
-    if (TakeRangeCancel() || !TableTakesGrid(397)) {
+    if (!AskRange(Screens().frmSelectPosiNo3) || !TableTakesGrid(397)) {
         return;
     }
     const LineBatch batch;
@@ -154,7 +146,9 @@ void VerifyChoose() {
     if (Check_flgdLineNo() != 0) {
         return;
     }
-    switch (Screens().frmDataShogo()) {
+    std::int16_t choice = 0;
+    ShowModal([&choice] { choice = Screens().frmDataShogo(); });
+    switch (choice) {
     case 1: PosiDataFileShogo2(); break;
     case 2: PosiDataCtShogo(); break;
     default: break;

@@ -111,7 +111,7 @@ void mnuSettingsDeviceOnline_Click() {
     LoadDeviceList();
     if (!ListFailedForAxisInUse()) {
         const PollHeld held;
-        Screens().frmDevice3();
+        ShowModal(Screens().frmDevice3);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "setup/detail_edit.h"
 
+#include "app/boxes.h"
 #include "app/command_states.h"
 #include "app/screens.h"
 #include "link/background.h"
@@ -19,7 +20,7 @@ void Timer2_Timer() {
     DisableTimer(frmMain_Timer2);
     if (IsSet(DetailEditFlag)) {
         DetailEditFlag = kClear;
-        WhenLineIsFree([] { Screens().frmParameta2Show(true); });
+        WhenLineIsFree([] { ShowModal([] { Screens().frmParameta2Show(true); }); });
     }
 }
 

@@ -143,7 +143,7 @@ void cmdIniPrm_Click() {
 }
 
 void cmdCalculate_Click() {
-    Screens().frmDeviceShow();
+    ShowModal(Screens().frmDeviceShow);
 }
 
 } // namespace qdw8

@@ -29,21 +29,17 @@ bool OfferToSave() {
     case BoxAnswer::Yes:
         SavePosiFileAs();
         // What the user wanted to keep is not overwritten because saving it was broken off, or
-        // because only a part of it was saved.
-        return !IsSet(SaveCancelledFlag) && !IsSet(PosiDirtyFlag);
+        // because only a part of it was saved: such a part is no file of the document's own.
+        return !IsSet(SaveCancelledFlag) && !PosiFilePath.empty();
     case BoxAnswer::No: return true;
     default: return false;
     }
 }
 
 /// Range and confirmation. False: the command ends here.
-bool AskRange() {
-    Screens().frmSelectPosiNo2();
-    if (IsSet(RangeCancelFlag)) {
-        RangeCancelFlag = kClear;
-        return false;
-    }
-    return AskBox(ResText(370), BoxButtons::OkCancel) == BoxAnswer::Ok;
+bool AskWhatToRead() {
+    return AskRange(Screens().frmSelectPosiNo2) &&
+           AskBox(ResText(370), BoxButtons::OkCancel) == BoxAnswer::Ok;
 }
 
 void ShowWhatCame() {
@@ -85,7 +81,7 @@ void Read() {
     const DevicesBefore devices;
     bool read = false;
     try {
-        read = AskRange() && ReadChosenRange();
+        read = AskWhatToRead() && ReadChosenRange();
     } catch (const std::exception&) {
         ShowTexts({108});
     }
