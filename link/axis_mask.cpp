@@ -1,5 +1,6 @@
 #include "link/axis_mask.h"
 
+#include "app/boxes.h"
 #include "app/number_forms.h"
 #include "app/transfer_dialog.h"
 #include "app/waits.h"
@@ -54,6 +55,16 @@ std::int16_t ReadAxisMaskQuiet() {
         ShowPortBox();
     }
     return read ? 0 : 1;
+}
+
+std::int16_t ReadAxisMaskToCompare() {
+    if (ReadAxisMaskQuiet() == 0) {
+        return 0;
+    }
+    if (LastLoss == LineLoss::None) {
+        ShowTexts({377});
+    }
+    return 1;
 }
 
 } // namespace qdw8

@@ -14,5 +14,8 @@ std::int16_t ReadAxisMaskShown();
 /// further try when the port is gone, which is told once with the port box, when the user gave the
 /// wait up, or at the end of the program.
 std::int16_t ReadAxisMaskQuiet();
+/// The same for a command that ends without a result: a failure tells once, with the port box or
+/// else box 377; who gave the wait up knows.
+std::int16_t ReadAxisMaskToCompare();
 
 } // namespace qdw8

@@ -56,8 +56,14 @@ bool AskController() {
         CtBusyFlag = kClear;
         return false;
     }
-    return CheckCtStatus() == 0 && ReadAxisMaskQuiet() == 0 && CtAxisOff == AxisOff &&
-           ReadStrokeLimits();
+    if (CheckCtStatus() != 0 || ReadAxisMaskToCompare() != 0) {
+        return false;
+    }
+    if (CtAxisOff != AxisOff) {
+        ShowTexts({357, 483}); // they were alike when the command compared them
+        return false;
+    }
+    return ReadStrokeLimits();
 }
 
 bool GoesTooFar(int gridRow) {
@@ -112,6 +118,7 @@ std::int16_t PosiKakikomimaeParaCheck() {
         ShowBox(Lines({ResText(379), ResText(380), ResText(381) + list + ResText(382)}));
         return Stop();
     } catch (const std::exception&) {
+        ShowTexts({108});
         return Stop();
     }
 }

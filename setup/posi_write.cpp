@@ -22,15 +22,7 @@ namespace {
 
 /// Range, check and confirmation. Nothing: nothing goes out.
 std::optional<PosiFrames> AskWhatToWrite() {
-    if (Check_flgdLineNo() != 0) {
-        return std::nullopt;
-    }
-    Screens().frmSelectPosiNo3();
-    if (IsSet(RangeCancelFlag)) {
-        RangeCancelFlag = kClear;
-        return std::nullopt;
-    }
-    if (!TableTakesGrid(397)) {
+    if (Check_flgdLineNo() != 0 || !AskRange(Screens().frmSelectPosiNo3) || !TableTakesGrid(397)) {
         return std::nullopt;
     }
     PosiFrames frames = TakePosiFrames();
@@ -42,7 +34,7 @@ std::optional<PosiFrames> AskWhatToWrite() {
 
 /// Axes and actuators are those of the controller. False: the command ends.
 bool SettingsAgree() {
-    if (ReadAxisMaskQuiet() != 0) {
+    if (ReadAxisMaskToCompare() != 0) {
         return false;
     }
     const std::int16_t compared = CtAxisOff != AxisOff ? std::int16_t{1} : CompareDeviceSettings();
