@@ -19,6 +19,8 @@ struct BlockItem {
     std::size_t width; ///< bytes
 };
 
+constexpr std::size_t kAccByte = 8;
+
 constexpr std::array<BlockItem, 9> kCommonItems = {{
     {kRowHOME_OUT, 0, 1},
     {kRowAUTO_HOME, 1, 1},
@@ -28,7 +30,7 @@ constexpr std::array<BlockItem, 9> kCommonItems = {{
     {kRowSM_TIMER, 5, 1},
     {kRowAXIS, 6, 1},
     {kRowSTOP_PAUSE, 7, 1},
-    {kRowACC_DCC, 8, 1},
+    {kRowACC_DCC, kAccByte, 1},
 }};
 
 constexpr std::array<BlockItem, 1> kOrderItems = {{{kRowSEQ, 0, 1}}};
@@ -178,10 +180,24 @@ void CutParaBlock(int block, std::string_view digits, ParaRows& rows, ReservedBy
         parts.stroke = ToInt16(Take(digits, kStrokeByte, 2));
         rows.at(place.axis, kRowActuator) = BuildActuator(parts);
     }
-    const Reserved bytes = ReservedOf(place, ReservedMap::AsRead);
+    CutReserved(block, digits, reserved);
+}
+
+void CutReserved(int block, std::string_view digits, ReservedBytes& reserved) {
+    ReservedBytes taken = reserved;
+    const Reserved bytes = ReservedOf(PlaceOf(block), ReservedMap::AsRead);
     for (std::size_t i = 0; i < bytes.count; ++i) {
-        reserved.at(bytes.cell + i) = static_cast<std::uint8_t>(Take(digits, bytes.byte + i, 1));
+        taken.at(bytes.cell + i) = static_cast<std::uint8_t>(Take(digits, bytes.byte + i, 1));
     }
+    reserved = taken;
+}
+
+bool HasReserved(int block) {
+    return ReservedOf(PlaceOf(block), ReservedMap::AsRead).count > 0;
+}
+
+std::int16_t AccelerationOf(std::string_view digits) {
+    return ToInt16(Take(digits, kAccByte, 1));
 }
 
 ActuatorParts ActuatorOfBytes(int size, int letter) {

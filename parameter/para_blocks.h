@@ -38,6 +38,14 @@ std::string BuildParaBlock(int block, ReservedMap map);
 /// hexadecimal number and for a stroke beyond 32767 mm; rows and bytes are then half filled.
 void CutParaBlock(int block, std::string_view digits, ParaRows& rows, ReservedBytes& reserved);
 
+/// The reserved bytes of a block alone. Faults for what is no hexadecimal number, and nothing has
+/// changed.
+void CutReserved(int block, std::string_view digits, ReservedBytes& reserved);
+/// Bytes of the block belong to no item.
+bool HasReserved(int block);
+/// The acceleration setting in the digits of block 0. Faults for what is no hexadecimal number.
+std::int16_t AccelerationOf(std::string_view digits);
+
 /// Size code and speed letter as the device block holds them. J52 has no number of its own: it is
 /// held as 52 and the letter E. A byte that is no letter gives an empty speed. The stroke is 0.
 ActuatorParts ActuatorOfBytes(int size, int letter);

@@ -6,6 +6,7 @@
 #include "parameter/para_marks.h"
 #include "parameter/para_rows.h"
 #include "parameter/para_set.h"
+#include "parameter/para_transfer.h"
 #include "parameter/para_verify.h"
 
 namespace qdw8 {
@@ -27,6 +28,7 @@ void ResetParameters() {
     KeptAxisMask = 0;
     FactoryDeviceFlag = kClear;
     DeviceCancelled = kClear;
+    ResetParaTransfer();
 }
 
 } // namespace qdw8

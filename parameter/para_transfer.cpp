@@ -22,6 +22,21 @@ namespace {
 
 using Blocks = std::array<std::string, kParaBlocks>;
 
+/// What the controller has told in this run that `ParaSet` doesn't keep.
+struct Told {
+    std::array<bool, kParaBlocks> reserved{}; ///< the reserved bytes of the block are known
+    std::int16_t acceleration = 0;
+};
+Told told;
+
+/// What was read of a block.
+void Note(int block, const std::string& digits) {
+    told.reserved.at(static_cast<std::size_t>(block)) = true;
+    if (block == 0) {
+        told.acceleration = AccelerationOf(digits);
+    }
+}
+
 /// The digits of each block of the axes in use; the others stay empty. False: an exchange failed.
 bool ReadBlocks(Blocks& blocks) {
     const auto read = [&blocks](int block) -> std::int16_t {
@@ -46,6 +61,31 @@ void CutBlocks(const Blocks& blocks) {
     }
     ParaRowTable = std::move(rows);
     ParaReserved = reserved;
+    for (int block = 0; block < kParaBlocks; ++block) {
+        if (!blocks[static_cast<std::size_t>(block)].empty()) {
+            Note(block, blocks[static_cast<std::size_t>(block)]);
+        }
+    }
+}
+
+/// The reserved bytes of a block, if nothing is known of them yet. False: told.
+bool FetchReserved(int block) {
+    if (told.reserved.at(static_cast<std::size_t>(block)) || !HasReserved(block) ||
+        IsBlockOff(block)) {
+        return true;
+    }
+    if (ReadParaBlock(block) != 0) {
+        return false;
+    }
+    const std::string digits(Mid(ReplyText, 5, 32));
+    try {
+        CutReserved(block, digits, ParaReserved);
+        Note(block, digits);
+        return true;
+    } catch (const Fault&) {
+        ShowWrongData();
+        return false;
+    }
 }
 
 LineWrite BlockWrite(int block, const std::string& digits) {
@@ -113,6 +153,18 @@ std::int16_t ReadAllBlocks() {
     }
 }
 
+std::int16_t FetchWhatIsCarried() {
+    for (int block = 0; block < kParaBlocks; ++block) {
+        if (IsSet(ProgramEndFlag) || !FetchReserved(block)) {
+            return 1;
+        }
+    }
+    if (ParaSet.ACC_DCC == 0) {
+        ParaSet.ACC_DCC = told.acceleration;
+    }
+    return 0;
+}
+
 std::int16_t WriteAllBlocks() {
     return Write(0, ReservedMap::AsRead);
 }
@@ -149,6 +201,10 @@ std::int16_t WriteAxisMask(int mask) {
         return 1;
     }
     return 0;
+}
+
+void ResetParaTransfer() {
+    told = Told{};
 }
 
 } // namespace qdw8

@@ -13,6 +13,12 @@ namespace qdw8 {
 /// cells of an axis out of use are empty, and its reserved bytes keep their values.
 std::int16_t ReadAllBlocks();
 
+/// What `ParaSet` doesn't say and a write must not wipe: the reserved bytes of each block of the
+/// axes in use that no read of this run brought are read now, without the dialog. The acceleration
+/// setting, for which no file and no factory list has a word, becomes that of the controller where
+/// it is 0. 0 good, and nothing goes out when all is known; 1 failed, and the user was told.
+std::int16_t FetchWhatIsCarried();
+
 /// `ParaSet` to the controller, and commits it. 0 good. 1 failed, and the user was told; when a
 /// value is too wide for its bytes nothing was sent.
 std::int16_t WriteAllBlocks();
@@ -26,5 +32,8 @@ std::int16_t WriteDeviceBlocks();
 /// 0 good. 1 failed; when what came is not wholly hexadecimal nothing was sent.
 std::int16_t WriteAxisMask();
 std::int16_t WriteAxisMask(int mask);
+
+/// Part of `ResetParameters`: nothing was read yet.
+void ResetParaTransfer();
 
 } // namespace qdw8

@@ -128,8 +128,7 @@ bool Get2() {
 
 /// Both sides must use the same axes. False: the command ends here.
 bool MatchAxes() {
-    if (ReadAxisMaskQuiet() != 0) {
-        Tell(377);
+    if (ReadAxisMaskToCompare() != 0) {
         return false;
     }
     if (CtAxisOff != AxisOff) {
@@ -144,6 +143,15 @@ bool MatchAxes() {
     // The mask goes out as it was agreed, whatever stood in its field.
     ParaFields.txtOneAxis = std::to_string(AxisMaskOf(AxisOff));
     YukoJikuHyojiSettei();
+    return true;
+}
+
+/// What only the controller knows goes back as it was.
+bool CarryWhatWasNotRead() {
+    if (FetchWhatIsCarried() != 0) {
+        Tell(1528);
+        return false;
+    }
     return true;
 }
 
@@ -166,7 +174,7 @@ bool WriteInMode() {
 bool Send() {
     const LineBatch batch;
     return MatchAxes() && TakeParaFields(1524, 1525) && StandsStill(OnFailure::Tell) &&
-           WriteInMode();
+           CarryWhatWasNotRead() && WriteInMode();
 }
 
 /// What the controller now holds becomes what the program works with. False: it couldn't be read,

@@ -420,7 +420,7 @@ private:
         {"axes", [](Args&) { return AxesOf(AxisMaskOf(AxisOff)); }},
         {"lasting-axes",
          [this](Args&) { return AxesOf(static_cast<int>(qdk8::AxisMask(lasting()))); }},
-        {"lasting", [this](Args& a) { return lasting().blocks.at(axisOf(a) + 1).substr(0, 24); }},
+        {"lasting", [this](Args& a) { return lasting().blocks.at(axisOf(a) + 1); }},
         {"program", [](Args& a) { return Text(DevSetting[axisOf(a)]); }},
         {"pending", [](Args& a) { return Text(DevSettei[axisOf(a)]); }},
         {"family",
