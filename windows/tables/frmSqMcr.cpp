@@ -220,10 +220,19 @@ bool frmSqMcr::eventFilter(QObject* watched, QEvent* event) {
     for (int step = 0; step < kSmSteps; ++step) {
         const Row& row = rows.at(static_cast<std::size_t>(step));
         if (watched == row.data && event->type() == QEvent::FocusIn) {
+            // A window that becomes the active one gives its field the focus back, and nobody has
+            // entered it; unless it was clicked on before the window was active.
             const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-            if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
+            const bool back =
+                reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
+            if (!back || entered != step) {
+                entered = step;
                 EnterSmData(step);
             }
+            return false;
+        }
+        if (watched == row.command && event->type() == QEvent::FocusIn) {
+            entered = -1;
             return false;
         }
         if (watched == row.command && event->type() == QEvent::Wheel) {
@@ -237,8 +246,14 @@ bool frmSqMcr::eventFilter(QObject* watched, QEvent* event) {
     return QDialog::eventFilter(watched, event);
 }
 
-/// Keys of a closed list that would choose the first or the last command, or do nothing.
+/// Keys of a closed list that by themselves would choose the first or the last command, do nothing,
+/// or, typed in quick succession, count as one word.
 bool frmSqMcr::listKey(int step, QKeyEvent& event) {
+    const int digit = event.text().size() == 1 ? event.text().at(0).digitValue() : -1;
+    if (digit >= 0 && digit < static_cast<int>(kSmCommands.size())) {
+        ChooseSmCommand(step, digit);
+        return true;
+    }
     switch (event.key()) {
     case Qt::Key_PageUp:
     case Qt::Key_PageDown: keyPressEvent(&event); return true;

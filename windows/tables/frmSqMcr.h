@@ -47,6 +47,7 @@ private:
     QSpinBox* upDown = nullptr;
     std::array<Row, kSmSteps> rows;
     std::unique_ptr<TableButtons> commands;
+    int entered = -1; ///< the step whose data field the user is in
 };
 
 } // namespace qdw8
