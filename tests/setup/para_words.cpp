@@ -4,6 +4,7 @@
 #include "parameter/para_fields.h"
 #include "parameter/para_marks.h"
 #include "parameter/stroke_calculator.h"
+#include "setup/para_window_commands.h"
 
 namespace qdw8::test {
 namespace {
@@ -122,6 +123,19 @@ StoryValues ParaValues() {
              [](Args& a) {
                  const auto [control, axis] = Place(a);
                  return ParaFieldGrey(control, axis) ? "yes" : "no";
+             }},
+            {"editable",
+             [](Args& a) {
+                 const auto [control, axis] = Place(a);
+                 return ParaFieldEnabled(control, axis) ? "yes" : "no";
+             }},
+            {"buttons",
+             [](Args&) {
+                 std::string names;
+                 for (const ParaCommandRow& command : ParaCommands()) {
+                     names += ParaCommandEnabled(command) ? std::string(command.name) + " " : "";
+                 }
+                 return names;
              }},
             {"calculated", Calculated},
             {"left", Left}};

@@ -67,7 +67,8 @@ TEST(SetupSteps, OfAParameterWrite) {
             const bool inWrites = step.frame.starts_with("0WD") || step.frame == "0WE2";
             EXPECT_EQ(told(kReflect), lasting && told(kNotWritten) == 0 ? 1 : 0);
             EXPECT_EQ(told(kNotWritten), inWrites ? 1 : 0);
-            EXPECT_LE(told(BoxText("timeout")) + told(BoxText("port")), step.frame == "0CM00" ? 2 : 1)
+            EXPECT_LE(told(BoxText("timeout")) + told(BoxText("port")),
+                      step.frame == "0CM00" ? 2 : 1)
                 << "a line that no longer answers is not asked again";
             if (LineAnswers() && !modeAsked) {
                 EXPECT_EQ(bench.line.controller.machine().mode, 0);

@@ -335,6 +335,7 @@ private:
          }},
         {"printer",
          [this](Args&) {
+             Screens().frmDeviceShow = [] {};
              Screens().PrintParaData = [this](const std::string& name) { printed += name + ","; };
          }},
         {"lists-behind", [this](Args&) { leaveListsBehind(); }},
@@ -402,7 +403,9 @@ private:
         {"command-runs",
          [this](Args& a) {
              const CommandsAway away;
+             ++depth;
              platform.run(Number(a));
+             --depth;
          }},
         {"size", [this](Args& a) { edit(a, ChangeSize); }},
         {"speed", [this](Args& a) { edit(a, ChangeSpeed); }},
