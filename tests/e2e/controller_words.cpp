@@ -1,5 +1,4 @@
 #include "gui.h"
-#include "positions.h"
 #include "words.h"
 
 #include <QDir>
@@ -18,7 +17,7 @@ std::unique_ptr<QProcess> simulator; // of the user's thread
 QString ReadLine() {
     while (!simulator->canReadLine()) {
         if (!simulator->waitForReadyRead(kDeadline)) {
-            Fail(QStringLiteral("the simulator says nothing: ") + simulator->errorString());
+            Fail("the simulator says nothing: " + simulator->errorString());
         }
     }
     return QString::fromUtf8(simulator->readLine()).trimmed();
@@ -28,9 +27,9 @@ QString ReadLine() {
 QStringList Tell(const QString& line) {
     simulator->write(line.toUtf8() + '\n');
     QStringList answer;
-    for (QString said = ReadLine(); said != QStringLiteral("ok"); said = ReadLine()) {
+    for (QString said = ReadLine(); said != "ok"; said = ReadLine()) {
         answer += said;
-        if (said.startsWith(QStringLiteral("error"))) {
+        if (said.startsWith("error")) {
             Fail(said);
         }
     }
@@ -38,14 +37,14 @@ QStringList Tell(const QString& line) {
 }
 
 QString Link() {
-    const QString ports = qEnvironmentVariable("XDG_CONFIG_HOME") + QStringLiteral("/QD-W8/ports");
+    const QString ports = qEnvironmentVariable("XDG_CONFIG_HOME") + "/QD-W8/ports";
     QDir().mkpath(ports);
-    return ports + QStringLiteral("/com1");
+    return ports + "/com1";
 }
 
 /// What comes and goes on the line, also from a simulator of the story before in this home.
 QString TraceFile() {
-    return qEnvironmentVariable("QDW8_USER_HOME") + QStringLiteral("/trace");
+    return qEnvironmentVariable("QDW8_USER_HOME") + "/trace";
 }
 
 void Start(Told options) {
@@ -55,9 +54,9 @@ void Start(Told options) {
     }
     simulator = std::make_unique<QProcess>();
     simulator->setStandardErrorFile(TraceFile(), QIODevice::Append);
-    simulator->start(QStringLiteral(SIMULATOR_PROGRAM),
+    simulator->start(SIMULATOR_PROGRAM,
                      QStringList{"--control", "--trace", "--link", Link()} + options);
-    if (const QString said = ReadLine(); !said.startsWith(QStringLiteral("qd-k8-sim ready on "))) {
+    if (const QString said = ReadLine(); !said.startsWith("qd-k8-sim ready on ")) {
         Fail(said);
     }
 }
@@ -77,8 +76,8 @@ void WaitPolls(Told told) {
 /// The positions among the last frames that went to the controller.
 QString Written() {
     QStringList numbers;
-    for (const QString& frame : Tell(QStringLiteral("frames 200"))) {
-        const qsizetype at = frame.indexOf(QStringLiteral("0WP"));
+    for (const QString& frame : Tell("frames 200")) {
+        const qsizetype at = frame.indexOf("0WP");
         // The reply echoes the word; the request goes on with the row.
         if (at >= 0 && frame.size() - at > 40) {
             numbers += QString::number(frame.mid(at + 3, 3).toInt(nullptr, 16));
@@ -93,32 +92,16 @@ QString LastHeard() {
     return trace.section("-> ", -1).section("\\r", 0, 0);
 }
 
-void Write(const QString& name, const QByteArray& content) {
-    QFile file(name);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
-        Fail(name + QStringLiteral(": can't be written"));
-    }
-}
-
-/// NAME FIRST LAST [OLD NEW]
-void WritePositions(Told told) {
-    QByteArray content = PositionFile(told.value(1).toInt(), told.value(2).toInt());
-    if (told.size() == 5) {
-        content.replace(told[3].toLatin1(), told[4].toLatin1());
-    }
-    Write(told[0], content);
-}
-
 void CopyFile(Told told) {
-    Write(told.value(0), ContentOf(STORIES_FOLDER "/" + told.value(0)));
+    if (!QFile::copy(STORIES_FOLDER "/" + told.value(0), told.value(0))) {
+        Fail("can't be copied");
+    }
 }
 
-/// NAME FIRST LAST, or NAME FILE
+/// NAME FILE
 void ExpectSaved(Told told) {
     ExpectNow(QString::fromLatin1(ContentOf(told.value(0))),
-              QString::fromLatin1(
-                  told.size() == 2 ? ContentOf(STORIES_FOLDER "/" + told[1])
-                                   : PositionFile(told.value(1).toInt(), told.value(2).toInt())));
+              QString::fromLatin1(ContentOf(STORIES_FOLDER "/" + told.value(1))));
 }
 
 } // namespace
@@ -126,13 +109,12 @@ void ExpectSaved(Told told) {
 Words ControllerWords() {
     return {
         {"simulator", Start},
-        {"dead-link", [](Told) { QFile::link(QStringLiteral("no-such-device"), Link()); }},
+        {"dead-link", [](Told) { QFile::link("no-such-device", Link()); }},
         {"tell", [](Told told) { Tell(told.join(u' ')); }},
         {"asked", [](Told told) { ExpectNow(Tell("stats").join(u'\n'), told.join(u'\n')); }},
         {"polls", WaitPolls},
         {"written", [](Told told) { ExpectNow(Written(), told.join(u' ')); }},
         {"last-heard", [](Told told) { ExpectNow(LastHeard(), told.value(0)); }},
-        {"positions-file", WritePositions},
         {"copy-file", CopyFile},
         {"saved", ExpectSaved},
         {"files",

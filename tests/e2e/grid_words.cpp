@@ -1,8 +1,8 @@
 #include "hands.h"
-#include "positions.h"
 #include "words.h"
 
 #include <QAbstractItemModel>
+#include <QFile>
 #include <QHeaderView>
 #include <QStandardItemModel>
 #include <QTableView>
@@ -11,16 +11,16 @@ namespace e2e {
 
 namespace {
 
-const QString kGrid = QStringLiteral("flgdData");
-const QString kEditBox = QStringLiteral("flgdDataEdit");
+const QString kGrid = "flgdData";
+const QString kEditBox = "flgdDataEdit";
 
 /// What the grid should show: the number of the position, then the cells. Of the user's thread.
 QVector<QStringList> wanted;
 
 /// Column 0 is in front of the cells and tells the line.
-const QStringList kColumns = QStringLiteral("LINE VEL1 ACC1 WAY1 POS1 VEL2 ACC2 WAY2 POS2 "
-                                            "VEL3 ACC3 WAY3 POS3 VEL4 ACC4 WAY4 POS4 "
-                                            "ITPL OUT SM COMMENT")
+const QStringList kColumns = QString("LINE VEL1 ACC1 WAY1 POS1 VEL2 ACC2 WAY2 POS2 "
+                                     "VEL3 ACC3 WAY3 POS3 VEL4 ACC4 WAY4 POS4 "
+                                     "ITPL OUT SM COMMENT")
                                  .split(u' ');
 
 /// A cell as a story writes it: "12:POS1" is the target of AXIS 1 in position 12, "12" its line.
@@ -32,7 +32,7 @@ struct Cell {
 Cell CellOf(const QString& word) {
     const qsizetype column = word.contains(u':') ? kColumns.indexOf(word.section(u':', 1)) : 0;
     if (word.section(u':', 0, 0).toInt() < 1 || column < 0) {
-        Fail(word + QStringLiteral(" is no cell"));
+        Fail(word + " is no cell");
     }
     return {word.section(u':', 0, 0).toInt(), static_cast<int>(column) - 1};
 }
@@ -125,9 +125,30 @@ void Enter(Told told) {
     }
 }
 
-/// FIRST LAST [pulses]: what the controller holds there is what the grid should show.
+/// In thousandths of a mm with whole numbers; with the simulator's actuators, lead in mm and pulses
+/// per revolution, no value lies halfway between two.
+QString Millimetres(int pulses, int axis) {
+    constexpr int kLeads[] = {8, 2, 2, 8};
+    constexpr int kPulses[] = {400, 400, 400, 192};
+    const int thousandths = (2 * pulses * kLeads[axis] * 1000 / kPulses[axis] + 1) / 2;
+    return QString::number(thousandths / 1000.0, 'f', 3).rightJustified(7);
+}
+
+/// FIRST LAST [pulses]: what the controller holds there, told by controller.qdd behind three lines,
+/// is what the grid should show.
 void WantPositions(Told told) {
-    wanted = PositionRows(told.value(0).toInt(), told.value(1).toInt(), told.size() < 3);
+    const int first = told.value(0).toInt();
+    const QByteArrayList lines = ContentOf(STORIES_FOLDER "/controller.qdd").split('\n');
+    wanted.clear();
+    for (const QByteArray& line : lines.mid(first + 2, told.value(1).toInt() - first + 1)) {
+        QStringList cells = QString::fromLatin1(line).remove(u'"').split(u',');
+        for (int i = 0; i < cells.size(); ++i) {
+            const bool isTarget = i <= 16 && i % 4 == 0 && i > 0;
+            cells[i] = isTarget && told.size() < 3 ? Millimetres(cells[i].toInt(), i / 4 - 1)
+                                                   : cells[i].trimmed();
+        }
+        wanted += cells;
+    }
 }
 
 void ExpectGrid() {
@@ -149,10 +170,10 @@ void ExpectHead(Told told) {
 void ExpectResults(Told told) {
     const auto look = [] {
         QStringList marked;
-        for (const QString& row : Rows(QStringLiteral("flgdSyogoKekka"))) {
+        for (const QString& row : Rows("flgdSyogoKekka")) {
             const QStringList cells = row.split(u'|').mid(1);
             for (qsizetype column = 1; column < cells.size(); ++column) {
-                if (cells[column] == QStringLiteral("X")) {
+                if (cells[column] == "X") {
                     marked += cells[0] + u':' + kColumns[column];
                 }
             }

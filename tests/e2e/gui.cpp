@@ -3,11 +3,13 @@
 #include <QApplication>
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QFile>
 #include <QPixmap>
 #include <QScreen>
 #include <QStringList>
 #include <QThread>
 #include <QWidget>
+#include <algorithm>
 #include <atomic>
 #include <cstdio>
 #include <unistd.h>
@@ -37,10 +39,10 @@ QStringList Windows() {
         }
         const auto* box = qobject_cast<const QMessageBox*>(window);
         list +=
-            QStringLiteral("%1 \"%2\" %3")
+            QString("%1 \"%2\" %3")
                 .arg(window->objectName(), window->windowTitle(), box ? box->text() : QString());
         window->grab().save(
-            QStringLiteral("%1/failed-%2-%3.png")
+            QString("%1/failed-%2-%3.png")
                 .arg(PictureFolder(), QDir(qEnvironmentVariable("QDW8_USER_HOME")).dirName())
                 .arg(list.size()));
     }
@@ -101,7 +103,7 @@ bool ComesAbout(const std::function<bool()>& condition, Boxes boxes) {
 
 void WaitFor(const std::function<bool()>& condition, Boxes boxes) {
     if (!ComesAbout(condition, boxes)) {
-        Fail(QStringLiteral("waited in vain, or a box came"));
+        Fail("waited in vain, or a box came");
     }
 }
 
@@ -111,21 +113,20 @@ void Expect(const std::function<QString()>& look, const QString& wanted) {
 }
 
 void ExpectNow(const QString& seen, const QString& wanted) {
-    if (seen == wanted) {
-        return;
+    const auto parting = std::mismatch(seen.begin(), seen.end(), wanted.begin(), wanted.end());
+    const qsizetype at = parting.first - seen.begin();
+    if (seen != wanted) {
+        Fail(QString("from character %1 on it is\n  \"%2\"\nand should be\n  \"%3\"")
+                 .arg(QString::number(at), seen.mid(at, 100), wanted.mid(at, 100)));
     }
-    const QStringList there = seen.split(u'\n');
-    const QStringList due = wanted.split(u'\n');
-    qsizetype line = 0;
-    while (line < there.size() && line < due.size() && there[line] == due[line]) {
-        ++line;
+}
+
+QByteArray ContentOf(const QString& name) {
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly)) {
+        Fail(name + ": can't be read");
     }
-    Fail(QStringLiteral("line %1 of %2 is\n  \"%3\"\nand, of %4, should be\n  \"%5\"")
-             .arg(line + 1)
-             .arg(there.size())
-             .arg(there.value(line))
-             .arg(due.size())
-             .arg(due.value(line)));
+    return file.readAll();
 }
 
 void Picture(const QString& name) {
@@ -142,7 +143,7 @@ void Picture(const QString& name) {
         QThread::msleep(5 * kLookEvery);
     }
     static int number = 0;
-    now.save(QStringLiteral("%1/%2-%3-%4.png")
+    now.save(QString("%1/%2-%3-%4.png")
                  .arg(PictureFolder())
                  .arg(++number, 2, 10, QLatin1Char('0'))
                  .arg(name, qEnvironmentVariable("QDW8_USER_TOUR")));

@@ -3,11 +3,11 @@
 #include <QImage>
 #include <QMessageBox>
 #include <QObject>
-#include <QSemaphore>
 #include <QString>
+#include <chrono>
 #include <functional>
+#include <future>
 #include <memory>
-#include <optional>
 
 /// The user's own thread and the program's: the story runs on the one, the windows are looked at on
 /// the other.
@@ -34,19 +34,13 @@ QObject* Ear();
 
 /// Calls a routine on the program's thread and gives what it gives.
 template<typename Look> auto OnGui(Look look) {
-    struct Answer {
-        QSemaphore ready;
-        std::optional<decltype(look())> value;
-    };
-    const auto answer = std::make_shared<Answer>();
-    Post([answer, look] {
-        answer->value = look();
-        answer->ready.release();
-    });
-    if (!answer->ready.tryAcquire(1, kDeadline)) {
-        Fail(QStringLiteral("the program doesn't answer any more"));
+    const auto task = std::make_shared<std::packaged_task<decltype(look())()>>(look);
+    auto answer = task->get_future();
+    Post([task] { (*task)(); });
+    if (answer.wait_for(std::chrono::milliseconds(kDeadline)) != std::future_status::ready) {
+        Fail("the program doesn't answer any more");
     }
-    return *answer->value;
+    return answer.get();
 }
 
 /// The message box that has the user, or null. On the program's thread.
@@ -57,11 +51,14 @@ QMessageBox* BoxOnTop();
 enum class Boxes { AreFailures, AreFine };
 void WaitFor(const std::function<bool()>& condition, Boxes boxes = Boxes::AreFailures);
 
-/// Waits until what is seen on the program's thread is what is wanted; fails with the first line
-/// that parts.
+/// Waits until what is seen on the program's thread is what is wanted; fails with the place
+/// where they part.
 void Expect(const std::function<QString()>& look, const QString& wanted);
 /// The same for what is there already.
 void ExpectNow(const QString& seen, const QString& wanted);
+
+/// What a file holds. Fails if it can't be read.
+QByteArray ContentOf(const QString& name);
 
 /// For a tour, told by QDW8_USER_TOUR: a numbered picture of the whole screen, once it has come to
 /// rest. Nothing happens in a test.

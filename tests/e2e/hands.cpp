@@ -18,9 +18,9 @@ bool RealHands() {
 
 void Xdotool(const QStringList& words) {
     QProcess tool;
-    tool.start(QStringLiteral("xdotool"), words);
+    tool.start("xdotool", words);
     if (!tool.waitForFinished(kDeadline) || tool.exitCode() != 0) {
-        Fail(QStringLiteral("xdotool %1: %2")
+        Fail(QString("xdotool %1: %2")
                  .arg(words.join(u' '), QString::fromLocal8Bit(tool.readAllStandardError())));
     }
 }
@@ -53,11 +53,10 @@ QPoint PlaceOf(const FindSpot& find, Boxes boxes) {
 void ClickAt(const FindSpot& find, Boxes boxes, Held held) {
     if (RealHands()) {
         const QPoint place = PlaceOf(find, boxes);
-        QStringList words{QStringLiteral("mousemove"), QString::number(place.x()),
-                          QString::number(place.y()), QStringLiteral("click"), QStringLiteral("1")};
+        QStringList words{"mousemove", QString::number(place.x()), QString::number(place.y()),
+                          "click", "1"};
         if (held == Held::Shift) {
-            words = QStringList{QStringLiteral("keydown"), QStringLiteral("shift")} + words +
-                    QStringList{QStringLiteral("keyup"), QStringLiteral("shift")};
+            words = QStringList{"keydown", "shift"} + words + QStringList{"keyup", "shift"};
         }
         Xdotool(words);
         return;
@@ -77,7 +76,7 @@ void ClickAt(const FindSpot& find, Boxes boxes, Held held) {
 
 void Press(const QStringList& keys) {
     if (RealHands()) {
-        Xdotool(QStringList{QStringLiteral("key")} + keys);
+        Xdotool(QStringList{"key"} + keys);
         return;
     }
     for (const QString& key : keys) {
@@ -91,7 +90,7 @@ void Press(const QStringList& keys) {
 
 void KeyIn(const QString& text) {
     if (RealHands()) {
-        Xdotool({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("30"), text});
+        Xdotool({"type", "--delay", "30", text});
         return;
     }
     // The first character may bring up the box that takes the others.
@@ -106,7 +105,7 @@ void KeyIn(const QString& text) {
 
 void CloseWindow(QWidget* window) {
     if (RealHands()) {
-        Xdotool({QStringLiteral("key"), QStringLiteral("alt+F4")});
+        Xdotool({"key", "alt+F4"});
         return;
     }
     Post([window] { window->close(); });

@@ -16,24 +16,16 @@ namespace {
 
 /// The first visible control of the name that `fits`.
 QWidget* Find(const QString& name, const std::function<bool(QWidget*)>& fits) {
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (!window->isVisible()) {
-            continue;
-        }
-        if (window->objectName() == name && fits(window)) {
-            return window;
-        }
-        for (QWidget* child : window->findChildren<QWidget*>(name)) {
-            if (child->window() == window && child->isVisible() && fits(child)) {
-                return child;
-            }
+    for (QWidget* widget : QApplication::allWidgets()) {
+        if (widget->objectName() == name && widget->isVisible() && fits(widget)) {
+            return widget;
         }
     }
     return nullptr;
 }
 
 QAction* ActionOf(const QString& name) {
-    const QWidget* main = Seen(QStringLiteral("frmMain"));
+    const QWidget* main = Seen("frmMain");
     if (main == nullptr) {
         return nullptr;
     }
@@ -73,12 +65,11 @@ Spot SpotOfEntry(const QString& menuName, const QString& name) {
         return {};
     }
     QWidget* holder = Seen(menuName);
-    QRect place;
-    if (auto* menu = qobject_cast<QMenu*>(holder)) {
-        place = menu->actionGeometry(action);
-    } else if (auto* bar = qobject_cast<QMenuBar*>(holder)) {
-        place = bar->actionGeometry(action);
-    }
+    const auto* menu = qobject_cast<QMenu*>(holder);
+    const auto* bar = qobject_cast<QMenuBar*>(holder);
+    const QRect place = menu != nullptr  ? menu->actionGeometry(action)
+                        : bar != nullptr ? bar->actionGeometry(action)
+                                         : QRect();
     return place.isEmpty() ? Spot{} : Spot{holder, place.center()};
 }
 
@@ -98,7 +89,7 @@ Spot SpotOfTab(const QString& page) {
 QString ReadText(const QString& name) {
     const QWidget* widget = Seen(name);
     if (widget == nullptr) {
-        return QStringLiteral("(no %1 to be seen)").arg(name);
+        return QString("(no %1 to be seen)").arg(name);
     }
     for (const char* property : {"text", "currentText"}) {
         if (const QVariant text = widget->property(property); text.isValid()) {

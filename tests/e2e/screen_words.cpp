@@ -57,15 +57,8 @@ void Type(const QString& name, const QString& text) {
     ExpectText(name, text);
 }
 
-/// Types a row of a list into its field and leaves it with Tab.
-void Pick(const QString& name, const QString& text) {
-    Type(name, text);
-    Press({"Tab"});
-    WaitKeys(name, false);
-}
-
 void Menu(Told told) {
-    QString menu = QStringLiteral("mnuBar");
+    QString menu = "mnuBar";
     for (const QString& name : told) {
         ClickAt([menu, name] { return SpotOfEntry(menu, name); });
         menu = name;
@@ -96,20 +89,16 @@ void PutUpWithBoxes(Told told) {
 
 /// The question of a choice and what it offers; where a line is broken is the window's affair.
 void ExpectQuestion(Told told) {
-    WaitReady(QStringLiteral("frmSelection"));
+    WaitReady("frmSelection");
     for (qsizetype i = 0; i < told.size(); ++i) {
-        const QString label =
-            i == 0 ? QStringLiteral("lblSelectText") : QString("optSelectKomoku(%1)").arg(i - 1);
+        const QString label = i == 0 ? "lblSelectText" : QString("optSelectKomoku(%1)").arg(i - 1);
         Expect([&] { return ReadText(label).simplified().remove(u' '); },
                QString(told[i]).remove(u' '));
     }
 }
 
 void SetClipboard(Told told) {
-    OnGui([&] {
-        QGuiApplication::clipboard()->setText(told.value(0));
-        return true;
-    });
+    OnGui([&] { QGuiApplication::clipboard()->setText(told.value(0)); });
 }
 
 /// The lamps that are lit, of Port, Online, Home, Alarm: "PO" after a start on line, "-" for none.
@@ -121,28 +110,28 @@ QString Lamps() {
             lit += QLatin1Char(*name);
         }
     }
-    return lit.isEmpty() ? QStringLiteral("-") : lit;
+    return lit.isEmpty() ? "-" : lit;
 }
 
 void WaitProgress(Told told) {
     WaitFor([&] {
-        const auto* bar = qobject_cast<QProgressBar*>(Seen(QStringLiteral("prgBar1")));
+        const auto* bar = qobject_cast<QProgressBar*>(Seen("prgBar1"));
         return bar != nullptr && bar->value() >= told.value(0).toInt();
     });
 }
 
 void Close() {
     WaitFor([] { return Seen("frmMain") != nullptr; });
-    CloseWindow(OnGui([] { return Seen(QStringLiteral("frmMain")); }));
+    CloseWindow(OnGui([] { return Seen("frmMain"); }));
 }
 
 /// The last answer of a story: the program takes the whole process along when it ends, and whoever
 /// started it looks for the mark that the user had seen everything.
 void End(Told told) {
     QFile(qEnvironmentVariable("QDW8_USER_HOME") + "/content").open(QIODevice::WriteOnly);
-    AnswerBox(told.value(0), told.value(1), QStringLiteral("finish"));
+    AnswerBox(told.value(0), told.value(1), "finish");
     QThread::msleep(kDeadline);
-    Fail(QStringLiteral("the program doesn't end"));
+    Fail("the program doesn't end");
 }
 
 } // namespace
@@ -157,7 +146,6 @@ Words ScreenWords() {
         {"menu", Menu},
         {"tab", [](Told told) { ClickAt([page = told.value(0)] { return SpotOfTab(page); }); }},
         {"type", [](Told told) { Type(told.value(0), told.value(1)); }},
-        {"pick", [](Told told) { Pick(told.value(0), told.value(1)); }},
         {"press", [](Told told) { Press(told); }},
         {"keys", [](Told told) { KeyIn(told.value(0)); }},
         {"ready", [](Told told) { WaitReady(told.value(0)); }},

@@ -32,16 +32,12 @@ QString playing;
 QHash<int, QString> texts; // of the program's table, in the language of the story
 
 QStringList LinesOf(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        Fail(path + QStringLiteral(": can't be read"));
-    }
-    return QString::fromUtf8(file.readAll()).split(u'\n');
+    return QString::fromUtf8(ContentOf(path)).split(u'\n');
 }
 
 /// Bare words and texts in double quotes.
 QStringList Split(const QString& line) {
-    static const QRegularExpression word(QStringLiteral("\"((?:[^\"\\\\]|\\\\.)*)\"|(\\S+)"));
+    static const QRegularExpression word("\"((?:[^\"\\\\]|\\\\.)*)\"|(\\S+)");
     QStringList words;
     for (const QRegularExpressionMatch& match : word.globalMatch(line)) {
         words += match.hasCaptured(2)
@@ -53,12 +49,12 @@ QStringList Split(const QString& line) {
 
 /// A line at the margin begins a part, lines further in are what it does.
 void ReadStories() {
-    const QDir folder(QStringLiteral(STORIES_FOLDER));
-    for (const QString& name : folder.entryList({QStringLiteral("*.txt")})) {
+    const QDir folder(STORIES_FOLDER);
+    for (const QString& name : folder.entryList({"*.txt"})) {
         Part* part = nullptr;
         int number = 0;
         for (const QString& line : LinesOf(folder.filePath(name))) {
-            const Line read{QStringLiteral("%1:%2: %3").arg(name).arg(++number).arg(line.trimmed()),
+            const Line read{QString("%1:%2: %3").arg(name).arg(++number).arg(line.trimmed()),
                             Split(line)};
             if (read.words.isEmpty() || read.words[0].startsWith(u'#')) {
                 continue;
@@ -68,10 +64,10 @@ void ReadStories() {
                 part->lines += read;
                 continue;
             }
-            const bool isWord = read.words[0] == QStringLiteral("to");
+            const bool isWord = read.words[0] == "to";
             part = &(isWord ? made : stories)[read.words.value(1)];
             if (!part->lines.isEmpty() || line.startsWith(u' ')) {
-                Fail(QStringLiteral("not the beginning of a new part"));
+                Fail("not the beginning of a new part");
             }
             part->head = read.words.mid(2);
         }
@@ -79,7 +75,7 @@ void ReadStories() {
 }
 
 void ReadTexts(const QString& language) {
-    for (const QString& row : LinesOf(QStringLiteral(TEXTS_FOLDER "/%1.txt").arg(language))) {
+    for (const QString& row : LinesOf(QString(TEXTS_FOLDER "/%1.txt").arg(language))) {
         const qsizetype tab = row.indexOf(u'\t');
         texts.insert(row.left(tab).toInt() % 10000, row.mid(tab + 1));
     }
@@ -90,19 +86,19 @@ void ReadTexts(const QString& language) {
 QStringList Meant(const QStringList& words, const QStringList& names, const QStringList& told) {
     QStringList meant;
     for (QString word : words) {
-        if (word == QStringLiteral("<...>")) {
+        if (word == "<...>") {
             meant += told.mid(names.size());
             continue;
         }
         for (qsizetype i = 0; i < names.size(); ++i) {
             word.replace(u'<' + names[i] + u'>', told.value(i));
         }
-        word.replace(QStringLiteral("{work}"), QDir::currentPath());
-        static const QRegularExpression number(QStringLiteral("\\{(\\d+)\\}"));
+        word.replace("{work}", QDir::currentPath());
+        static const QRegularExpression number("\\{(\\d+)\\}");
         for (auto match = number.match(word); match.hasMatch(); match = number.match(word)) {
             const int id = match.captured(1).toInt();
             if (!texts.contains(id)) {
-                Fail(QStringLiteral("there is no text %1").arg(id));
+                Fail(QString("there is no text %1").arg(id));
             }
             word.replace(match.capturedStart(), match.capturedLength(), texts[id]);
         }
@@ -121,7 +117,7 @@ void Play(const Part& part, const QStringList& told, const QString& within) {
         } else if (known.contains(word)) {
             known[word](words.mid(1));
         } else {
-            Fail(QStringLiteral("not understood"));
+            Fail("not understood");
         }
     }
 }
@@ -134,19 +130,18 @@ void OpenStory(const QString& name) {
         known.insert(some);
     }
     if (!stories.contains(name)) {
-        Fail(QStringLiteral("no story is named ") + name);
+        Fail("no story is named " + name);
     }
     playing = name;
     const QStringList head = stories[name].head;
-    ReadTexts(head.contains(QStringLiteral("Language=1")) ? QStringLiteral("japanese")
-                                                          : QStringLiteral("english"));
+    ReadTexts(head.contains("Language=1") ? "japanese" : "english");
     // Behind another story it finds the settings that this one left.
-    if (head.value(0) != QStringLiteral("after")) {
-        const QDir config(qEnvironmentVariable("XDG_CONFIG_HOME") + QStringLiteral("/QD-W8"));
-        QFile file(config.filePath(QStringLiteral("settings.ini")));
-        config.mkpath(QStringLiteral("."));
+    if (head.value(0) != "after") {
+        const QDir config(qEnvironmentVariable("XDG_CONFIG_HOME") + "/QD-W8");
+        QFile file(config.filePath("settings.ini"));
+        config.mkpath(".");
         if (!file.open(QIODevice::WriteOnly)) {
-            Fail(file.fileName() + QStringLiteral(": can't be written"));
+            Fail(file.fileName() + ": can't be written");
         }
         file.write("[Settings]\n" + head.join(u'\n').toUtf8() + '\n');
     }
@@ -154,7 +149,7 @@ void OpenStory(const QString& name) {
 
 void PlayStory() {
     Play({{}, stories[playing].lines}, {}, QString());
-    Fail(QStringLiteral("the story is over and the program still there"));
+    Fail("the story is over and the program still there");
 }
 
 } // namespace e2e

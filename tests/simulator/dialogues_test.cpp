@@ -2,6 +2,7 @@
 
 #include "scripts.h"
 #include "simulator/control.h"
+#include "support/story.h"
 
 #include <gtest/gtest.h>
 #include <sstream>
@@ -13,6 +14,8 @@ namespace {
 
 /// A controller fresh from the crate, and where its dialogue stands.
 struct Talk {
+    ~Talk() { EXPECT_EQ(Shown(goOnTo(now + kLongestWait)), "") << "comes behind the end"; }
+
     Controller controller;
     Millis now = 0;
 
@@ -48,39 +51,28 @@ struct Talk {
             ObeyControl(controller, Words{std::istream_iterator<std::string>(stream), {}}, now);
         return result.problem.empty() ? Joined(result.lines) : "error";
     }
+
+    void tell(const std::string& line) {
+        const auto [time, request, reply] = Fields(line);
+        EXPECT_EQ(Shown(goOnTo(std::stoll(time) + (time[0] == '+' ? now : 0))), "") << "early";
+        if (request[0] == '>') {
+            EXPECT_EQ(order(request.substr(2)), reply);
+            return;
+        }
+        // What comes by itself is announced: nobody would look for it else.
+        const bool announced = request != "-" || reply.empty() || controller.nextDue() == now;
+        EXPECT_TRUE(announced);
+        if (request != "-") {
+            const bool partly = request.back() == '&';
+            const auto bytes = Unescaped(request.substr(0, request.size() - (partly ? 1 : 0)));
+            controller.receive(*bytes + (partly ? "" : "\r\n"), now);
+        }
+        EXPECT_EQ(Shown(take(now)), reply);
+    }
 };
 
-void Play(const Script& script) {
-    Talk talk;
-    for (const ScriptLine& line : script.lines) {
-        const std::string time = line.fields[0];
-        const std::string request = line.fields[1];
-        const Millis moment = std::stoll(time) + (time[0] == '+' ? talk.now : 0);
-        ExpectShown(script, line, Shown(talk.goOnTo(moment)), "");
-        std::string came;
-        if (request[0] == '>') {
-            came = talk.order(request.substr(2));
-        } else {
-            // What comes by itself is announced: nobody would look for it else.
-            const bool silent = request == "-";
-            const bool announced = talk.controller.nextDue() == talk.now;
-            if (!silent) {
-                const bool partly = request.back() == '&';
-                const auto bytes = Unescaped(request.substr(0, request.size() - (partly ? 1 : 0)));
-                talk.controller.receive(*bytes + (partly ? "" : "\r\n"), talk.now);
-            }
-            came = Shown(talk.take(talk.now));
-            EXPECT_TRUE(announced || !silent || came.empty()) << script.file << ':' << line.number;
-        }
-        ExpectShown(script, line, came, line.fields[2]);
-    }
-    ExpectShown(script, script.lines.back(), Shown(talk.goOnTo(talk.now + kLongestWait)), "");
-}
-
 TEST(Dialogues, GoAsTheyAreWritten) {
-    for (const Script& script : ReadScripts(DIALOGUES)) {
-        Play(script);
-    }
+    qdw8::test::TellStories<Talk>(DIALOGUES, 1);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // qd-k8-sim as a process: stories of somebody who starts it, and what a story can't tell.
 
 #include "scripts.h"
+#include "support/story.h"
 
 #include <array>
 #include <chrono>
@@ -122,9 +123,10 @@ struct Story {
         } while (!last.empty() && last != "ok\n" && last.rfind("error", 0) != 0);
         return Joined(std::regex_replace(answer, std::regex("(error| on).*|ok\n"), "$1"));
     }
+    void tell(const std::string& line);
 };
 
-/// Plays one line; gives what is compared with its last field.
+/// What comes of one step of a story.
 std::string Play(Story& story, const std::string& text) {
     const std::size_t blank = text.find(' ');
     const std::string verb = text.substr(0, blank);
@@ -158,13 +160,13 @@ std::string Play(Story& story, const std::string& text) {
     return "";
 }
 
+void Story::tell(const std::string& line) {
+    const auto fields = Fields(line);
+    EXPECT_EQ(Play(*this, fields[0]), fields[1]);
+}
+
 TEST(SimulatorProgram, GoesThroughItsStories) {
-    for (const Script& script : ReadScripts(STORIES)) {
-        Story story;
-        for (const ScriptLine& line : script.lines) {
-            ExpectShown(script, line, Play(story, line.fields[0]), line.fields[1]);
-        }
-    }
+    qdw8::test::TellStories<Story>(STORIES, 1);
 }
 
 TEST(SimulatorProgram, KeepsThePaceOfTheLine) {
