@@ -6,9 +6,15 @@
 #include "platform/qt/standard_texts.h"
 
 #include <QCoreApplication>
+#include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QRegularExpression>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include <vector>
 
@@ -60,14 +66,59 @@ QString TitleOf(const BoxQuestion& question) {
     return program.isEmpty() ? QStringLiteral("QD-W8") : program;
 }
 
+/// Lines are broken where a word ends. A list without a blank, or a long path, would run out of the
+/// box and be cut off: such words get places where they may be broken.
+QString WithBreaks(const QString& text) {
+    static const QRegularExpression longWord(QStringLiteral("[\\x21-\\x7E]{60,}"));
+    static const QRegularExpression place(QStringLiteral("([,/]|[^,/]{40})"));
+    QString broken;
+    qsizetype done = 0;
+    for (auto words = longWord.globalMatch(text); words.hasNext();) {
+        const auto word = words.next();
+        broken += text.mid(done, word.capturedStart() - done) +
+                  word.captured().replace(place, QStringLiteral("\\1\u200B"));
+        done = word.capturedEnd();
+    }
+    return broken + text.mid(done);
+}
+
+/// A text that would make the box higher than the screen scrolls.
+void ScrollIfLong(QMessageBox& box) {
+    constexpr int kWidth = 600;
+    auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (label == nullptr || grid == nullptr) {
+        return;
+    }
+    label->setWordWrap(true);
+    const int most = box.screen()->availableGeometry().height() / 2;
+    if (label->heightForWidth(kWidth) <= most) {
+        label->setWordWrap(false); // the box itself finds the best width
+        return;
+    }
+    int row = 0;
+    int column = 0;
+    int rows = 0;
+    int columns = 0;
+    grid->getItemPosition(grid->indexOf(label), &row, &column, &rows, &columns);
+    auto* area = new QScrollArea(&box);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    grid->removeWidget(label);
+    area->setWidget(label);
+    area->setFixedSize(kWidth + area->verticalScrollBar()->sizeHint().width(), most);
+    grid->addWidget(area, row, column, rows, columns);
+}
+
 BoxAnswer ShowBox(const BoxQuestion& question) {
     // The window behind the box may go while it is up, and takes the box with it.
     const QPointer<QMessageBox> box = new QMessageBox(DialogParent());
     box->setObjectName(QStringLiteral("MessageBox"));
     box->setWindowTitle(TitleOf(question));
     box->setTextFormat(Qt::PlainText);
-    box->setText(QString::fromStdString(question.text)
-                     .replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+    box->setText(WithBreaks(QString::fromStdString(question.text)
+                                .replace(QStringLiteral("\r\n"), QStringLiteral("\n"))));
     box->setIcon(IconOf(question.icon));
 
     const std::vector<Choice> choices = ChoicesOf(question.buttons);
@@ -83,6 +134,7 @@ BoxAnswer ShowBox(const BoxQuestion& question) {
             box->setEscapeButton(button);
         }
     }
+    ScrollIfLong(*box);
     box->exec();
 
     // The last choice is the mildest one: Cancel where there is one, else No or the sole button.

@@ -93,6 +93,25 @@ private:
         const char* const names[] = {"Ok", "Cancel", "Yes", "No"};
         return stays ? "stays" : names[answer];
     }
+    /// "whole" if nothing of a box with a list of so many numbers is cut off.
+    static std::string list(const std::string& count) {
+        std::string text = "No. ";
+        for (int number = 1; number <= std::stoi(count); ++number) {
+            text += std::to_string(number) + ",";
+        }
+        bool whole = false;
+        WhenShown("MessageBox", [&](QDialog& dialog) {
+            const auto& label = *dialog.findChild<QLabel*>("qt_msgbox_label");
+            const QRect needed = label.fontMetrics().boundingRect(
+                QRect(0, 0, label.width(), 1 << 20), Qt::TextWordWrap, label.text());
+            whole = QRect(QPoint(), label.size()).contains(needed) &&
+                    dialog.screen()->availableGeometry().contains(dialog.frameGeometry()) &&
+                    QString(label.text()).remove(QChar(0x200B)).toStdString() == text;
+            Click(dialog, "Ok");
+        });
+        ThePlatform().ShowMessageBox({text, BoxButtons::Ok, "", {}});
+        return whole ? "whole" : "cut";
+    }
     std::string type(const std::string& name) {
         asked.clear();
         WhenShown("CommonDialog1", [&](QDialog& dialog) {
@@ -138,6 +157,7 @@ private:
         kOverwritePrompt};
     const Verbs verbs{
         {"box", [this](auto& text) { return box(QString::fromStdString(text)); }},
+        {"list", list},
         {"title", Does([this](auto& text) { title = text; })},
         {"mild", Does([this](auto&) { mild = true; })},
         {"words", Does([](auto& yes) { SetStandardTexts({.yes = yes}); })},
