@@ -3,7 +3,6 @@
 #include "app/boxes.h"
 #include "app/field_reader.h"
 #include "app/number_forms.h"
-#include "app/string_table.h"
 #include "app/waits.h"
 #include "device/axis_device.h"
 #include "platform/cp932_text.h"
@@ -23,7 +22,6 @@ namespace {
 struct State {
     std::int16_t first = 0;
     std::int16_t last = 0;
-    std::array<std::string, kAxes> newOldText;
     Flag readFail = kClear;
     Flag commentCut = kClear;
     bool leftOpen = false; ///< a file that was refused for its first field is left open
@@ -91,9 +89,6 @@ void ReadBody(FieldReader fields) {
         FileNewOld.fill("OLD");
         rows = fields;
     }
-    for (std::size_t axis = 0; axis < kAxes; ++axis) {
-        FileNewOldText[axis] = ResText(FileNewOld[axis] == "NEW" ? 126 : 127);
-    }
     for (int count = 0; !rows.atEnd(); ++count) {
         if (count == kMostRows) {
             throw Fault("a file of more rows than there are positions");
@@ -106,7 +101,6 @@ void ReadBody(FieldReader fields) {
 
 std::int16_t& FileFirst = state.first;
 std::int16_t& FileLast = state.last;
-std::array<std::string, kAxes>& FileNewOldText = state.newOldText;
 Flag& FileReadFailFlag = state.readFail;
 Flag& FileCommentCut = state.commentCut;
 

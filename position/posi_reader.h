@@ -11,14 +11,12 @@ namespace qdw8 {
 
 extern std::int16_t& FileFirst; ///< first and last row number met in the file last read
 extern std::int16_t& FileLast;
-/// "(New)" or "(Old)" per axis of the file last read.
-extern std::array<std::string, kAxes>& FileNewOldText;
 extern Flag& FileReadFailFlag; ///< -1: the file last read was refused, it is no position file
 extern Flag& FileCommentCut;   ///< -1: a comment of the file last read was cut to its 40 characters
 
 /// Reads a file into `PosiStage` (fields as they stand; rows that the file lacks keep what they
-/// held), `FileFirst`, `FileLast`, `FileDevText`, `FileNewOld` and `FileNewOldText`. `FileAxisOff`
-/// is the caller's.
+/// held), `FileFirst`, `FileLast`, `FileDevText` and `FileNewOld`. `FileAxisOff` is the
+/// caller's.
 ///
 /// 0 read. 0 also for a file that doesn't begin as a position file: a box told so, everything is as
 /// it was, and the file stays open. The next call then finds an open file, closes it and gives 1,

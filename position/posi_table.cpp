@@ -15,7 +15,6 @@ struct State {
     std::array<PosiRow, kPosiRows> table;
     std::array<PosiUnits, kPosiRows> units;
     std::array<StageRow, kPosiRows> stage;
-    std::array<std::string, kPosiRows> frameText;
     std::int16_t gridFirst = 0;
     std::int16_t gridLast = 0;
     std::int16_t gridRowCount = 1;
@@ -44,7 +43,6 @@ template<typename Visit> void ForWorkingRows(Visit visit) {
 std::array<PosiRow, kPosiRows>& PosiTable = state.table;
 std::array<PosiUnits, kPosiRows>& PosiUnitTable = state.units;
 std::array<StageRow, kPosiRows>& PosiStage = state.stage;
-std::array<std::string, kPosiRows>& PosiFrameText = state.frameText;
 std::int16_t& GridFirst = state.gridFirst;
 std::int16_t& GridLast = state.gridLast;
 std::int16_t& GridRowCount = state.gridRowCount;
@@ -73,7 +71,6 @@ void ClearPosiTable() {
     }
     PosiTable.fill(fresh);
     PosiUnitTable.fill({});
-    PosiFrameText.fill({});
 }
 
 void EmptyPosiTable() {

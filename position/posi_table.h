@@ -48,8 +48,6 @@ extern std::array<PosiUnits, kPosiRows>& PosiUnitTable;
 /// Staging table: columns 1 to 20 are table columns 0 to 19; column 0 is unused.
 using StageRow = std::array<StageCell, kPosiColumns>;
 extern std::array<StageRow, kPosiRows>& PosiStage;
-/// Raw frame text per row, at index position number - 1.
-extern std::array<std::string, kPosiRows>& PosiFrameText;
 
 // ---- range variables, position numbers ----
 

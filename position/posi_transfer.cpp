@@ -45,7 +45,6 @@ LineResult ReadPosidataFromCt() {
         if (ReadPosiRow(first + index) != 0) {
             return 1;
         }
-        PosiFrameText[static_cast<std::size_t>(first + index) - 1] = ReplyText;
         try {
             rows.push_back(CutRow(ReplyText));
         } catch (const Fault&) {

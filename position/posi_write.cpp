@@ -34,7 +34,6 @@ PosiFrames TakePosiFrames() {
         if (!IsWholeRow(row)) {
             throw Fault("a row has no form on the line");
         }
-        PosiFrameText[index] = row;
         // The echo of the position number is the whole verification.
         frames.writes.push_back(
             {[row] { return WritePosiRow(row); }, "0WP" + row.substr(0, kNumberLength)});

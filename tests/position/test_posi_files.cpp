@@ -11,7 +11,7 @@ namespace {
 
 TEST_F(PositionTest, OlderAndLooseFormsAreRead) {
     ASSERT_EQ(ReadPosiFile(fileOf("old.txt")), 0);
-    EXPECT_EQ(FileNewOld[0] + FileNewOldText[3], "OLD(Old)");
+    EXPECT_EQ(FileNewOld[0] + FileNewOld[3], "OLDOLD");
     EXPECT_EQ(std::pair(FileFirst, FileLast), std::pair(std::int16_t{3}, std::int16_t{3}));
     EXPECT_EQ(TextOf(PosiStage[3][kComment + 1]), "NEW");
     ASSERT_EQ(ReadPosiFile(fileOf("loose.qdd")), 0);
