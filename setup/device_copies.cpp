@@ -51,7 +51,10 @@ std::string NameOf(const AxisDevice& device, bool mounting) {
 std::string FileNameOf(std::size_t axis) {
     std::string name = FileDevText[axis];
     std::erase_if(name, [](char c) { return c == ' ' || c == '_'; });
-    return name + TypeMark(FileNewOld[axis] == "NEW");
+    const std::size_t from = name.find('-') + 1;
+    std::string size = name.substr(from, name.find('-', from) - from);
+    size.resize(size.empty() ? 0 : size.size() - 1); // the speed
+    return name + TypeMark(FileNewOld[axis] == "NEW" || ExistsOnlyAsNew(PadLeft(size, 3)));
 }
 
 /// The line of an axis, empty where both sides agree.
