@@ -169,7 +169,8 @@ protected:
     }
     QString device(std::size_t axis) const {
         return QString::fromStdString(FamilyText[axis] + DevSettei[axis].DevSize + ' ') +
-               QString::number(DevSettei[axis].DevStroke);
+               QString::number(DevSettei[axis].DevStroke) +
+               (IsSet(DevSettei[axis].NewType) ? "" : " old");
     }
     /// Row and numbers of what isn't as it was when the window opened.
     static QString changed(const SmallTable& table) {

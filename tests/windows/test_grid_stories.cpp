@@ -90,6 +90,7 @@ protected:
                                grid->visualRect(at(flgdData().row, flgdData().col)));
                  }
              }},
+            {"named", [&] { EXPECT_EQ(editor->accessibleName().toStdString(), rest); }},
             {"cell",
              [&] {
                  const std::string seen = n[1] == 0 ? GridText(n[0], 0) : shown(n[0], n[1]);

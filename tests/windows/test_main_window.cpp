@@ -53,7 +53,7 @@ TEST_F(MainWindow, ShowsTheCommandStates) {
 TEST_F(MainWindow, ShowsThePanel) {
     const std::vector<std::tuple<bool MainPanel::*, const char*, const char*, QString>> lamps{
         {&MainPanel::imgPortGreen, "imgPortGreen", "imgPortLed", "RS-232C: ON"},
-        {&MainPanel::imgGreenLedOnline, "imgGreenLedOnline", "imgWhiteOnline", "ONLINE: Online"},
+        {&MainPanel::imgGreenLedOnline, "imgGreenLedOnline", "imgWhiteOnline", "ONLINE: ON"},
         {&MainPanel::imgHomeGreen, "imgHomeGreen", "imgHomeWhite", "Home: ON"},
         {&MainPanel::imgAlarmLed, "imgAlarmLed", "imgAlarmWhite", "ALARM: ON"}};
     for (const auto& [field, coloured, white, on] : lamps) {

@@ -39,6 +39,10 @@ void KeyField::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Escape: event->ignore(); return;
     default: break;
     }
+    if (event->matches(QKeySequence::SelectAll)) {
+        selectAll();
+        return;
+    }
     const QString typed = event->text();
     if (typed.size() == 1 &&
         (event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) == 0 &&

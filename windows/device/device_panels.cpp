@@ -81,8 +81,12 @@ DevicePanels::DevicePanels(DeviceForm& shown, QWidget* parent) : QWidget(parent)
 }
 
 DevicePanels::~DevicePanels() {
-    // A list that has the focus tells when it loses it, and when it is destroyed it does: by then
-    // the form may be gone.
+    letGo();
+}
+
+void DevicePanels::letGo() {
+    // A list that has the focus tells when it loses it, as it does when its window is hidden or
+    // destroyed: by then the form is given up, or gone.
     for (const AxisControls& made : axes) {
         for (QComboBox* list :
              {made.comboDeviceSize, made.comboDeviceSpeed, made.comboDeviceStroke}) {

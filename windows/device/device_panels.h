@@ -27,6 +27,8 @@ public:
     void showForm();
     /// Takes over what was typed into a list and not yet left.
     void takeTyped();
+    /// The form hears of no list any more: the window is left without its edits.
+    void letGo();
     /// Axis and caption as accessible names; after the window's texts have come in.
     void nameControls();
 

@@ -36,6 +36,7 @@ void frmDevice2::accept() {
 
 void frmDevice2::reject() {
     if (CancelDevice2(form)) {
+        panels->letGo(); // a list that loses the focus now would take back what was put back
         QDialog::reject();
     }
 }

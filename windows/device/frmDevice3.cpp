@@ -67,6 +67,7 @@ void frmDevice3::accept() {
 
 void frmDevice3::reject() {
     if (CancelDevice3(form)) {
+        panels->letGo(); // a list that loses the focus now would take back what was put back
         QDialog::reject();
     }
 }

@@ -1,8 +1,12 @@
 #include "windows/dialogs/cancel_key.h"
 
+#include "windows/controls/load_form_resources.h"
+
 #include <QApplication>
+#include <QBoxLayout>
 #include <QDialog>
 #include <QKeyEvent>
+#include <QPushButton>
 
 #include <utility>
 
@@ -39,6 +43,22 @@ bool CancelKey::eventFilter(QObject* watched, QEvent* event) {
         QMetaObject::invokeMethod(this, activate, Qt::QueuedConnection);
     }
     return false;
+}
+
+QPushButton* AddCancelButton(QDialog& dialog, QBoxLayout& layout, const char* name,
+                             std::function<void()> click) {
+    auto* cancel = new QPushButton(&dialog);
+    cancel->setObjectName(QString::fromLatin1(name));
+    dialog.setFocusPolicy(Qt::StrongFocus);
+    cancel->setFocusPolicy(Qt::TabFocus);
+    cancel->setAutoDefault(false);
+    SetNumbers(*cancel, 1404);
+    QObject::connect(cancel, &QPushButton::clicked, &dialog, std::move(click));
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(cancel);
+    layout.addLayout(row);
+    return cancel;
 }
 
 } // namespace qdw8

@@ -3,7 +3,9 @@
 #include <QObject>
 #include <functional>
 
+class QBoxLayout;
 class QDialog;
+class QPushButton;
 
 namespace qdw8 {
 
@@ -23,5 +25,11 @@ private:
     QDialog& dialog;
     std::function<bool()> offered;
 };
+
+/// The button of such a dialog, in a row at the end of its layout. The dialog itself has the focus:
+/// a blank or an Enter that was meant for something else cancels nothing. Who wants the button by
+/// the keyboard goes to it with Tab.
+QPushButton* AddCancelButton(QDialog& dialog, QBoxLayout& layout, const char* name,
+                             std::function<void()> click);
 
 } // namespace qdw8

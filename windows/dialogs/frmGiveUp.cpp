@@ -5,9 +5,7 @@
 #include "windows/controls/load_form_resources.h"
 #include "windows/dialogs/cancel_key.h"
 
-#include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace qdw8 {
@@ -25,25 +23,13 @@ frmGiveUp::frmGiveUp(QWidget* parent)
     SetNumbers(*this, 201);
     text->setObjectName(QStringLiteral("lblGiveUp"));
     text->setTextFormat(Qt::PlainText);
-    auto* cancel = new QPushButton(this);
-    cancel->setObjectName(QStringLiteral("cmdGiveUp"));
-    // The dialog itself has the focus: a blank or an Enter that was meant for something else
-    // gives up nothing. Who wants the button by the keyboard goes to it with Tab.
-    setFocusPolicy(Qt::StrongFocus);
-    cancel->setFocusPolicy(Qt::TabFocus);
-    cancel->setAutoDefault(false);
-    SetNumbers(*cancel, 1404);
-    connect(cancel, &QPushButton::clicked, this, [] { cmdGiveUp_Click(); });
     new CancelKey(*this, [] { return TheGiveUpOffer().shown; });
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cancel);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     layout->setSpacing(kSpacing);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(text);
-    layout->addLayout(buttons);
+    AddCancelButton(*this, *layout, "cmdGiveUp", cmdGiveUp_Click);
 }
 
 void frmGiveUp::showState() {

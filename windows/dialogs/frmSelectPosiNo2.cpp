@@ -2,8 +2,8 @@
 
 #include "windows/controls/load_form_resources.h"
 
-#include <QGridLayout>
 #include <QLabel>
+#include <QMargins>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
@@ -11,24 +11,12 @@
 namespace qdw8 {
 namespace {
 
-constexpr int kMargin = 16;
-constexpr int kSpacing = 8;
 constexpr int kIndent = 24;
 
 } // namespace
 
 frmSelectPosiNo2::frmSelectPosiNo2(QWidget* parent) : QDialog(parent) {
-    setObjectName(QStringLiteral("frmSelectPosiNo2"));
-    SetNumbers(*this, 1601);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    layout->setSpacing(kSpacing);
-    layout->setSizeConstraint(QLayout::SetFixedSize);
-
-    auto* text = new QLabel(this);
-    text->setObjectName(QStringLiteral("lblSelectPosiNo"));
-    SetNumbers(*text, 1602);
-    layout->addWidget(text);
+    QVBoxLayout* layout = BeginRangeDialog(*this, "frmSelectPosiNo2");
     const auto option = [this, layout](int index, std::int16_t tag) {
         auto* made = new QRadioButton(this);
         made->setObjectName(QStringLiteral("optSelectPosiNo(%1)").arg(index));
@@ -40,17 +28,11 @@ frmSelectPosiNo2::frmSelectPosiNo2(QWidget* parent) : QDialog(parent) {
     allData = option(0, 1603);
     selectedRange = option(1, 1604);
 
-    auto* boxes = new QGridLayout;
-    boxes->setContentsMargins(kIndent, 0, 0, kSpacing);
-    boxes->setHorizontalSpacing(kSpacing * 2);
-    layout->addLayout(boxes);
-    range = MakeRangeControls(*this, *boxes, ReadRangePreset());
+    range = MakeRangeControls(*this, {kIndent, 0, 0, kRangeSpacing}, ReadRangePreset());
     connect(range.cmdOk, &QPushButton::clicked, this, [this] { accept(); });
 
     RangeDialogOpened();
-    LoadFormResources(*this);
-    range.txtStartPosiNo->setAccessibleName(range.lblStartPosiMoji->text());
-    range.txtEndPosiNo->setAccessibleName(range.lblEndPosiMoji->text());
+    LoadRangeResources(*this, range);
     allData->setChecked(true);
     allData->setFocus();
     showOptions();

@@ -1,43 +1,17 @@
 #include "windows/dialogs/frmSelectPosiNo3.h"
 
-#include "windows/controls/load_form_resources.h"
-
-#include <QGridLayout>
-#include <QLabel>
+#include <QMargins>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 namespace qdw8 {
-namespace {
-
-constexpr int kMargin = 16;
-constexpr int kSpacing = 8;
-
-} // namespace
 
 frmSelectPosiNo3::frmSelectPosiNo3(QWidget* parent) : QDialog(parent) {
-    setObjectName(QStringLiteral("frmSelectPosiNo3"));
-    SetNumbers(*this, 1601);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    layout->setSpacing(kSpacing);
-    layout->setSizeConstraint(QLayout::SetFixedSize);
-
-    auto* text = new QLabel(this);
-    text->setObjectName(QStringLiteral("lblSelectPosiNo"));
-    SetNumbers(*text, 1602);
-    layout->addWidget(text);
-    auto* boxes = new QGridLayout;
-    boxes->setContentsMargins(0, kSpacing, 0, kSpacing);
-    boxes->setHorizontalSpacing(kSpacing * 2);
-    layout->addLayout(boxes);
-    range = MakeRangeControls(*this, *boxes, GridRangePreset());
+    BeginRangeDialog(*this, "frmSelectPosiNo3");
+    range = MakeRangeControls(*this, {0, kRangeSpacing, 0, kRangeSpacing}, GridRangePreset());
     connect(range.cmdOk, &QPushButton::clicked, this, [this] { accept(); });
 
     RangeDialogOpened();
-    LoadFormResources(*this);
-    range.txtStartPosiNo->setAccessibleName(range.lblStartPosiMoji->text());
-    range.txtEndPosiNo->setAccessibleName(range.lblEndPosiMoji->text());
+    LoadRangeResources(*this, range);
     range.txtStartPosiNo->setFocus();
 }
 

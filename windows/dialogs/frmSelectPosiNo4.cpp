@@ -12,8 +12,6 @@
 namespace qdw8 {
 namespace {
 
-constexpr int kMargin = 16;
-constexpr int kSpacing = 8;
 constexpr int kTextCharacters = 48; ///< width of the text that there is nothing in common
 
 /// The rows stand below each other though the last one is a panel of its own: each has the same
@@ -29,7 +27,7 @@ struct Columns {
         for (int column = 0; column < 3; ++column) {
             layout.setColumnMinimumWidth(column, widths.at(static_cast<std::size_t>(column)));
         }
-        layout.setHorizontalSpacing(kSpacing * 2);
+        layout.setHorizontalSpacing(kRangeSpacing * 2);
         layout.setColumnStretch(3, 1);
     }
 };
@@ -54,17 +52,10 @@ QLabel* MakeNumber(QWidget& parent, const char* name, const std::string& text) {
 
 frmSelectPosiNo4::frmSelectPosiNo4(bool common, QWidget* parent)
     : QDialog(parent), overlap(common) {
-    setObjectName(QStringLiteral("frmSelectPosiNo4"));
-    SetNumbers(*this, 1601);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    layout->setSpacing(kSpacing);
-    layout->setSizeConstraint(QLayout::SetFixedSize);
+    QVBoxLayout* layout = BeginRangeDialog(*this, "frmSelectPosiNo4");
     const VerifyRangeTexts preset = VerifyRangePreset();
 
-    QLabel* text = MakeLabel(*this, "lblSelectPosiNo", 1602);
-    text->setVisible(overlap);
-    layout->addWidget(text);
+    layout->itemAt(0)->widget()->setVisible(overlap);
     QLabel* nothing = MakeLabel(*this, "lblSyogoHuka", 342);
     nothing->setWordWrap(true);
     nothing->setFixedWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * kTextCharacters);
@@ -72,8 +63,8 @@ frmSelectPosiNo4::frmSelectPosiNo4(bool common, QWidget* parent)
     layout->addWidget(nothing);
 
     auto* rows = new QGridLayout;
-    rows->setContentsMargins(0, kSpacing, 0, 0);
-    rows->setVerticalSpacing(kSpacing);
+    rows->setContentsMargins(0, kRangeSpacing, 0, 0);
+    rows->setVerticalSpacing(kRangeSpacing);
     layout->addLayout(rows);
     QLabel* startHead = MakeLabel(*this, "lblStartPosiMoji", 1809);
     QLabel* endHead = MakeLabel(*this, "lblEndPosiMoji", 1810);
@@ -100,7 +91,7 @@ frmSelectPosiNo4::frmSelectPosiNo4(bool common, QWidget* parent)
     auto* picture = new QWidget(this);
     picture->setObjectName(QStringLiteral("PictureVerifyRange"));
     auto* boxes = new QGridLayout(picture);
-    boxes->setContentsMargins(0, 0, 0, kSpacing);
+    boxes->setContentsMargins(0, 0, 0, kRangeSpacing);
     layout->addWidget(picture);
     QLabel* rangeMoji = MakeLabel(*picture, "lblRangeMoji", 1613);
     range.lblStartPosiMoji = startHead;

@@ -6,7 +6,6 @@
 #include "windows/dialogs/cancel_key.h"
 
 #include <QCloseEvent>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -25,7 +24,7 @@ constexpr int kPaintMs = 40;
 
 frmTrance::frmTrance(QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint), home(parent),
-      text(new QLabel(this)), bar(new QProgressBar(this)), cancel(new QPushButton(this)) {
+      text(new QLabel(this)), bar(new QProgressBar(this)) {
     setObjectName(QStringLiteral("frmTrance"));
     SetNumbers(*this, 2401);
     text->setObjectName(QStringLiteral("lblSetumei"));
@@ -35,26 +34,13 @@ frmTrance::frmTrance(QWidget* parent)
     bar->setTextVisible(true);
     bar->setFormat(QStringLiteral("%v"));
     bar->setAlignment(Qt::AlignCenter);
-    cancel->setObjectName(QStringLiteral("cmdTranceCancel"));
-    // The dialog itself has the focus: a blank or an Enter that was meant for something else
-    // cancels nothing. Who wants the button by the keyboard goes to it with Tab.
-    setFocusPolicy(Qt::StrongFocus);
-    cancel->setFocusPolicy(Qt::TabFocus);
-    cancel->setAutoDefault(false);
-    SetNumbers(*cancel, 1404);
-
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cancel);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     layout->setSpacing(kSpacing);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(text);
     layout->addWidget(bar);
-    layout->addLayout(buttons);
-
-    connect(cancel, &QPushButton::clicked, this, [] { cmdTranceCancel_Click(); });
+    cancel = AddCancelButton(*this, *layout, "cmdTranceCancel", cmdTranceCancel_Click);
     new CancelKey(*this,
                   [] { return TheTransferDialog().shown && TheTransferDialog().cancelShown; });
     later.setSingleShot(true);

@@ -18,6 +18,12 @@ bool IsComment() {
     return flgdData().col == kGridCommentColumn;
 }
 
+/// The control itself would count units of 16 bits, of which some characters take two.
+int CharactersIn(const QString& text) {
+    return static_cast<int>(
+        std::count_if(text.begin(), text.end(), [](QChar c) { return !c.isLowSurrogate(); }));
+}
+
 /// A figure without the blanks that pad it in its cell: they would use up the box's length.
 QString Shown(const std::string& text) {
     QString shown = QString::fromStdString(text);
@@ -84,10 +90,7 @@ CellEditor::CellEditor(Keys handlers, QWidget* parent)
 void CellEditor::open() {
     setAlignment(Qt::AlignVCenter | (IsComment() ? Qt::AlignLeft : Qt::AlignRight));
     taken = flgdData().edit.text;
-    const QString shown = Shown(taken);
-    // What stands in the cell is shown in whole, also when it was pasted and is longer.
-    setMaxLength(std::max(flgdData().edit.maxLength, static_cast<int>(shown.size())));
-    setText(shown);
+    setText(Shown(taken));
     selectAll();
 }
 
@@ -107,19 +110,20 @@ void CellEditor::take() {
     taken = flgdData().edit.text;
     const QString held = QString::fromStdString(taken);
     const int at = cursorPosition();
-    const int length = std::max(flgdData().edit.maxLength, static_cast<int>(held.size()));
-    // The rules may have changed a character; and a longer maximum puts the cursor to the end.
-    if (held != text() || length != maxLength()) {
-        setMaxLength(length);
+    if (held != text()) { // the rules have changed a character
         setText(held);
         setCursorPosition(at);
     }
 }
 
+int CellEditor::room() const {
+    // What stands in the cell may be longer, when it was pasted; it can only get shorter then.
+    const int free = std::max(flgdData().edit.maxLength - CharactersIn(text()), 0);
+    return free + CharactersIn(selectedText());
+}
+
 void CellEditor::paste() {
-    const auto room = flgdData().edit.maxLength - text().size() + selectedText().size();
-    const auto whole = TextToPaste(ThePlatform().TheClipboard.GetText(),
-                                   static_cast<int>(std::max<qsizetype>(room, 0)));
+    const auto whole = TextToPaste(ThePlatform().TheClipboard.GetText(), room());
     if (whole) {
         insert(QString::fromStdString(*whole));
     }
@@ -145,7 +149,8 @@ void CellEditor::keyPressEvent(QKeyEvent* event) {
         return;
     default: break;
     }
-    if (PassesKeyFilter(InsertedText(*event))) {
+    const QString inserted = InsertedText(*event);
+    if (CharactersIn(inserted) <= room() && PassesKeyFilter(inserted)) {
         QLineEdit::keyPressEvent(event);
     }
     // A key that does nothing here must not be taken for one that the grid got.
@@ -153,9 +158,15 @@ void CellEditor::keyPressEvent(QKeyEvent* event) {
 }
 
 void CellEditor::inputMethodEvent(QInputMethodEvent* event) {
-    if (PassesKeyFilter(event->commitString())) {
-        QLineEdit::inputMethodEvent(event);
+    QString committed = event->commitString();
+    if (!PassesKeyFilter(committed)) {
+        return;
     }
+    while (CharactersIn(committed) > room()) {
+        committed.chop(committed.back().isLowSurrogate() ? 2 : 1);
+    }
+    event->setCommitString(committed, event->replacementStart(), event->replacementLength());
+    QLineEdit::inputMethodEvent(event);
 }
 
 void CellEditor::mouseReleaseEvent(QMouseEvent* event) {

@@ -33,6 +33,8 @@ protected:
     bool focusNextPrevChild(bool next) override;
 
 private:
+    /// Characters that may still come in, those in place of the selected ones included.
+    int room() const;
     void take();
     void paste();
 

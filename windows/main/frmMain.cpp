@@ -269,11 +269,11 @@ void frmMain::showPanel() {
     if (loaded && panel == shown) {
         return;
     }
-    // What a screen reader says of a lamp; "ON" and "OFF" stand on machines in both languages.
-    const auto onOff = [](bool on) { return QLatin1String(on ? "ON" : "OFF"); };
+    // What a screen reader says of a lamp.
+    const auto onOff = [](bool on) { return ResQText(on ? 3090 : 3091); };
     const QString line = ResQText(panel.imgGreenLedOnline ? 293 : 294);
     showLamp(lamps[0], panel.imgPortGreen, onOff(panel.imgPortGreen));
-    showLamp(lamps[1], panel.imgGreenLedOnline, line);
+    showLamp(lamps[1], panel.imgGreenLedOnline, onOff(panel.imgGreenLedOnline));
     showLamp(lamps[2], panel.imgHomeGreen, onOff(panel.imgHomeGreen));
     showLamp(lamps[3], panel.imgAlarmLed, onOff(panel.imgAlarmLed));
     const auto text = [](const std::string& utf8) { return QString::fromStdString(utf8); };

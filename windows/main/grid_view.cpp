@@ -207,8 +207,10 @@ void GridView::showEditor() {
     }
     scrollTo(cells->index(grid.row - kGridHeadRows, grid.col - 1));
     editor->setFont(font());
+    const QVariant head = cells->headerData(grid.col - 1, Qt::Horizontal, Qt::AccessibleTextRole);
     editor->setAccessibleName(
-        QString::fromStdString(GridHead(1, grid.col) + " " + GridText(grid.row, 0)));
+        (head.toString() + QLatin1Char(' ') + QString::fromStdString(GridText(grid.row, 0)))
+            .trimmed());
     editor->open();
     placeEditor();
     editor->show();
