@@ -80,7 +80,7 @@ bool WritingMode::begin() {
         return false;
     }
     const bool taken = SetCtMode(kWriting) == 0;
-    on = taken || LineAnswers();
+    on = taken || LineAnswers;
     if (!taken) {
         TellFailed();
     }
@@ -92,11 +92,11 @@ void WritingMode::end(int tries) {
         return;
     }
     on = false;
-    if (!LineAnswers()) {
+    if (!LineAnswers) {
         return;
     }
     while (SetCtMode(kIdle) != 0) {
-        if (--tries <= 0 || !LineAnswers()) {
+        if (--tries <= 0 || !LineAnswers) {
             TellFailed();
             return;
         }

@@ -98,6 +98,7 @@ void ShowErrorReply() {
 
 void LeaveIfNotResettable() {
     if (IsSet(AlarmNotResettableFlag)) {
+        LineAnswers = false;
         CloseCtPortForce();
         SetOfflineState();
     }
@@ -105,6 +106,7 @@ void LeaveIfNotResettable() {
 
 void FailPort(Manner manner) {
     LastLoss = LineLoss::Port;
+    LineAnswers = false;
     if (IsTalking(manner)) {
         ShowPortBox();
     } else {
@@ -116,6 +118,7 @@ void FailPort(Manner manner) {
 /// The port closed itself under the exchange.
 void FailPortGone(Manner manner) {
     LastLoss = LineLoss::Port;
+    LineAnswers = false;
     CommErrorFlag = kSet;
     CloseCtPortForce();
     SetOfflineState();
@@ -125,6 +128,7 @@ void FailPortGone(Manner manner) {
 }
 
 void FailTimeout(Manner manner) {
+    LineAnswers = false;
     CommErrorFlag = kSet;
     CloseCtPortForce();
     if (IsTalking(manner)) {
@@ -168,6 +172,7 @@ void Recover(Manner manner, bool wrongLength) {
     Send("0CM0", ReplyTimeoutMs > 0 ? ReplyTimeoutMs : kRecoveryMs);
     if (!WaitForAnswerOrUser()) {
         LastLoss = LineLoss::GivenUp;
+        LineAnswers = false;
         SetOfflineState();
         return;
     }
@@ -236,6 +241,7 @@ std::int16_t Exchange(const std::string& word, std::int16_t length, const std::s
 std::int16_t ExchangeGuarded(const std::string& word, std::int16_t length, const std::string& data,
                              std::size_t echoed, Manner manner) {
     LastLoss = LineLoss::None;
+    LineAnswers = true;
     try {
         return Exchange(word, length, data, echoed, manner);
     } catch (const PortGone&) {
@@ -247,6 +253,7 @@ std::int16_t ExchangeGuarded(const std::string& word, std::int16_t length, const
             FailPortGone(manner);
             return 1;
         }
+        LineAnswers = false;
         if (IsTalking(manner)) {
             ShowTexts({108});
         }

@@ -14,6 +14,7 @@ struct LineState {
     Flag AlarmFlag = kClear;
     Flag HomedFlag = kClear;
     LineLoss LastLoss = LineLoss::None;
+    bool LineAnswers = true;
     std::int16_t ReplyTimeoutMs = 0;
     std::string CtVersion;
     std::int16_t CtAxisCount = 0;
@@ -30,6 +31,7 @@ Flag& CommErrorFlag = state.CommErrorFlag;
 Flag& AlarmFlag = state.AlarmFlag;
 Flag& HomedFlag = state.HomedFlag;
 LineLoss& LastLoss = state.LastLoss;
+bool& LineAnswers = state.LineAnswers;
 std::int16_t& ReplyTimeoutMs = state.ReplyTimeoutMs;
 std::string& CtVersion = state.CtVersion;
 std::int16_t& CtAxisCount = state.CtAxisCount;
@@ -49,10 +51,6 @@ void SetOfflineState() {
         OnLineFlag = kClear;
     }
     SetPanel(&MainPanel::imgGreenLedOnline, false);
-}
-
-bool LineAnswers() {
-    return !IsSet(OffLineFlag) && !IsSet(CommErrorFlag);
 }
 
 void ResetLineState() {

@@ -22,6 +22,10 @@ enum class LineLoss : std::uint8_t {
     GivenUp ///< the wait for an answer was given up
 };
 extern LineLoss& LastLoss;
+/// The controller was heard in the last exchange, if not to its liking, and can be talked to: the
+/// plain question after a reply that can't be believed was answered, too. False when the time limit
+/// passed, the wait was given up, the port is gone, or an alarm stands that no reset clears.
+extern bool& LineAnswers;
 /// Milliseconds allowed for the next reply; every caller sets it before. 0 is no limit.
 extern std::int16_t& ReplyTimeoutMs;
 
@@ -32,9 +36,6 @@ extern std::array<std::string, kAxes>& CtAxisVersion;
 /// The outcome of the line: state and lamp.
 void SetOnlineState();
 void SetOfflineState();
-
-/// The line still answers: nothing failed for good since the last try, and the program is on line.
-bool LineAnswers();
 
 void ResetLineState();
 

@@ -65,6 +65,7 @@ void TakeCharacters() {
 /// A fault while receiving: the line is gone. `OnLineFlag` and the lamp are left as they are; this
 /// is the one place after which both flags can be set.
 void GiveLineUp() {
+    LineAnswers = false;
     OffLineFlag = kSet;
     CloseCtPortForce();
 }
@@ -85,6 +86,7 @@ void LineEvent() {
     if (MSComm1().PortOpen()) {
         Receive();
     } else if (!IsSet(ReplyAwaitedFlag) && !IsSet(OffLineFlag)) {
+        LineAnswers = false;
         SetOfflineState();
     }
 }

@@ -127,9 +127,6 @@ std::int16_t Write(int first, ReservedMap map) {
             return 1;
         }
         const LineResult result = SendBlocks(first, blocks);
-        if (result == LineResult::WrongEcho) {
-            CommErrorFlag = kClear; // the line answers, so the writing mode can still be ended
-        }
         return result == LineResult::Done ? 0 : 1;
     } catch (const std::exception&) {
         ShowWrongData();

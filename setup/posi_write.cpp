@@ -6,7 +6,6 @@
 #include "app/waits.h"
 #include "link/axis_mask.h"
 #include "link/batch.h"
-#include "link/line_state.h"
 #include "position/posi_check.h"
 #include "position/posi_command.h"
 #include "position/posi_table.h"
@@ -67,8 +66,6 @@ void WriteRows(const PosiFrames& frames) {
         ShowTexts({376});
     } else if (!IsSet(ProgramEndFlag)) {
         mode.leave();
-    } else if (result == LineResult::WrongEcho) {
-        CommErrorFlag = kClear; // the line answers, so the mode can still be ended
     }
 }
 

@@ -86,6 +86,9 @@ void ChooseSmCommand(int step, int choice) {
     if (command == 0) {
         EditSmData(step, {});
     } else {
+        if (StepOf(step).data != 0) {
+            ShowStep(step); // those of a step never written were out of sight
+        }
         Tell();
     }
 }

@@ -70,7 +70,7 @@ TEST(SetupSteps, OfAParameterWrite) {
             EXPECT_LE(told(BoxText("timeout")) + told(BoxText("port")),
                       step.frame == "0CM00" ? 2 : 1)
                 << "a line that no longer answers is not asked again";
-            if (LineAnswers() && !modeAsked) {
+            if (LineAnswers && !modeAsked) {
                 EXPECT_EQ(bench.line.controller.machine().mode, 0);
             }
             EXPECT_LE(told(BoxText("written")), 1 - told(kNotWritten));
@@ -128,7 +128,7 @@ TEST(SetupSteps, OfADeviceWrite) {
                 EXPECT_EQ(bench.platform.settings["DevStroke1"], written ? "300" : "");
                 EXPECT_EQ(DevSetting[1].DevPPR, written ? 192 : 400);
             }
-            if (LineAnswers() && !step.frame.starts_with("0CM0")) {
+            if (LineAnswers && !step.frame.starts_with("0CM0")) {
                 EXPECT_EQ(machine.mode, 0);
             }
             EXPECT_TRUE(!step.boxes.empty() || step.frame == "0RA" || step.fault == "dumb")

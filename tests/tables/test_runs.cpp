@@ -58,7 +58,7 @@ TEST(Macros, AWriteAtEveryStepCommitsAllOrNothing) {
                                EXPECT_EQ(bench.inController(machine.lasting),
                                          done || machine.commits > 0 ? Text(Held::Shown) : old);
                                EXPECT_TRUE(done || (!step.fault.empty() && !step.boxes.empty()));
-                               EXPECT_TRUE(machine.mode == 0 || !LineAnswers() ||
+                               EXPECT_TRUE(machine.mode == 0 || !LineAnswers ||
                                            step.frame == "0CM00");
                            },
                            kFaults);

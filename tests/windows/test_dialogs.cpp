@@ -142,6 +142,8 @@ protected:
             }
         } else if (what.contains('=')) {
             put(Get<QWidget>(dialog, what.section('=', 0, 0)), what.section('=', 1));
+        } else if (auto* field = dialog.findChild<QLineEdit*>(what)) {
+            QTest::mouseClick(field, Qt::LeftButton);
         } else {
             Get<QAbstractButton>(dialog, what).click();
         }

@@ -61,6 +61,15 @@ void KeyField::mouseReleaseEvent(QMouseEvent* event) {
 void KeyField::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     selectAll();
+    clickedIn = event->reason() == Qt::MouseFocusReason;
+}
+
+void KeyField::mousePressEvent(QMouseEvent* event) {
+    QLineEdit::mousePressEvent(event);
+    // The press that brings the focus would take the selection away again.
+    if (std::exchange(clickedIn, false) || length == 1) {
+        selectAll();
+    }
 }
 
 bool IsDigit(char character) {
