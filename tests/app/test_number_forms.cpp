@@ -1,8 +1,10 @@
-// Numbers into text and text into numbers: every file, frame and cell goes through these.
+// Numbers into text, text into numbers and into the code page of files: every file, frame and cell
+// goes through these.
 
 #include "app/number_forms.h"
 
 #include "app/field_reader.h"
+#include "platform/cp932_text.h"
 #include "platform/fault.h"
 #include "support/story.h"
 
@@ -51,7 +53,11 @@ const test::Verbs kForms{
     {"PadLeft3", [](auto& in) { return PadLeft(in, 3); }},
     {"Mid", [](auto& in) { return std::string(Mid("ABCDE", std::stoul(in), 3)); }},
     {"Fields", [](auto& in) { return Fields(in); }},
-    {"Trim", [](auto& in) { return Trim(in); }}};
+    {"Trim", [](auto& in) { return Trim(in); }},
+    {"ToCp932", [](auto& in) { return ToCp932(in); }},
+    {"FromCp932", [](auto& in) { return FromCp932(in); }},
+    {"LackingInCp932", [](auto& in) { return LackingInCp932(in); }},
+    {"TwoLackingInCp932", [](auto& in) { return LackingInCp932(in, 2); }}};
 
 TEST(NumberForms, Table) {
     const auto rows = test::RowsOf("app/number_forms.txt");
@@ -88,6 +94,11 @@ TEST(NumberForms, WhatIsWrittenReadsBack) {
         const double value = thousandth / 1000.0;
         ASSERT_EQ(NumberFromText(FixedDecimals(value, 3)), value);
         ASSERT_EQ(NumberOfCell(PlainDecimal(value)), value);
+    }
+    std::string text;
+    for (int round = 0; round < 1000; ++round) { // longer than any buffer
+        text += "位置ｱｶ ソ表\r\n";
+        ASSERT_EQ(FromCp932(ToCp932(text)), text);
     }
     for (int value = 0; value <= 0xFFFF; value += 13) {
         ASSERT_EQ(HexValue(HexField(value, 4)), value);

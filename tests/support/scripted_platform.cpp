@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace qdw8::test {
 namespace {
@@ -15,20 +16,11 @@ std::string WithoutLineEnd(std::string text) {
     return text;
 }
 
-const char* NameOf(BoxButtons buttons) {
-    switch (buttons) {
-    case BoxButtons::Ok: return "Ok";
-    case BoxButtons::OkCancel: return "OkCancel";
-    case BoxButtons::YesNo: return "YesNo";
-    case BoxButtons::YesNoCancel: return "YesNoCancel";
-    }
-    return "?";
-}
-
 } // namespace
 
 std::string Describe(const BoxQuestion& question) {
-    return "box " + std::string(NameOf(question.buttons)) + ": " + question.text +
+    static const std::string names[] = {"Ok", "OkCancel", "YesNo", "YesNoCancel"};
+    return "box " + names[static_cast<std::size_t>(question.buttons)] + ": " + question.text +
            (question.mildDefault ? " [mild]" : "");
 }
 
@@ -172,7 +164,7 @@ void ScriptedPlatform::installScreens() {
 }
 
 void ScriptedPlatform::after(std::int64_t ms, std::function<void()> action) {
-    actions.push_back({now + ms, nextOrder++, std::move(action)});
+    dues.push_back({now + ms, nextOrder++, nullptr, std::move(action)});
 }
 
 void ScriptedPlatform::arrive(std::int64_t ms, const std::string& characters) {
@@ -206,39 +198,30 @@ void ScriptedPlatform::received(const std::string& characters) {
 }
 
 void ScriptedPlatform::timerChanged(Timer& timer) {
+    std::erase_if(dues, [&timer](const Due& due) { return due.timer == &timer; });
     if (timer.enabled && timer.interval > 0) {
-        timers[&timer] = {now + timer.interval, nextOrder++, {}};
-    } else {
-        timers.erase(&timer);
+        dues.push_back({now + timer.interval, nextOrder++, &timer, [&] { timer.routine(); }});
     }
 }
 
-/// Serves the one event that is due next, if it is due by `limit`.
+/// Serves the one event that is due next, if it is due by `limit`; of those that are due at the
+/// same time, timers come last.
 bool ScriptedPlatform::step(std::int64_t limit) {
-    const auto earlier = [](const Due& a, const Due& b) {
-        return std::pair(a.at, a.order) < std::pair(b.at, b.order);
-    };
-    const auto action = std::min_element(actions.begin(), actions.end(), earlier);
-    const auto timer =
-        std::min_element(timers.begin(), timers.end(),
-                         [&](const auto& a, const auto& b) { return earlier(a.second, b.second); });
-    const bool hasTimer = timer != timers.end();
-    const bool hasAction = action != actions.end();
-    if (hasAction && action->at <= limit && (!hasTimer || action->at <= timer->second.at)) {
-        now = std::max(now, action->at);
-        const auto run = std::move(action->action);
-        actions.erase(action);
-        run();
-        return true;
+    const auto next = std::min_element(dues.begin(), dues.end(), [](const Due& a, const Due& b) {
+        return std::tuple(a.at, a.timer != nullptr, a.order) <
+               std::tuple(b.at, b.timer != nullptr, b.order);
+    });
+    if (next == dues.end() || next->at > limit) {
+        return false;
     }
-    if (hasTimer && timer->second.at <= limit) {
-        now = std::max(now, timer->second.at);
-        Timer& due = *timer->first;
-        timer->second = {now + due.interval, nextOrder++, {}};
-        due.routine();
-        return true;
+    const Due due = *next;
+    dues.erase(next);
+    now = std::max(now, due.at);
+    if (due.timer != nullptr) {
+        timerChanged(*due.timer);
     }
-    return false;
+    due.action();
+    return true;
 }
 
 void ScriptedPlatform::pump() {

@@ -45,7 +45,6 @@ public:
     /// `ms` milliseconds. A frame with no answer queued meets silence.
     void answer(const std::string& reply, std::int64_t ms = 10);
     void answerBytes(std::vector<std::pair<std::int64_t, std::string>> pieces);
-    void silence() { answerBytes({}); }
     /// The line fails: it closes itself and tells.
     void breakLine();
 
@@ -93,6 +92,7 @@ private:
     struct Due {
         std::int64_t at = 0;
         std::int64_t order = 0;
+        Timer* timer = nullptr; ///< that comes again; null for what happens once
         std::function<void()> action;
     };
     struct Expected {
@@ -111,8 +111,7 @@ private:
     void timerChanged(Timer& timer);
     void received(const std::string& characters);
 
-    std::map<Timer*, Due> timers;
-    std::vector<Due> actions;
+    std::vector<Due> dues;
     std::int64_t nextOrder = 0;
     std::deque<Expected> expected;
     std::deque<std::vector<std::pair<std::int64_t, std::string>>> answers;
