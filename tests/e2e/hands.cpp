@@ -48,17 +48,23 @@ QPoint PlaceOf(const FindSpot& find, Boxes boxes) {
     return last;
 }
 
+void ToFocus(const std::function<void(QWidget*)>& act) {
+    Post([act] {
+        if (QWidget* widget = QApplication::focusWidget(); widget != nullptr) {
+            act(widget);
+        }
+    });
+}
+
 } // namespace
 
 void ClickAt(const FindSpot& find, Boxes boxes, Held held) {
     if (RealHands()) {
         const QPoint place = PlaceOf(find, boxes);
-        QStringList words{"mousemove", QString::number(place.x()), QString::number(place.y()),
-                          "click", "1"};
-        if (held == Held::Shift) {
-            words = QStringList{"keydown", "shift"} + words + QStringList{"keyup", "shift"};
-        }
-        Xdotool(words);
+        const QStringList words{"mousemove", QString::number(place.x()), QString::number(place.y()),
+                                "click", "1"};
+        const QStringList shift{"keydown", "shift"};
+        Xdotool(held == Held::Shift ? shift + words + QStringList{"keyup", "shift"} : words);
         return;
     }
     WaitFor([&] { return find().widget != nullptr; }, boxes);
@@ -80,10 +86,8 @@ void Press(const QStringList& keys) {
         return;
     }
     for (const QString& key : keys) {
-        Post([pressed = QKeySequence(key)[0]] {
-            if (QWidget* widget = QApplication::focusWidget(); widget != nullptr) {
-                QTest::keyClick(widget, pressed.key(), pressed.keyboardModifiers());
-            }
+        ToFocus([pressed = QKeySequence(key)[0]](QWidget* widget) {
+            QTest::keyClick(widget, pressed.key(), pressed.keyboardModifiers());
         });
     }
 }
@@ -95,11 +99,7 @@ void KeyIn(const QString& text) {
     }
     // The first character may bring up the box that takes the others.
     for (const QChar character : text) {
-        Post([character] {
-            if (QWidget* widget = QApplication::focusWidget(); widget != nullptr) {
-                QTest::keyClicks(widget, QString(character));
-            }
-        });
+        ToFocus([character](QWidget* widget) { QTest::keyClicks(widget, QString(character)); });
     }
 }
 

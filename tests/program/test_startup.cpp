@@ -40,12 +40,6 @@ const SelectionQuestion kActuators{
     {"The type of QD is selected, and the default parameter is read.",
      "The parameter file is opened."},
     true};
-const std::string kFinish = "Finish QD-W8.";
-const std::string kNoData =
-    "There is no position data.\r\nPlease try again after perform [New Data] "
-    "or [Read from C/T] and then editing data. ";
-const std::string kSaveFirst = "Data have been changed. Save the data into the file before finish?";
-
 struct StartBench : LineBench {
     StartBench() {
         Screens().frmSplashShow = [this] { note("splash"); };
@@ -60,8 +54,9 @@ struct StartBench : LineBench {
     }
     /// Start-up with an answer to the first question and, off line, what the user chooses as
     /// fitted; `why`: the box that says why it doesn't go on line.
-    void start(std::int16_t answer, bool offLine, const std::function<void()>& choose = {},
-               const std::string& why = {}) {
+    void start(
+        std::int16_t answer, bool offLine, const std::function<void()>& choose = [] {},
+        const std::string& why = {}) {
         platform.expectSelection(kStartMode, answer);
         if (!why.empty()) {
             platform.expectBox(why);
@@ -70,16 +65,10 @@ struct StartBench : LineBench {
             platform.expectSelection(kActuators, 0);
             platform.expectScreen("frmDevice2", [choose] {
                 EXPECT_EQ(StartDeviceSelectFlag, kSet);
-                if (choose) {
-                    choose();
-                }
+                choose();
             });
         }
         Main();
-    }
-    void startRefused(const std::string& why) {
-        start(0, true, {}, why);
-        expectStoredDevices();
     }
     void expectUsable() const {
         EXPECT_TRUE(IsEnabled(Command::cmdPosiRead));
@@ -104,7 +93,7 @@ struct StartBench : LineBench {
     /// What the user is asked at the end, and whether the program then ends.
     void expectEnd(BoxAnswer answer, bool ends) {
         const bool dirty = IsSet(PosiDirtyFlag);
-        platform.expectBox(dirty ? kSaveFirst : kFinish,
+        platform.expectBox(dirty ? BoxText("save first") : BoxText("finish"),
                            dirty ? BoxButtons::YesNoCancel : BoxButtons::OkCancel, answer);
         EXPECT_EQ(frmMain_QueryUnload(), ends);
     }
@@ -114,7 +103,7 @@ struct StartBench : LineBench {
         platform.sent.clear();
         questions();
         platform.after(ms, [this] {
-            platform.expectBox(kFinish, BoxButtons::OkCancel, BoxAnswer::Ok);
+            platform.expectBox(BoxText("finish"), BoxButtons::OkCancel, BoxAnswer::Ok);
             Screens().frmMainClose = [] { EXPECT_FALSE(frmMain_QueryUnload()); };
             RunCommand(Command::mnuFileExit); // the command that runs comes first
             platform.checkAllAsked();
@@ -177,11 +166,12 @@ TEST(StartUpSteps, EveryFailureEndsOffLineWithTheStoredDevices) {
 
 TEST_F(StartUp, AnotherControllerIsRefusedAndAPortIsTriedSixTimes) {
     line.controller.setAxisCount(2);
-    startRefused(
-        "This is not \"QD-K8\" controller.\r\nPlease check whether a controller is QD-K8.");
+    start(
+        0, true, [] {}, BoxText("stranger"));
     platform.failingOpens = -1;
     platform.settings["PortNo"] = "3";
-    startRefused(BoxText("port"));
+    start(
+        0, true, [] {}, BoxText("port"));
     EXPECT_EQ(std::count(platform.events.begin(), platform.events.end(), "open fails"), 6);
     EXPECT_EQ(PortNo, 3);
 }
@@ -224,8 +214,7 @@ TEST_F(StartUp, OddSettingsAreTakenAsTheyMean) {
                          {"PortNo", "99999"},
                          {"PortOccupy", "7"}};
     platform.screen = {800, 600};
-    platform.expectBox("Since the resolution of a screen is low, an error may occur while in "
-                       "use.\r\nPlease use the resolution of a screen or more by 1024x768.");
+    platform.expectBox(BoxText("small screen"));
     start(1, true);
     EXPECT_EQ(LanguageNo, 3);
     EXPECT_EQ(LanguageBase, 10000);
@@ -275,7 +264,7 @@ TEST_F(StartUp, TheEndAsksAndStoresPortAndLanguage) {
     PosiDirtyFlag = kSet;
     expectEnd(BoxAnswer::Cancel, false);
     expectEnd(BoxAnswer::No, true);
-    platform.expectBox(kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::Yes);
+    platform.expectBox(BoxText("save first"), BoxButtons::YesNoCancel, BoxAnswer::Yes);
     platform.expectScreen("frmSelectPosiNo3", [] { PosiLast = 1; });
     platform.expectBox("Write Data to the file,Yes?", BoxButtons::OkCancel, BoxAnswer::Ok);
     platform.expectFile({FileQuestion::Kind::Save, "Save Position Data as ...",
@@ -284,8 +273,8 @@ TEST_F(StartUp, TheEndAsksAndStoresPortAndLanguage) {
                         FileAnswer{pathOf("part.qdd"), "part.qdd"});
     EXPECT_FALSE(frmMain_QueryUnload()) << "a part is not the whole";
     ResetGrid();
-    platform.expectBox(kSaveFirst, BoxButtons::YesNoCancel, BoxAnswer::Yes);
-    platform.expectBox(kNoData);
+    platform.expectBox(BoxText("save first"), BoxButtons::YesNoCancel, BoxAnswer::Yes);
+    platform.expectBox(BoxText("no data"));
     EXPECT_FALSE(frmMain_QueryUnload()) << "nothing was saved, so the window stays";
     EXPECT_FALSE(platform.ended);
     PortNo = 4;
@@ -383,7 +372,7 @@ TEST_F(StartUp, ACommandThatIsKeptFinishesTheCellWhenItIsChosen) {
         EXPECT_EQ(finished, 1);
         EXPECT_EQ(flgdData().locked, 1) << "what is typed now comes behind the command";
     });
-    platform.expectBox(kNoData);
+    platform.expectBox(BoxText("no data"));
     SupervisionTick();
     platform.checkAllAsked();
     EXPECT_EQ(finished, 1);
