@@ -9,6 +9,7 @@
 #include "program/commands.h"
 #include "program/shutdown.h"
 #include "windows/controls/icons.h"
+#include "windows/controls/in_front.h"
 #include "windows/device/frmDevice2.h"
 #include "windows/device/frmDevice3.h"
 #include "windows/dialogs/frmDataShogo.h"
@@ -54,8 +55,9 @@ Windows& TheWindows() {
     return *windows;
 }
 
+/// What a modal window stands over, and gives the keys back to.
 QWidget* Parent() {
-    return TheWindows().main.get();
+    return WindowOfWork(TheWindows().main.get());
 }
 
 /// What the toolkit itself says, and the font, in the language of the run.
@@ -92,7 +94,7 @@ template<typename Window> std::function<void()> Open(std::unique_ptr<Window> Win
     return [window] {
         auto& there = TheWindows().*window;
         if (!there || !there->isVisible()) {
-            there = std::make_unique<Window>(Parent());
+            there = std::make_unique<Window>(TheWindows().main.get());
         }
         there->show();
         there->raise();

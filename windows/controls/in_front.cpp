@@ -31,14 +31,15 @@ void CountAsWorkWindow(QWidget& window) {
     window.installEventFilter(new ActivationWatch(&window));
 }
 
-void PutInFront(QDialog& dialog, QWidget* home) {
-    QWidget* modal = QApplication::activeModalWidget();
-    QWidget* over = home;
-    if (modal != nullptr && modal != &dialog) {
-        over = modal;
-    } else if (WorkWindow() && WorkWindow()->isVisible()) {
-        over = WorkWindow();
+QWidget* WindowOfWork(QWidget* home) {
+    if (QWidget* modal = QApplication::activeModalWidget()) {
+        return modal;
     }
+    return WorkWindow() && WorkWindow()->isVisible() ? WorkWindow().data() : home;
+}
+
+void PutInFront(QDialog& dialog, QWidget* home) {
+    QWidget* over = WindowOfWork(home);
     if (dialog.parentWidget() != over) {
         dialog.setParent(over, dialog.windowFlags());
     }

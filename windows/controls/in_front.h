@@ -8,9 +8,12 @@ namespace qdw8 {
 /// From now on the window is the one that the user works in whenever it becomes the active one.
 void CountAsWorkWindow(QWidget& window);
 
-/// Moves a hidden dialog in front of what the user works in: the modal window that is up, else the
-/// window that the user worked in last, else `home`. A dialog that is not modal could neither be
-/// seen nor used behind a modal window.
+/// What the user works in: the modal window that is up, else the window that the user worked in
+/// last, else `home`.
+QWidget* WindowOfWork(QWidget* home);
+
+/// Moves a hidden dialog in front of what the user works in. A dialog that is not modal could
+/// neither be seen nor used behind a modal window.
 void PutInFront(QDialog& dialog, QWidget* home);
 
 /// Hides it and gives it back to `home`, so that it doesn't go with the window that it stood over.

@@ -32,7 +32,7 @@ constexpr int kSpacing = 8;
 constexpr int kFieldCharacters = 11; ///< least width of a field, in digits
 constexpr int kWideCharacters = 14;  ///< and of one that stands once
 constexpr int kActuatorLength = 3;   ///< characters of a size and of a stroke
-constexpr int kFirstAxisColumn = 2;  ///< before them the item and the part of it
+constexpr int kFirstAxisColumn = 1;  ///< before them the item
 constexpr QRgb kGreyColour = qRgb(0xE0, 0xE0, 0xE0);
 constexpr QRgb kGreyText = qRgb(0x50, 0x50, 0x50);
 constexpr QRgb kRefusedColour = qRgb(0xFF, 0x40, 0x40);
@@ -232,14 +232,13 @@ void ParaPages::makePage(int page) {
 void ParaPages::makeRow(const ParaControlRow& row, QGridLayout& grid, int line) {
     QWidget* frame = widget(row.page);
     const auto index = static_cast<std::size_t>(row.control);
-    auto* label = new QLabel(frame);
-    label->setText(QString::fromLatin1(kItems[index].data()));
-    grid.addWidget(label, line, 0);
+    items[index] = new QLabel(QString::fromLatin1(kItems[index].data()), frame);
+    grid.addWidget(items[index], line, 0);
     if (const std::int16_t part = PartOf(row.control); part != 0) {
         labels[index] = new QLabel(frame);
         labels[index]->setObjectName(QStringLiteral("lbl") + QLatin1String(row.name));
         SetNumbers(*labels[index], part);
-        grid.addWidget(labels[index], line, 1);
+        grid.addWidget(labels[index], line, 0, Qt::AlignRight);
     }
     for (std::size_t axis = 0; axis < ElementsOf(row); ++axis) {
         QWidget* made = makeField(row, axis, frame);
@@ -252,7 +251,7 @@ void ParaPages::makeRow(const ParaControlRow& row, QGridLayout& grid, int line) 
         cmdCalculate->setObjectName(QStringLiteral("cmdCalculate"));
         SetNumbers(*cmdCalculate, 1301);
         SetMnemonic(*cmdCalculate, 'l');
-        grid.addWidget(cmdCalculate, line, 1);
+        grid.addWidget(cmdCalculate, 0, 0); // above the item that it is for
     }
 }
 
@@ -290,8 +289,10 @@ QWidget* ParaPages::makeText(const ParaControlRow& row, ParaPlace place, QWidget
 
 QWidget* ParaPages::makeList(const ParaControlRow& row, ParaPlace place, QWidget* parent) {
     auto* made = new QComboBox(parent);
-    made->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    made->setMinimumContentsLength(row.perAxis() ? kFieldCharacters - 2 : kWideCharacters);
+    made->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    // On a small screen a long row may lose its end; four axes side by side come first.
+    made->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) *
+                          (row.perAxis() ? kFieldCharacters : kWideCharacters));
     if (row.kind == ParaKind::ActuatorList) {
         made->setEditable(true);
         made->setInsertPolicy(QComboBox::NoInsert);
@@ -344,17 +345,15 @@ void ParaPages::nameControls() {
         }
     }
     // An axis stands at the same place on every page.
-    for (const int column : {0, 1}) {
-        int width = 0;
-        for (const QGridLayout* grid : grids) {
-            for (int line = 0; line < grid->rowCount(); ++line) {
-                const QLayoutItem* item = grid->itemAtPosition(line, column);
-                width = std::max(width, item != nullptr ? item->sizeHint().width() : 0);
-            }
-        }
-        for (QGridLayout* grid : grids) {
-            grid->setColumnMinimumWidth(column, width);
-        }
+    const int actuator = items[static_cast<std::size_t>(comboActSize)]->sizeHint().width();
+    int width = 0;
+    for (std::size_t index = 0; index < kParaControls; ++index) {
+        const QLabel* part = labels[index];
+        width = std::max(width, part != nullptr ? actuator + kSpacing + part->sizeHint().width()
+                                                : items[index]->sizeHint().width());
+    }
+    for (QGridLayout* grid : grids) {
+        grid->setColumnMinimumWidth(0, width);
     }
 }
 

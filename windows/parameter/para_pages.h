@@ -62,6 +62,7 @@ private:
     Field& at(ParaPlace place);
 
     std::array<std::array<Field, kAxes>, kParaControls> fields;
+    std::array<QLabel*, kParaControls> items{};
     std::array<QLabel*, kParaControls> labels{}; ///< parts of the actuator
     std::vector<QGridLayout*> grids;             ///< of the pages
     QWidget* chkTokuParaChange = nullptr;
