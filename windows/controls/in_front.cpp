@@ -35,7 +35,8 @@ QWidget* WindowOfWork(QWidget* home) {
     if (QWidget* modal = QApplication::activeModalWidget()) {
         return modal;
     }
-    return WorkWindow() && WorkWindow()->isVisible() ? WorkWindow().data() : home;
+    QWidget* const work = WorkWindow();
+    return work != nullptr && work->isVisible() ? work : home;
 }
 
 void PutInFront(QDialog& dialog, QWidget* home) {
