@@ -7,6 +7,7 @@
 #include <array>
 #include <memory>
 
+class QGridLayout;
 class QLabel;
 class QRadioButton;
 
@@ -39,7 +40,7 @@ private:
 
     QWidget* makePages();
     QWidget* makeRows();
-    void makeRow(int row, class QGridLayout& layout, int line, int column);
+    void makeRow(int row, QGridLayout& layout, int line, int column);
     void take(int row, int field);
     void showPage(int page);
     void moveTo(int row, int field);
