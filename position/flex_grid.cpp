@@ -139,8 +139,13 @@ void OpenEditBox(int maxLength) {
 }
 
 void SetEditText(const std::string& text) {
+    grid.edit.spoilt = grid.edit.spoilt && text.size() > grid.edit.text.size();
     // What the form of the file can't hold is replaced in sight of the user.
     grid.edit.text = grid.col == kGridCommentColumn ? BoundCellText(kComment, text).text : text;
+}
+
+void SpoilEdit() {
+    grid.edit.spoilt = true;
 }
 
 void CloseEditBox() {

@@ -45,6 +45,8 @@ struct EditBox {
     bool open = false;
     std::string text;  ///< what stands in it now, UTF-8
     int maxLength = 0; ///< characters that can be typed
+    /// A character was typed that the box didn't take: what stands in it is not what was meant.
+    bool spoilt = false;
 };
 
 struct FlexGrid {
@@ -96,8 +98,10 @@ GridSpan SelectedRows();
 /// The edit box, opened on the current cell with its text.
 void OpenEditBox(int maxLength);
 /// Takes over what stands in the edit box. In the comment a double quote becomes an apostrophe and
-/// what lies behind 40 characters is cut: the box must show `flgdData().edit.text` afterwards.
+/// what lies behind 40 characters is cut: the box must show `flgdData().edit.text` afterwards. A
+/// text that isn't longer than the one before was mended, and counts as meant.
 void SetEditText(const std::string& text);
+void SpoilEdit();
 void CloseEditBox();
 
 /// Current cell and the other end of the selection.

@@ -122,16 +122,25 @@ bool flgdData_KeyPressEdit(char32_t character) {
                            character == char32_t{kKeyEnter} || PassesFilter(column - 1, character));
 }
 
+void flgdData_KeyDropped(char32_t character) {
+    const bool digit = character >= U'0' && character <= U'9';
+    if (flgdData().edit.open && !digit && character != U' ') {
+        SpoilEdit();
+    }
+}
+
 bool flgdData_ValidateEdit() {
     const FlexGrid& grid = flgdData();
-    if (SetDataForFlex(grid.row, grid.col) == 0) {
+    if (grid.edit.spoilt) {
+        ThePlatform().Beep();
+    } else if (SetDataForFlex(grid.row, grid.col) == 0) {
         WriteToSelection(std::string(grid.edit.text));
         return true;
     }
     // An Enter that was refused must not carry a later click to the next cell.
     LastEditKey = 0;
     SetGridText(grid.row, grid.col, EditOldText);
-    SetEditText(EditOldText);
+    OpenEditBox(grid.edit.maxLength);
     RefreshGrid();
     return false;
 }

@@ -35,6 +35,9 @@ void flgdData_KeyDownEdit(int key);
 /// True if the character may be typed into the cell being edited. Backspace, tab and Enter always
 /// may, and in the comment everything may.
 bool flgdData_KeyPressEdit(char32_t character);
+/// A character was dropped, without a beep. But "12,5" must not become 125: unless it is a digit or
+/// a blank, the commit rejects what is typed, until the user takes some of it out again.
+void flgdData_KeyDropped(char32_t character);
 /// Tests the edit box and writes it to the cell, or to the selected rows of its column. False: the
 /// text was rejected, cell and edit box have the old text, and the edit stays open.
 bool flgdData_ValidateEdit();

@@ -69,6 +69,12 @@ bool PassesKeyFilter(const QString& text) {
     });
 }
 
+void DropKeys(const QString& text) {
+    for (const uint character : text.toUcs4()) {
+        flgdData_KeyDropped(static_cast<char32_t>(character));
+    }
+}
+
 CellEditor::CellEditor(Keys handlers, QWidget* parent)
     : QLineEdit(parent), keys(std::move(handlers)) {
     setObjectName(QStringLiteral("flgdDataEdit"));
@@ -150,7 +156,9 @@ void CellEditor::keyPressEvent(QKeyEvent* event) {
     default: break;
     }
     const QString inserted = InsertedText(*event);
-    if (CharactersIn(inserted) <= room() && PassesKeyFilter(inserted)) {
+    if (!PassesKeyFilter(inserted)) {
+        DropKeys(inserted);
+    } else if (CharactersIn(inserted) <= room()) {
         QLineEdit::keyPressEvent(event);
     }
     // A key that does nothing here must not be taken for one that the grid got.
@@ -160,6 +168,7 @@ void CellEditor::keyPressEvent(QKeyEvent* event) {
 void CellEditor::inputMethodEvent(QInputMethodEvent* event) {
     QString committed = event->commitString();
     if (!PassesKeyFilter(committed)) {
+        DropKeys(committed);
         return;
     }
     while (CharactersIn(committed) > room()) {

@@ -48,5 +48,7 @@ int EditKeyOf(const QKeyEvent& event);
 QString TypedText(const QKeyEvent& event);
 /// True if every character may be typed into the current cell.
 bool PassesKeyFilter(const QString& text);
+/// What the filter drops of a text.
+void DropKeys(const QString& text);
 
 } // namespace qdw8

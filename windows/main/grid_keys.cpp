@@ -38,10 +38,16 @@ void Paste(const GridKeys& keys) {
 }
 
 void BeginTyping(const QKeyEvent& event, const QString& text, const GridKeys& keys) {
-    // A character that the column doesn't take does nothing, as in the edit box itself.
-    if (PassesKeyFilter(text) && StartEdit()) {
+    // A character that the column doesn't take does nothing, as in the edit box itself; but what
+    // follows a sign or a point must not be taken for the whole figure.
+    const bool taken = PassesKeyFilter(text);
+    const bool sign = QStringLiteral("-+,.").contains(text);
+    if ((taken || sign) && StartEdit()) {
         flgdData_KeyDownEdit(EditKeyOf(event));
-        keys.editBegun(text);
+        keys.editBegun(taken ? text : QString());
+        if (!taken) {
+            DropKeys(text);
+        }
     }
 }
 
