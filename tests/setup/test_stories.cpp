@@ -460,6 +460,7 @@ private:
         {"working",
          [](Args&) { return std::to_string(PosiFirst) + "-" + std::to_string(PosiLast); }},
         {"name", [](Args&) { return PosiFileName; }},
+        {"changes", [](Args&) { return IsSet(PosiDirtyFlag) ? "unsaved" : "saved"; }},
         {"enabled", [](Args&) { return IsEnabled(Command::cmdChangeDev) ? "yes" : "no"; }},
         {"commands", [](Args&) { return CommandsTaken() ? "away" : "there"; }},
         {"opened", [this](Args&) { return std::to_string(opened); }},
