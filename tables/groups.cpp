@@ -1,6 +1,7 @@
 #include "tables/groups.h"
 
 #include "link/ct_commands.h"
+#include "tables/grp_form.h"
 #include "tables/grp_table.h"
 
 namespace qdw8 {
@@ -14,6 +15,7 @@ const SmallTable& Groups() {
         .settle = nullptr,
         .check = GrpData_Check,
         .shown = [] { TellWindow(Groups()); },
+        .turnTo = [](int row) { ShowGrpPage((row - 1) / kGrpPageRows); },
         .state = GrpState,
         .file = {.toOpen = {828, "grp"},
                  .toSave = {831, "grp"},

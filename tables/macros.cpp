@@ -15,6 +15,7 @@ const SmallTable& Macros() {
         .settle = SettleMacros,
         .check = SmData_Check,
         .shown = [] { ShowMacro(); },
+        .turnTo = ShowMacro,
         .state = SmState,
         .file = {.toOpen = {930, "smd"},
                  .toSave = {930, "smd"},

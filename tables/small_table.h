@@ -48,6 +48,8 @@ struct SmallTable {
     std::int16_t (*check)();
     /// The window's data follow what is shown now.
     void (*shown)();
+    /// The window shows the page with the row.
+    void (*turnTo)(int row);
     TableState& state;
 
     struct File {

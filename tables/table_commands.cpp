@@ -9,6 +9,7 @@
 #include "tables/table_file.h"
 #include "tables/table_transfer.h"
 
+#include <algorithm>
 #include <exception>
 #include <filesystem>
 #include <optional>
@@ -33,11 +34,22 @@ bool Confirmed(std::int16_t questionId) {
     return questionId == 0 || AskBox(ResText(questionId), BoxButtons::OkCancel) == BoxAnswer::Ok;
 }
 
+/// The user finds what was refused without looking through all pages.
+void ShowFirstRefused(const SmallTable& table) {
+    const Numbers& reasons = table.state.reasons;
+    const auto first = std::find_if(reasons.begin(), reasons.end(),
+                                    [](std::int16_t reason) { return reason != 0; });
+    if (first != reasons.end()) {
+        table.turnTo(static_cast<int>(first - reasons.begin()) / table.fields + 1);
+    }
+}
+
 /// False: the report has told what is wrong.
 bool CheckGood(const SmallTable& table, const std::vector<std::int16_t>& report) {
     const bool good = table.check() == 0;
     TellWindow(table);
     if (!good) {
+        ShowFirstRefused(table);
         const std::string& list = table.state.badList;
         ShowBox(Text(report) + (list.empty() ? "" : "\r\n" + list));
     }

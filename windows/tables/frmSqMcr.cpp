@@ -25,9 +25,19 @@ namespace {
 constexpr int kMargin = 12;
 constexpr int kSpacing = 12;
 constexpr int kRowGap = 3;
-constexpr int kFieldDigits = 7; ///< width of a data field
+constexpr int kBlockGap = 20;
+constexpr int kBlockSteps = 8;
+constexpr int kBlockColumns = 4; ///< step, command, data and the gap behind them
+constexpr int kFieldDigits = 7;  ///< width of a data field
 
 constexpr int kArrowFrame = 3; ///< around the arrows beside the number
+
+struct Head {
+    const char* name;
+    std::int16_t tag;
+};
+constexpr std::array kHeads{Head{"lblStepMoji", 914}, Head{"lblMereiMoji", 904},
+                            Head{"lblDataMoji", 905}};
 
 QString Named(const char* name, int index) {
     return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
@@ -120,17 +130,18 @@ QWidget* frmSqMcr::makeSteps() {
     auto* layout = new QGridLayout(area);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setVerticalSpacing(kRowGap);
-    struct Head {
-        const char* name;
-        std::int16_t tag;
-    };
-    constexpr std::array kHeads{Head{"lblStepMoji", 914}, Head{"lblMereiMoji", 904},
-                                Head{"lblDataMoji", 905}};
-    for (std::size_t column = 0; column < kHeads.size(); ++column) {
-        auto* head = new QLabel(area);
-        head->setObjectName(QLatin1String(kHeads[column].name));
-        SetNumbers(*head, kHeads[column].tag);
-        layout->addWidget(head, 0, static_cast<int>(column), Qt::AlignHCenter);
+    for (int block = 0; block < kSmSteps / kBlockSteps; ++block) {
+        for (std::size_t column = 0; column < kHeads.size(); ++column) {
+            auto* head = new QLabel(area);
+            head->setObjectName(Named(kHeads[column].name, block));
+            SetNumbers(*head, kHeads[column].tag);
+            layout->addWidget(head, 0, block * kBlockColumns + static_cast<int>(column),
+                              Qt::AlignHCenter);
+        }
+        layout->setColumnStretch(block * kBlockColumns + 1, 1);
+        if (block > 0) {
+            layout->setColumnMinimumWidth(block * kBlockColumns - 1, kBlockGap);
+        }
     }
     QStringList texts;
     for (const SmCommand& command : kSmCommands) {
@@ -157,12 +168,13 @@ QWidget* frmSqMcr::makeSteps() {
         };
         connect(field, &KeyField::textEdited, this,
                 [step](const QString& text) { EditSmData(step, text.toStdString()); });
-        layout->addWidget(number, 1 + step, 0, Qt::AlignRight | Qt::AlignVCenter);
-        layout->addWidget(list, 1 + step, 1);
-        layout->addWidget(field, 1 + step, 2);
+        const int line = 1 + step % kBlockSteps;
+        const int column = step / kBlockSteps * kBlockColumns;
+        layout->addWidget(number, line, column, Qt::AlignRight | Qt::AlignVCenter);
+        layout->addWidget(list, line, column + 1);
+        layout->addWidget(field, line, column + 2);
         rows.at(static_cast<std::size_t>(step)) = {list, field};
     }
-    layout->setColumnStretch(1, 1);
     return area;
 }
 
