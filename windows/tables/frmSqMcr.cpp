@@ -88,6 +88,7 @@ frmSqMcr::frmSqMcr(QWidget* parent) : QDialog(parent) {
     left->setSpacing(kSpacing);
     left->addWidget(makeHead());
     left->addWidget(makeSteps());
+    left->addStretch();
     layout->addWidget(body);
     auto* right = new QVBoxLayout;
     layout->addLayout(right);
@@ -121,7 +122,7 @@ QWidget* frmSqMcr::makeHead() {
     layout->addWidget(macroNo);
     layout->addWidget(upDown);
     layout->addStretch();
-    macroNo->setMinimumHeight(upDown->sizeHint().height());
+    macroNo->setFixedHeight(upDown->sizeHint().height());
     return head;
 }
 

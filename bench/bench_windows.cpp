@@ -1,0 +1,97 @@
+// How long the user waits for a window: from the command to its picture. Needs no screen:
+// QT_QPA_PLATFORM=offscreen.
+
+#include "app/Module1.h"
+#include "app/screens.h"
+#include "platform/platform.h"
+#include "program/init_tables.h"
+#include "windows/parameter/frmParameta2.h"
+#include "windows/tables/frmGrp.h"
+#include "windows/tables/frmSqMcr.h"
+
+#include <QApplication>
+#include <QStyleFactory>
+#include <benchmark/benchmark.h>
+#include <stdexcept>
+
+namespace qdw8 {
+namespace {
+
+constexpr std::int16_t kEnglish = 10000;
+
+void InstallQuietPlatform() {
+    Platform& platform = ThePlatform();
+    platform = Platform{};
+    platform.programFolder = QDW8_DATA_DIR;
+    platform.TimerChanged = [](Timer&) {};
+    platform.ShowMessageBox = [](const BoxQuestion& question) -> BoxAnswer {
+        throw std::logic_error("unexpected box: " + question.text);
+    };
+    platform.Beep = [] {};
+}
+
+/// Sees the first picture of a window.
+class PaintWatch : public QObject {
+public:
+    bool eventFilter(QObject*, QEvent* event) override {
+        painted = painted || event->type() == QEvent::Paint;
+        return false;
+    }
+    bool painted = false;
+};
+
+void Show(QWidget& window) {
+    window.show();
+}
+void Show(frmParameta2& window) {
+    window.open(false);
+}
+
+template<typename Window> void OpenUntilPainted(benchmark::State& state) {
+    InstallQuietPlatform();
+    InitTables();
+    AxisOff.fill(kClear);
+    LanguageBase = static_cast<std::int16_t>(state.range(0));
+    for (auto _ : state) {
+        PaintWatch watch;
+        Window window;
+        window.installEventFilter(&watch);
+        Show(window);
+        for (int round = 0; round < 10 && !watch.painted; ++round) {
+            QApplication::processEvents();
+        }
+        if (!watch.painted) {
+            state.SkipWithError("not painted");
+            break;
+        }
+        state.PauseTiming();
+        window.hide();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(OpenUntilPainted<frmParameta2>)
+    ->Arg(kEnglish)
+    ->Arg(0)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK(OpenUntilPainted<frmGrp>)
+    ->Arg(kEnglish)
+    ->Arg(0)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK(OpenUntilPainted<frmSqMcr>)
+    ->Arg(kEnglish)
+    ->Arg(0)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+
+} // namespace
+} // namespace qdw8
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
