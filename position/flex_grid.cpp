@@ -134,18 +134,18 @@ GridSpan SelectedRows() {
 }
 
 void OpenEditBox(int maxLength) {
-    grid.edit = {true, GridText(grid.row, grid.col), maxLength};
+    grid.edit = {true, GridText(grid.row, grid.col), maxLength, false};
     Tell();
 }
 
 void SetEditText(const std::string& text) {
-    grid.edit.spoilt = grid.edit.spoilt && text.size() > grid.edit.text.size();
     // What the form of the file can't hold is replaced in sight of the user.
     grid.edit.text = grid.col == kGridCommentColumn ? BoundCellText(kComment, text).text : text;
+    grid.edit.spoiled = grid.edit.spoiled && !text.empty();
 }
 
-void SpoilEdit() {
-    grid.edit.spoilt = true;
+void SetEditSpoiled(bool spoiled) {
+    grid.edit.spoiled = spoiled;
 }
 
 void CloseEditBox() {
@@ -154,6 +154,7 @@ void CloseEditBox() {
 }
 
 void SelectCells(int row, int column, int rowSel, int columnSel) {
+    grid.edit.spoiled = grid.edit.spoiled && row == grid.row && column == grid.col;
     grid.row = row;
     grid.col = column;
     grid.rowSel = rowSel;

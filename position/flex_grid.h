@@ -45,8 +45,9 @@ struct EditBox {
     bool open = false;
     std::string text;  ///< what stands in it now, UTF-8
     int maxLength = 0; ///< characters that can be typed
-    /// A character was typed that the box didn't take: what stands in it is not what was meant.
-    bool spoilt = false;
+    /// A key that was to go into it was dropped, so what stands in it is not what the user typed.
+    /// Before it is open: into the edit that typing would begin on the current cell.
+    bool spoiled = false;
 };
 
 struct FlexGrid {
@@ -98,13 +99,13 @@ GridSpan SelectedRows();
 /// The edit box, opened on the current cell with its text.
 void OpenEditBox(int maxLength);
 /// Takes over what stands in the edit box. In the comment a double quote becomes an apostrophe and
-/// what lies behind 40 characters is cut: the box must show `flgdData().edit.text` afterwards. A
-/// text that isn't longer than the one before was mended, and counts as meant.
+/// what lies behind 40 characters is cut: the box must show `flgdData().edit.text` afterwards. An
+/// edit that is emptied is no longer spoiled.
 void SetEditText(const std::string& text);
-void SpoilEdit();
+void SetEditSpoiled(bool spoiled);
 void CloseEditBox();
 
-/// Current cell and the other end of the selection.
+/// Current cell and the other end of the selection. What was dropped on another cell is forgotten.
 void SelectCells(int row, int column, int rowSel, int columnSel);
 
 /// Stop and restart the painting around bulk changes; they nest.

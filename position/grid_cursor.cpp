@@ -54,6 +54,7 @@ void CancelEdit() {
         RestoreBlockColour(grid.row, grid.col);
         CloseEditBox();
     }
+    SetEditSpoiled(false);
 }
 
 void ResetGridCursor() {

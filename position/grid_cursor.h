@@ -18,7 +18,7 @@ void flgdData_EnterCell(int column);
 /// Makes a cell the current one, alone selected, as a click on it would.
 void GoToCell(int row, int column);
 
-/// Ends the edit with the cell as it was.
+/// Ends the edit with the cell as it was. Where none is open, a key that was dropped is forgotten.
 void CancelEdit();
 
 /// No edit in progress, no key seen.

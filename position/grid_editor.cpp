@@ -15,8 +15,38 @@ namespace qdw8 {
 
 namespace {
 
+/// A position in mm is cut behind so many decimals.
+constexpr std::size_t kDecimals = 3;
+
 int LastGridRow() {
     return static_cast<int>(flgdData().rows.size()) - 1;
+}
+
+bool CanBeEdited(int row, int column) {
+    return flgdData().locked == 0 && row >= kGridHeadRows && row <= LastGridRow() && column >= 1 &&
+           column < kGridColumns && !IsOffColumn(column - 1);
+}
+
+/// What is left of the text may look like a number that nobody typed.
+void Drop(bool spoils) {
+    ThePlatform().Beep();
+    SetEditSpoiled(flgdData().edit.spoiled || spoils);
+}
+
+bool AllPass(std::string_view typed) {
+    return std::all_of(typed.begin(), typed.end(),
+                       [](char c) { return flgdData_KeyPressEdit(static_cast<unsigned char>(c)); });
+}
+
+std::string_view WithoutSpareDecimals(std::string_view figure) {
+    const std::size_t point = figure.find('.');
+    return point == std::string_view::npos ? figure : figure.substr(0, point + 1 + kDecimals);
+}
+
+void PutOldTextBack() {
+    SetEditText(EditOldText);
+    SetEditSpoiled(false);
+    RefreshGrid();
 }
 
 /// Enter moves along the row, and from its comment into the next row. Behind the last row it adds
@@ -88,13 +118,26 @@ bool StartEdit() {
     return !grid.edit.open && flgdData_BeforeEdit(grid.row, grid.col);
 }
 
-bool flgdData_BeforeEdit(int row, int column) {
+bool StartTyping(std::string_view typed) {
     const FlexGrid& grid = flgdData();
-    if (grid.locked > 0 || row < kGridHeadRows || row > LastGridRow() || column < 1 ||
-        column >= kGridColumns) {
+    if (!CanBeEdited(grid.row, grid.col)) {
         return false;
     }
-    if (IsOffColumn(column - 1)) {
+    if (!AllPass(typed)) {
+        Drop(true);
+        return false;
+    }
+    const bool spoiled = grid.edit.spoiled;
+    if (!StartEdit()) {
+        return false;
+    }
+    SetEditSpoiled(spoiled);
+    return true;
+}
+
+bool flgdData_BeforeEdit(int row, int column) {
+    const FlexGrid& grid = flgdData();
+    if (!CanBeEdited(row, column)) {
         return false;
     }
     if (row != grid.row || column != grid.col) {
@@ -111,8 +154,7 @@ bool flgdData_BeforeEdit(int row, int column) {
 void flgdData_KeyDownEdit(int key) {
     LastEditKey = key;
     if (key == kKeyEscape) {
-        SetEditText(EditOldText);
-        RefreshGrid();
+        PutOldTextBack();
     }
 }
 
@@ -122,16 +164,31 @@ bool flgdData_KeyPressEdit(char32_t character) {
                            character == char32_t{kKeyEnter} || PassesFilter(column - 1, character));
 }
 
-void flgdData_KeyDropped(char32_t character) {
-    const bool digit = character >= U'0' && character <= U'9';
-    if (flgdData().edit.open && !digit && character != U' ') {
-        SpoilEdit();
+bool TypeIntoEdit(std::string_view typed, std::string_view becomes) {
+    const EditBox& edit = flgdData().edit;
+    if (typed.empty()) {
+        return true;
     }
+    const bool fits = CharactersIn(becomes) <= std::max(edit.maxLength, CharactersIn(edit.text));
+    if (flgdData().col == kGridCommentColumn) {
+        return fits;
+    }
+    const bool passes = AllPass(typed);
+    if (!fits || !passes) {
+        const bool decimals = passes && typed.find('.') == std::string_view::npos &&
+                              WithoutSpareDecimals(becomes) == WithoutSpareDecimals(edit.text);
+        Drop(!decimals);
+        return false;
+    }
+    if (typed == becomes && !Trim(edit.text).empty()) {
+        SetEditSpoiled(false); // it takes the place of everything
+    }
+    return true;
 }
 
 bool flgdData_ValidateEdit() {
     const FlexGrid& grid = flgdData();
-    if (grid.edit.spoilt) {
+    if (grid.edit.spoiled) {
         ThePlatform().Beep();
     } else if (SetDataForFlex(grid.row, grid.col) == 0) {
         WriteToSelection(std::string(grid.edit.text));
@@ -140,8 +197,7 @@ bool flgdData_ValidateEdit() {
     // An Enter that was refused must not carry a later click to the next cell.
     LastEditKey = 0;
     SetGridText(grid.row, grid.col, EditOldText);
-    OpenEditBox(grid.edit.maxLength);
-    RefreshGrid();
+    PutOldTextBack();
     return false;
 }
 
@@ -170,6 +226,7 @@ bool CommitEdit() {
 void flgdData_Delete() {
     const FlexGrid& grid = flgdData();
     const auto [first, last] = SelectedRows();
+    SetEditSpoiled(grid.edit.open && grid.edit.spoiled);
     if (grid.locked > 0 || grid.edit.open || grid.col != kGridCommentColumn ||
         grid.colSel != kGridCommentColumn || first < kGridHeadRows || last > LastGridRow()) {
         return;

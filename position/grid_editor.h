@@ -8,9 +8,13 @@
 
 /// What the events of the grid do. The window holds the edit box as a control and forwards: it
 /// opens it after `StartEdit` with the text and the maximum length in `flgdData().edit`, offers
-/// every key to `flgdData_KeyDownEdit` and every character to `flgdData_KeyPressEdit`, keeps
-/// `SetEditText` up to date, and ends the edit by `CommitEdit` or `CancelEdit`. A command of the
-/// user that begins while a cell is being edited commits it first.
+/// every key to `flgdData_KeyDownEdit` and every character to `TypeIntoEdit`, keeps `SetEditText`
+/// up to date, and ends the edit by `CommitEdit` or `CancelEdit`. A command of the user that begins
+/// while a cell is being edited commits it first.
+///
+/// A character that a cell doesn't take is dropped with a beep and spoils the edit: "12,5" would
+/// leave 125, which is another number. A spoiled edit is refused when it is committed. It is whole
+/// again when its text has been emptied or wholly replaced, and ends with Escape.
 namespace qdw8 {
 
 /// Codes of the keys that the rules know; others are passed on as they are.
@@ -27,6 +31,12 @@ bool flgdData_DblClick();
 /// Starts an edit of the current cell. False: it is refused (no data, the grid is locked, a head,
 /// an axis out of use), or the cell is being edited already.
 bool StartEdit();
+/// Characters of a key while no cell is being edited. True: an edit has begun, and they are to take
+/// the place of the cell's text. False: nothing has, since the cell can't be edited or doesn't take
+/// them. What it doesn't take beeps, and spoils an edit that is begun by typing afterwards; that is
+/// forgotten when another cell becomes the current one, by Escape and Delete, and when an edit
+/// begins in another way.
+bool StartTyping(std::string_view typed);
 /// True if the cell may be edited; it is then painted as being edited, and the length of the edit
 /// box is set.
 bool flgdData_BeforeEdit(int row, int column);
@@ -35,11 +45,13 @@ void flgdData_KeyDownEdit(int key);
 /// True if the character may be typed into the cell being edited. Backspace, tab and Enter always
 /// may, and in the comment everything may.
 bool flgdData_KeyPressEdit(char32_t character);
-/// A character was dropped, without a beep. But "12,5" must not become 125: unless it is a digit or
-/// a blank, the commit rejects what is typed, until the user takes some of it out again.
-void flgdData_KeyDropped(char32_t character);
+/// Characters of a key, or a text as `TextToPaste` gave it, on their way into the open edit box,
+/// which would hold `becomes` with them. True: they go in. False: they are dropped, with a beep,
+/// and the edit is spoiled, unless they are only decimals that would be cut anyway. The comment
+/// takes everything that it has room for, and what it hasn't is dropped without a word.
+bool TypeIntoEdit(std::string_view typed, std::string_view becomes);
 /// Tests the edit box and writes it to the cell, or to the selected rows of its column. False: the
-/// text was rejected, cell and edit box have the old text, and the edit stays open.
+/// text was rejected, with a beep, cell and edit box have the old text, and the edit stays open.
 bool flgdData_ValidateEdit();
 /// After a committed edit: Enter goes on to the next cell, from the last comment into a new line.
 /// Tab goes one cell to the right; a Tab that is to go elsewhere is offered as another key.

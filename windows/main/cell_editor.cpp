@@ -62,19 +62,6 @@ QString TypedText(const QKeyEvent& event) {
     return others == Qt::NoModifier && !text.isEmpty() && text[0].isPrint() ? text : QString();
 }
 
-bool PassesKeyFilter(const QString& text) {
-    const auto characters = text.toUcs4();
-    return std::all_of(characters.begin(), characters.end(), [](uint character) {
-        return flgdData_KeyPressEdit(static_cast<char32_t>(character));
-    });
-}
-
-void DropKeys(const QString& text) {
-    for (const uint character : text.toUcs4()) {
-        flgdData_KeyDropped(static_cast<char32_t>(character));
-    }
-}
-
 CellEditor::CellEditor(Keys handlers, QWidget* parent)
     : QLineEdit(parent), keys(std::move(handlers)) {
     setObjectName(QStringLiteral("flgdDataEdit"));
@@ -96,6 +83,7 @@ CellEditor::CellEditor(Keys handlers, QWidget* parent)
 void CellEditor::open() {
     setAlignment(Qt::AlignVCenter | (IsComment() ? Qt::AlignLeft : Qt::AlignRight));
     taken = flgdData().edit.text;
+    spoiled = flgdData().edit.spoiled;
     setText(Shown(taken));
     selectAll();
 }
@@ -116,7 +104,10 @@ void CellEditor::take() {
     taken = flgdData().edit.text;
     const QString held = QString::fromStdString(taken);
     const int at = cursorPosition();
-    if (held != text()) { // the rules have changed a character
+    // Undoing must not bring back what a dropped key has spoiled: a new text has no past.
+    const bool wholeAgain = spoiled && !flgdData().edit.spoiled;
+    spoiled = flgdData().edit.spoiled;
+    if (held != text() || wholeAgain) { // the rules may have changed a character
         setText(held);
         setCursorPosition(at);
     }
@@ -130,9 +121,22 @@ int CellEditor::room() const {
 
 void CellEditor::paste() {
     const auto whole = TextToPaste(ThePlatform().TheClipboard.GetText(), room());
-    if (whole) {
+    if (whole && goesIn(QString::fromStdString(*whole))) {
         insert(QString::fromStdString(*whole));
     }
+}
+
+bool CellEditor::goesIn(const QString& typed) {
+    QString becomes = text();
+    becomes.replace(hasSelectedText() ? selectionStart() : cursorPosition(), selectedText().size(),
+                    typed);
+    if (TypeIntoEdit(typed.toStdString(), becomes.toStdString())) {
+        return true;
+    }
+    // What comes next would take the place of the selection, as if nothing had been typed before.
+    deselect();
+    spoiled = flgdData().edit.spoiled;
+    return false;
 }
 
 void CellEditor::keyPressEvent(QKeyEvent* event) {
@@ -155,10 +159,7 @@ void CellEditor::keyPressEvent(QKeyEvent* event) {
         return;
     default: break;
     }
-    const QString inserted = InsertedText(*event);
-    if (!PassesKeyFilter(inserted)) {
-        DropKeys(inserted);
-    } else if (CharactersIn(inserted) <= room()) {
+    if (goesIn(InsertedText(*event))) {
         QLineEdit::keyPressEvent(event);
     }
     // A key that does nothing here must not be taken for one that the grid got.
@@ -167,15 +168,13 @@ void CellEditor::keyPressEvent(QKeyEvent* event) {
 
 void CellEditor::inputMethodEvent(QInputMethodEvent* event) {
     QString committed = event->commitString();
-    if (!PassesKeyFilter(committed)) {
-        DropKeys(committed);
-        return;
-    }
-    while (CharactersIn(committed) > room()) {
+    while (IsComment() && CharactersIn(committed) > room()) {
         committed.chop(committed.back().isLowSurrogate() ? 2 : 1);
     }
-    event->setCommitString(committed, event->replacementStart(), event->replacementLength());
-    QLineEdit::inputMethodEvent(event);
+    if (goesIn(committed)) {
+        event->setCommitString(committed, event->replacementStart(), event->replacementLength());
+        QLineEdit::inputMethodEvent(event);
+    }
 }
 
 void CellEditor::mouseReleaseEvent(QMouseEvent* event) {

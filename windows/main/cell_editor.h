@@ -37,18 +37,17 @@ private:
     int room() const;
     void take();
     void paste();
+    /// What is to be typed or pasted at the cursor is taken by the rules.
+    bool goesIn(const QString& typed);
 
     Keys keys;
-    std::string taken; ///< the text of the edit box that the control shows
+    std::string taken;    ///< the text of the edit box that the control shows
+    bool spoiled = false; ///< it has been since its text was last whole
 };
 
 /// The code under which the rules of the grid know a key; others keep their own.
 int EditKeyOf(const QKeyEvent& event);
 /// The characters of a key that types some; empty for every other key.
 QString TypedText(const QKeyEvent& event);
-/// True if every character may be typed into the current cell.
-bool PassesKeyFilter(const QString& text);
-/// What the filter drops of a text.
-void DropKeys(const QString& text);
 
 } // namespace qdw8

@@ -38,16 +38,9 @@ void Paste(const GridKeys& keys) {
 }
 
 void BeginTyping(const QKeyEvent& event, const QString& text, const GridKeys& keys) {
-    // A character that the column doesn't take does nothing, as in the edit box itself; but what
-    // follows a sign or a point must not be taken for the whole figure.
-    const bool taken = PassesKeyFilter(text);
-    const bool sign = QStringLiteral("-+,.").contains(text);
-    if ((taken || sign) && StartEdit()) {
+    if (StartTyping(text.toStdString())) {
         flgdData_KeyDownEdit(EditKeyOf(event));
-        keys.editBegun(taken ? text : QString());
-        if (!taken) {
-            DropKeys(text);
-        }
+        keys.editBegun(text);
     }
 }
 
@@ -85,6 +78,9 @@ bool RunGridKey(const QKeyEvent& event, const GridKeys& keys) {
             Enter();
         }
     } else {
+        if (event.key() == Qt::Key_Escape) {
+            CancelEdit();
+        }
         return false;
     }
     return true;
