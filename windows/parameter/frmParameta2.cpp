@@ -211,6 +211,7 @@ void frmParameta2::turnPage(int by) {
 
 void frmParameta2::reject() {
     takeTyped();
+    ran = true; // its saving may refuse
     if (ParaMayClose()) {
         QDialog::reject();
     }
