@@ -82,6 +82,7 @@ TEST_F(Parameters, NothingCanBeUsedWhileACommandRuns) {
         on.removeAll(QString());
         return on.join(' ').toStdString();
     };
+    ParaText(ParaControl::txtHomeOfsVel, 2) = "99";
     {
         const CommandsAway away;
         EXPECT_EQ(anyOn(), "");
@@ -89,6 +90,7 @@ TEST_F(Parameters, NothingCanBeUsedWhileACommandRuns) {
         EXPECT_TRUE(form.isVisible());
     }
     EXPECT_EQ(form.focusWidget()->objectName(), "txtHomeVel(1)");
+    EXPECT_EQ(ParaText(ParaControl::txtHomeOfsVel, 2), "99") << "nobody was there";
     EXPECT_NE(anyOn(), "");
 }
 
