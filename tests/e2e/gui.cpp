@@ -145,7 +145,7 @@ void Picture(const QString& name) {
     static int number = 0;
     now.save(QString("%1/%2-%3-%4.png")
                  .arg(PictureFolder())
-                 .arg(++number, 2, 10, QLatin1Char('0'))
+                 .arg(++number, 3, 10, QLatin1Char('0'))
                  .arg(name, qEnvironmentVariable("QDW8_USER_TOUR")));
 }
 

@@ -62,6 +62,15 @@ frmGrp::frmGrp(QWidget* parent) : QDialog(parent) {
     moveTo(0, kGrpStart);
 }
 
+frmGrp::~frmGrp() {
+    // A field that has the focus tells when it loses it, and in a window that goes it does.
+    for (const Row& row : rows) {
+        for (KeyField* box : row.fields) {
+            box->disconnect(this);
+        }
+    }
+}
+
 QWidget* frmGrp::makePages() {
     auto* frame = new QGroupBox(body);
     frame->setObjectName(QStringLiteral("framHyoujiNo"));

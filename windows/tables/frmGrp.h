@@ -20,6 +20,7 @@ class KeyField;
 class frmGrp : public QDialog {
 public:
     explicit frmGrp(QWidget* parent = nullptr);
+    ~frmGrp() override;
 
     /// Looks at the table, the page, the marks and the commands again.
     void showState();

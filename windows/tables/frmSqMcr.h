@@ -15,7 +15,8 @@ namespace qdw8 {
 
 class KeyField;
 
-/// One sequence macro, its 16 steps in two blocks side by side. It shows `TheSmForm()`; the rules stand in tables/.
+/// One sequence macro, its 16 steps in two blocks side by side. It shows `TheSmForm()`; the rules
+/// stand in tables/.
 class frmSqMcr : public QDialog {
 public:
     explicit frmSqMcr(QWidget* parent = nullptr);
