@@ -1,6 +1,5 @@
 // The line, the settings and the clipboard, told in line.txt.
 
-#include "far_end.h"
 #include "platform/fault.h"
 #include "platform/platform.h"
 #include "platform/qt/qt_platform.h"
@@ -12,6 +11,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <filesystem>
+#include <poll.h>
+#include <pty.h>
 #include <sys/stat.h>
 #include <termios.h>
 #include <unistd.h>
@@ -26,6 +28,8 @@ public:
         InstallQtDesktop();
         InstallQtSettings();
         InstallQtSerial();
+        std::filesystem::create_directories(ports);
+        plug("");
         port.SetCommPort(1);
         port.OnComm = [this] { ++notices; };
         port.SetPortOpen(true);
@@ -33,25 +37,46 @@ public:
     ~LinePlayer() {
         port.SetPortOpen(false);
         port.OnComm = nullptr;
+        ::close(farEnd);
     }
     void tell(const std::string& line) const { PlayVerb(verbs, line); }
+    void farSays(const std::string& text) const {
+        ASSERT_EQ(::write(farEnd, text.data(), text.size()), static_cast<ssize_t>(text.size()));
+    }
 
     QTemporaryDir home;
-    FarEnd far{home.filePath("QD-W8").toStdString()};
+    int farEnd = -1;
+    std::filesystem::path ports = home.filePath("QD-W8/ports").toStdString();
     SerialControl& port = MSComm1();
     int notices = 0;
 
 private:
+    /// A new line, or COM1 is that device.
+    void plug(const std::string& device) {
+        char name[128] = {};
+        int nearEnd = -1;
+        if (device.empty()) {
+            ASSERT_EQ(::openpty(&farEnd, &nearEnd, name, nullptr, nullptr), 0);
+        }
+        std::filesystem::remove(ports / "com1");
+        std::filesystem::create_symlink(device + name, ports / "com1");
+        ::close(nearEnd);
+    }
+    std::string hears() const {
+        char bytes[64] = {};
+        pollfd come{farEnd, POLLIN, 0};
+        return ::poll(&come, 1, 10'000) == 1 && ::read(farEnd, bytes, 63) > 0 ? bytes : "";
+    }
     void slowly(const std::string& text) {
         for (const char one : text) {
             QTest::qWait(1);
             EXPECT_EQ(notices, 0);
-            far.says({one});
+            farSays({one});
         }
     }
     std::string farLine() const {
         termios line{};
-        ::tcgetattr(far.far, &line);
+        ::tcgetattr(farEnd, &line);
         const std::map<speed_t, const char*> bauds{{B19200, "19200"}, {B4800, "4800"}};
         return bauds.at(::cfgetospeed(&line)) +
                std::string((line.c_lflag & ICANON) == 0 ? " raw" : "") +
@@ -103,17 +128,17 @@ private:
 
     QString ini = home.filePath("QD-W8/settings.ini");
     const Verbs verbs{
-        {"far", Does([this](auto& text) { far.says(text); })},
+        {"far", Does([this](auto& text) { farSays(text); })},
         {"slowly", Does([this](auto& text) { slowly(text); })},
         {"flow", Does([this](auto&) {
              for (int i = 0; i < 60; ++i) {
-                 far.says(std::string(100, 'x'));
+                 farSays(std::string(100, 'x'));
                  QTest::qWait(1);
              }
          })},
-        {"hears", [this](auto&) { return far.hears(); }},
-        {"pull", Does([this](auto&) { ::close(far.far); })},
-        {"plug", Does([this](auto& device) { far.plug(device); })},
+        {"hears", [this](auto&) { return hears(); }},
+        {"pull", Does([this](auto&) { ::close(farEnd); })},
+        {"plug", Does([this](auto& device) { plug(device); })},
         {"open", Does([this](auto&) { port.SetPortOpen(true); })},
         {"close", Does([this](auto&) { port.SetPortOpen(false); })},
         {"out", Does([this](auto& text) { port.Output(text); })},
@@ -157,15 +182,15 @@ TEST(QtLine, TheNoticeMayWaitThrowOrCloseThePort) {
         heard += line.port.Input();
         if (heard == "one\n") {
             // As the receiver does when it shows a box: later characters must still be heard.
-            line.far.says("two\n");
+            line.farSays("two\n");
             EXPECT_TRUE(PumpUntil([&] { return heard == "one\ntwo\n"; }));
             throw Fault("a mistake in the receiver");
         }
         line.port.SetPortOpen(!heard.ends_with("three\n"));
     };
-    line.far.says("one\n");
+    line.farSays("one\n");
     EXPECT_NO_THROW(EXPECT_TRUE(PumpUntil([&] { return heard == "one\ntwo\n"; })));
-    line.far.says("three\n");
+    line.farSays("three\n");
     EXPECT_TRUE(PumpUntil([&] { return !line.port.PortOpen(); }));
 }
 
