@@ -87,13 +87,5 @@ TEST(CommandStates, NothingIsOnInABatchAndEditCommandsComeBackAsTheyWere) {
         << "the outer one still runs, and the end can be asked";
 }
 
-TEST(CommandStates, EverythingIsOffAtLoadAndWhatIsNotBuiltStaysOff) {
-    ResetCommandStates();
-    SetBuilt(Command::cmdReset);
-    EXPECT_EQ(Now(true), Names{}) << "start-up has not ended yet";
-    CMDBTN_Yuko(), ToolBar_Yuko(), Menyu_Yuko();
-    EXPECT_EQ(Now(true), Names{"cmdReset"});
-}
-
 } // namespace
 } // namespace qdw8::test

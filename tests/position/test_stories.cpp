@@ -213,7 +213,7 @@ private:
                                 ")\r\n\r\nResult of Verify - OK");
          }},
         {"result", [this](Args& a) { expectResult(a); }},
-        {"with", [this](Args& a) { platform.expectDataShogo(Short(a)); }},
+        {"with", [this](Args& a) { platform.expectScreen("frmDataShogo", {}, Short(a)); }},
         {"differs",
          [this](Args& a) {
              platform.expectSelection({"Select",

@@ -97,22 +97,6 @@ struct StartBench : LineBench {
                            dirty ? BoxButtons::YesNoCancel : BoxButtons::OkCancel, answer);
         EXPECT_EQ(frmMain_QueryUnload(), ends);
     }
-    /// A command on line during which the user closes the window, so long after its begin.
-    void closeDuring(Command command, std::int64_t ms, const std::function<void()>& questions) {
-        line.controller.setTurnaround(40);
-        platform.sent.clear();
-        questions();
-        platform.after(ms, [this] {
-            platform.expectBox(BoxText("finish"), BoxButtons::OkCancel, BoxAnswer::Ok);
-            Screens().frmMainClose = [] { EXPECT_FALSE(frmMain_QueryUnload()); };
-            RunCommand(Command::mnuFileExit); // the command that runs comes first
-            platform.checkAllAsked();
-            EXPECT_FALSE(platform.ended);
-            EXPECT_FALSE(frmMain_QueryUnload()) << "and nobody is asked twice";
-        });
-        RunCommand(command);
-        platform.checkAllAsked();
-    }
 };
 using StartUp = Unit<StartBench>;
 
@@ -324,14 +308,23 @@ TEST_F(StartUp, ACloseDuringTheStartEndsItAtTheNextStep) {
 
 TEST_F(StartUp, NobodyIsToldOrAskedAnythingBehindTheConfirmedEnd) {
     start(0, false);
+    line.controller.setTurnaround(40);
     for (const auto& [axes, fault] : {std::pair{15U, "0RD:4:error=03"}, {9U, "0RP:1:silence"}}) {
         line.controller.setAxisMask(axes);
         addFault(fault);
-        closeDuring(Command::cmdPosiRead, 30, [this] {
-            platform.expectScreen("frmSelectPosiNo2");
-            platform.expectBox("Read the data from controller, OK?", BoxButtons::OkCancel,
-                               BoxAnswer::Ok);
+        platform.expectScreen("frmSelectPosiNo2");
+        platform.expectBox("Read the data from controller, OK?", BoxButtons::OkCancel,
+                           BoxAnswer::Ok);
+        platform.after(30, [this] {
+            platform.expectBox(BoxText("finish"), BoxButtons::OkCancel, BoxAnswer::Ok);
+            Screens().frmMainClose = [] { EXPECT_FALSE(frmMain_QueryUnload()); };
+            RunCommand(Command::mnuFileExit); // the command that runs comes first
+            platform.checkAllAsked();
+            EXPECT_FALSE(platform.ended);
+            EXPECT_FALSE(frmMain_QueryUnload()) << "and nobody is asked twice";
         });
+        RunCommand(Command::cmdPosiRead);
+        platform.checkAllAsked();
         EXPECT_TRUE(platform.ended);
         platform.ended = false;
         EXPECT_EQ(AskBox("", BoxButtons::YesNoCancel), BoxAnswer::Cancel);
@@ -377,20 +370,6 @@ TEST_F(StartUp, ACommandThatIsKeptFinishesTheCellWhenItIsChosen) {
     platform.checkAllAsked();
     EXPECT_EQ(finished, 1);
     EXPECT_EQ(flgdData().locked, 0);
-}
-
-TEST_F(StartUp, ACloseDuringAWriteTakesTheControllerOutOfTheWritingMode) {
-    start(0, false);
-    showRows(99);
-    closeDuring(Command::cmdPosiLoad, 1500, [this] {
-        platform.expectScreen("frmSelectPosiNo3");
-        platform.expectBox("Data is transmitted to controller,Yes?", BoxButtons::OkCancel,
-                           BoxAnswer::Ok);
-    });
-    EXPECT_TRUE(platform.ended);
-    EXPECT_EQ(platform.sent.back(), "0CM00");
-    EXPECT_TRUE(platform.sent.rbegin()[1].starts_with("0WP")) << platform.sent.rbegin()[1];
-    EXPECT_LT(platform.sent.size(), 99U);
 }
 
 } // namespace

@@ -7,16 +7,10 @@
 #include <tuple>
 
 namespace qdw8::test {
+
 namespace {
 
-std::string WithoutLineEnd(std::string text) {
-    if (text.ends_with("\r\n")) {
-        text.resize(text.size() - 2);
-    }
-    return text;
-}
-
-} // namespace
+// How a question stands in a failure message.
 
 std::string Describe(const BoxQuestion& question) {
     static const std::string names[] = {"Ok", "OkCancel", "YesNo", "YesNoCancel"};
@@ -42,6 +36,8 @@ std::string Describe(const SelectionQuestion& question) {
     return text + (question.mustAnswer ? " | must answer" : "");
 }
 
+} // namespace
+
 ScriptedPlatform::ScriptedPlatform() {
     Platform& platform = ThePlatform();
     platform = Platform{};
@@ -52,26 +48,19 @@ ScriptedPlatform::ScriptedPlatform() {
     platform.CommonDialog1.ShowFile = [this](const FileQuestion& question) {
         return ask(Describe(question)).file;
     };
-    platform.Settings.GetSetting = [this](const std::string&, const std::string& key,
-                                          const std::string& fallback) {
-        const auto found = settings.find(key);
-        return found == settings.end() ? fallback : found->second;
+    platform.Settings.GetSetting = [this](const auto&, const auto& key, const auto& fallback) {
+        return settings.contains(key) ? settings.at(key) : fallback;
     };
-    platform.Settings.SaveSetting = [this](const std::string&, const std::string& key,
-                                           const std::string& value) { settings[key] = value; };
+    platform.Settings.SaveSetting = [this](const auto&, const auto& key, const auto& value) {
+        settings[key] = value;
+    };
     platform.TheClipboard.GetText = [this] { return clipboard; };
     platform.TheClipboard.SetText = [this](const std::string& text) { clipboard = text; };
     platform.TheClipboard.Clear = [this] { clipboard.clear(); };
     platform.ImeSetOpenStatus = [this](bool open) { imeOpen = open; };
-    platform.Beep = [this] {
-        ++beeps;
-        events.emplace_back("beep");
-    };
+    platform.Beep = [this] { ++beeps; };
     platform.GetScreenSize = [this] { return screen; };
-    platform.EndProgram = [this] {
-        ended = true;
-        events.emplace_back("end");
-    };
+    platform.EndProgram = [this] { ended = true; };
     platform.programFolder = QDW8_DATA_DIR;
     platform.settingsFolder = testing::TempDir();
     installSerial();
@@ -102,11 +91,9 @@ void ScriptedPlatform::installSerial() {
         }
         portOpen = true;
         openedPort = commPort;
-        events.push_back("open " + std::to_string(commPort));
     };
-    serial.SetSettings = [this](const std::string& text) {
+    serial.SetSettings = [this](const std::string&) {
         EXPECT_TRUE(portOpen) << "settings are written after the port has been opened";
-        events.push_back("settings " + text);
     };
     serial.SetCDTimeout = [](int) {};
     serial.SetHandshaking = [](int) {};
@@ -114,10 +101,10 @@ void ScriptedPlatform::installSerial() {
         if (!portOpen || outputFaults) {
             throw Fault("the line is gone");
         }
-        sent.push_back(WithoutLineEnd(text));
+        EXPECT_TRUE(text.ends_with("\r\n")) << text;
+        sent.push_back(text.substr(0, text.find("\r\n")));
         sentAt.push_back(now);
         events.push_back("send " + sent.back());
-        EXPECT_TRUE(text.ends_with("\r\n")) << text;
         if (!answers.empty()) {
             const auto pieces = answers.front();
             answers.pop_front();
@@ -192,7 +179,6 @@ void ScriptedPlatform::received(const std::string& characters) {
     if (!portOpen) {
         return; // nobody listens at the end of a closed port
     }
-    events.push_back("receive " + WithoutLineEnd(characters));
     inputBuffer += characters;
     ThePlatform().MSComm1.OnComm();
 }
@@ -256,12 +242,9 @@ void ScriptedPlatform::expectSelection(const SelectionQuestion& question, std::i
     expected.push_back({Describe(question), {}, answer, {}});
 }
 
-void ScriptedPlatform::expectScreen(const std::string& name, std::function<void()> script) {
-    expected.push_back({name, std::move(script), 0, {}});
-}
-
-void ScriptedPlatform::expectDataShogo(std::int16_t answer) {
-    expected.push_back({"frmDataShogo", {}, answer, {}});
+void ScriptedPlatform::expectScreen(const std::string& name, std::function<void()> script,
+                                    std::int16_t answer) {
+    expected.push_back({name, std::move(script), answer, {}});
 }
 
 void ScriptedPlatform::checkAllAsked() {

@@ -57,8 +57,8 @@ public:
     /// Every text that went out, without CR LF.
     std::vector<std::string> sent;
     std::vector<std::int64_t> sentAt; ///< and when, in milliseconds
-    /// What happened in order: "open 1", "settings 9600,N,8,1", "send 0CM02", "receive 0CM02",
-    /// "box ...", "close", "beep" and what a test adds.
+    /// What happened in order: "open fails", "send 0CM02", "close", "line breaks", the questions
+    /// and what a test adds.
     std::vector<std::string> events;
 
     // ---- questions ----
@@ -68,10 +68,10 @@ public:
     /// Nothing: the user cancels.
     void expectFile(const FileQuestion& question, const std::optional<FileAnswer>& answer);
     void expectSelection(const SelectionQuestion& question, std::int16_t answer);
-    /// A modal window without a question of its own: runs the script in its place.
-    void expectScreen(const std::string& name, std::function<void()> script = {});
-    /// The choice of what to verify with.
-    void expectDataShogo(std::int16_t answer);
+    /// A modal window without a question of its own: runs the script in its place. `frmDataShogo`,
+    /// the choice of what to verify with, gives the answer.
+    void expectScreen(const std::string& name, std::function<void()> script = {},
+                      std::int16_t answer = 0);
     /// A box that isn't the next expected question is noted and answered with OK, Yes, or No where
     /// there is a Cancel beside it; expected questions that never come are no error.
     bool recordsBoxes = false;
@@ -122,10 +122,5 @@ private:
 /// Thrown out of `PumpEvents` when the program waits for something that can never come. The test
 /// has failed by then; no handler of the program catches it.
 struct WaitsForEver {};
-
-/// How a question stands in a failure message.
-std::string Describe(const BoxQuestion& question);
-std::string Describe(const FileQuestion& question);
-std::string Describe(const SelectionQuestion& question);
 
 } // namespace qdw8::test
