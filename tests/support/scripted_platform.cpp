@@ -176,11 +176,10 @@ void ScriptedPlatform::breakLine() {
 }
 
 void ScriptedPlatform::received(const std::string& characters) {
-    if (!portOpen) {
-        return; // nobody listens at the end of a closed port
+    inputBuffer += characters; // a driver may keep what comes while its port is closed
+    if (portOpen) {
+        ThePlatform().MSComm1.OnComm();
     }
-    inputBuffer += characters;
-    ThePlatform().MSComm1.OnComm();
 }
 
 void ScriptedPlatform::timerChanged(Timer& timer) {
