@@ -1,5 +1,7 @@
 #include "windows/controls/key_field.h"
 
+#include "platform/platform.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <utility>
@@ -14,12 +16,26 @@ KeyField::KeyField(const QString& name, int most, Takes taken, QWidget* parent)
     setAcceptDrops(false);
     setAttribute(Qt::WA_InputMethodEnabled, false);
     setAlignment(Qt::AlignRight);
+    connect(this, &QLineEdit::textEdited, this, [this](const QString& now) {
+        edited = true;
+        spoiled = spoiled && !now.isEmpty();
+    });
+}
+
+void KeyField::settle() {
+    if (std::exchange(spoiled, false) && edited) {
+        ThePlatform().Beep();
+        selectAll();
+        del();
+    }
+    edited = false;
 }
 
 void KeyField::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
+        settle();
         if (onEnter) {
             onEnter();
         } else {
@@ -43,11 +59,25 @@ void KeyField::keyPressEvent(QKeyEvent* event) {
         selectAll();
         return;
     }
+    const auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    if (!event->text().isEmpty() && event->text()[0].isPrint() &&
+        !(event->modifiers() & commands)) {
+        type(event);
+    }
+}
+
+void KeyField::type(QKeyEvent* event) {
     const QString typed = event->text();
-    if (typed.size() == 1 &&
-        (event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) == 0 &&
-        text().size() - selectedText().size() < length && takes(typed[0].toLatin1())) {
+    if (typed.size() == 1 && text().size() - selectedText().size() < length &&
+        takes(typed[0].toLatin1())) {
+        spoiled = spoiled && (text().isEmpty() || selectedText() != text());
         QLineEdit::keyPressEvent(event);
+        return;
+    }
+    ThePlatform().Beep();
+    if (length > 1) {
+        spoiled = true;
+        deselect();
     }
 }
 
@@ -56,6 +86,14 @@ void KeyField::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::MiddleButton) {
         QLineEdit::mouseReleaseEvent(event);
     }
+}
+
+void KeyField::focusOutEvent(QFocusEvent* event) {
+    // Another window for a while is no leaving; the line edit sees it so, too.
+    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason) {
+        settle();
+    }
+    QLineEdit::focusOutEvent(event);
 }
 
 void KeyField::focusInEvent(QFocusEvent* event) {

@@ -11,6 +11,10 @@ namespace qdw8 {
 /// Its whole text is selected when the box gets the focus and by Ctrl+A, and what is typed takes
 /// the place of a selection. Keys that are none of its own go on to the window: Up, Down, the page
 /// keys and Escape as they are, Enter as `onEnter` or on to the next control.
+///
+/// A character that it doesn't take, or has no room for, is dropped with a beep, and takes the
+/// selection away. What is typed around it is no number that anybody meant, as the 15 of "1.5", and
+/// is settled. A box of one character only beeps.
 class KeyField : public QLineEdit {
 public:
     using Takes = std::function<bool(char)>;
@@ -19,14 +23,24 @@ public:
 
     std::function<void()> onEnter;
 
+    /// Empties a text that was typed around a dropped character, with a beep, as an edit of the
+    /// user; not one that was emptied or wholly replaced since. Happens by itself when the box is
+    /// left and before `onEnter`; whoever takes the text earlier asks for it.
+    void settle();
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    void type(QKeyEvent* event);
+
     int length;
+    bool edited = false; ///< since the box got the focus
+    bool spoiled = false;
     bool clickedIn = false;
     Takes takes;
 };

@@ -12,6 +12,8 @@
 namespace qdw8 {
 
 RangeTexts RangeControls::texts() const {
+    txtStartPosiNo->settle();
+    txtEndPosiNo->settle();
     return {txtStartPosiNo->text().toStdString(), txtEndPosiNo->text().toStdString()};
 }
 

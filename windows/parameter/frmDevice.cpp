@@ -139,6 +139,8 @@ void frmDevice::makeOptions(QLayout& layout, const char* name, std::int16_t firs
 }
 
 void frmDevice::calculate() {
+    txtStrokeTyo->settle();
+    txtRido->settle();
     cmdCulStrokePulse_Click(form);
     showForm();
 }

@@ -467,6 +467,9 @@ void ParaPages::finishInput() {
             takeActuator(*list, *place);
         }
     } else {
+        if (auto* field = qobject_cast<QLineEdit*>(at(*place).widget)) {
+            static_cast<KeyField*>(field)->settle();
+        }
         LeaveParaField(place->control, place->axis);
     }
 }

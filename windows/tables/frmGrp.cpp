@@ -139,6 +139,7 @@ void frmGrp::makeRow(int row, QGridLayout& layout, int line, int column) {
 void frmGrp::take(int row, int field) {
     KeyField& box =
         *rows.at(static_cast<std::size_t>(row)).fields.at(static_cast<std::size_t>(field));
+    box.settle();
     if (box.isModified()) {
         box.setModified(false);
         EditGrp(row, static_cast<GrpField>(field), box.text().toStdString());
