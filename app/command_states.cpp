@@ -56,8 +56,14 @@ struct State {
     bool batchRuns = true; ///< start-up is one
     int takenAway = 0;     ///< `CommandsAway` objects that live
     int editTakenAway = 0;
+    int runs = 0; ///< times that either kind was taken away
 };
 State state;
+
+/// One command inside another is the same run.
+void CountRun() {
+    state.runs += CommandsTaken() ? 0 : 1;
+}
 
 std::size_t IndexOf(Command command) {
     return static_cast<std::size_t>(command);
@@ -188,6 +194,7 @@ void LinePaste_Muko() {
 }
 
 CommandsAway::CommandsAway() {
+    CountRun();
     ++state.takenAway;
     CMDBTN_Muko();
     ToolBar_Muko();
@@ -208,6 +215,7 @@ CommandsAway::~CommandsAway() {
 }
 
 EditCommandsAway::EditCommandsAway() : before(state.enabled) {
+    CountRun();
     ++state.editTakenAway;
     EditCMD_Muko();
 }
@@ -224,6 +232,10 @@ EditCommandsAway::~EditCommandsAway() {
 
 bool CommandsTaken() {
     return state.takenAway > 0 || state.editTakenAway > 0;
+}
+
+int CommandRun() {
+    return CommandsTaken() ? state.runs : 0;
 }
 
 void ResetCommandStates() {

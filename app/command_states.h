@@ -154,6 +154,8 @@ private:
 
 /// True while an object of either kind lives.
 bool CommandsTaken();
+/// Number of the run for which they are away, another one each time; 0 while they are there.
+int CommandRun();
 
 /// The state at load: every command of the routines above is off until start-up ends.
 void ResetCommandStates();

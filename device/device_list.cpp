@@ -1,6 +1,7 @@
 #include "device/device_list.h"
 
 #include "app/boxes.h"
+#include "app/command_states.h"
 #include "app/field_reader.h"
 #include "app/number_forms.h"
 #include "platform/fault.h"
@@ -75,6 +76,23 @@ std::vector<std::string> DistinctTexts(const std::vector<DeviceListRow>& rows,
     return texts;
 }
 
+enum class ListBox { OneLine, TwoLines };
+/// The command run in which each box came last.
+std::array<int, 2> toldIn;
+
+void TellNoList(ListBox box) {
+    int& run = toldIn.at(static_cast<std::size_t>(box));
+    if (CommandRun() != 0 && run == CommandRun()) {
+        return;
+    }
+    run = CommandRun();
+    if (box == ListBox::OneLine) {
+        ShowTexts({15});
+    } else {
+        ShowTexts({15, 16});
+    }
+}
+
 enum class Distinct { Sizes, SizesAndSpeeds };
 
 DeviceListTable ReadTable(Distinct distinct) {
@@ -96,7 +114,7 @@ std::int16_t LoadAll(Distinct distinct) {
     } catch (const Fault&) {
         DeviceListTables.fill(DeviceListTable{});
         DeviceListFailed.fill(kSet);
-        ShowTexts({15, 16});
+        TellNoList(ListBox::TwoLines);
         return 1;
     }
 }
@@ -120,7 +138,7 @@ std::int16_t OptionCode(const std::string& size, const std::string& speed, std::
         const auto row = FindRow(size, speed, stroke);
         return row ? (*row).*code : kOptionUnknown;
     } catch (const Fault&) {
-        ShowTexts({15});
+        TellNoList(ListBox::OneLine);
         return kOptionUnknown;
     }
 }
@@ -137,7 +155,7 @@ std::int16_t LoadDeviceListSizes() {
 
 std::int16_t LoadDeviceListAxis(int axis) {
     if (axis < 0 || axis >= kAxes) {
-        ShowTexts({15, 16});
+        TellNoList(ListBox::TwoLines);
         return 1;
     }
     const auto index = static_cast<std::size_t>(axis);
@@ -148,9 +166,13 @@ std::int16_t LoadDeviceListAxis(int axis) {
     } catch (const Fault&) {
         DeviceListTables[index] = DeviceListTable{};
         DeviceListFailed[index] = kSet;
-        ShowTexts({15, 16});
+        TellNoList(ListBox::TwoLines);
         return 1;
     }
+}
+
+void ResetDeviceListBoxes() {
+    toldIn.fill(0);
 }
 
 std::int16_t CheckDeviceKey(const std::string& size, const std::string& speed,
@@ -164,7 +186,7 @@ LeadPpr GetDeviceLeadPpr(const std::string& size, const std::string& speed, std:
         const auto row = FindRow(size, speed, stroke);
         return row ? LeadPpr{row->lead, row->ppr} : LeadPpr{};
     } catch (const Fault&) {
-        ShowTexts({15, 16});
+        TellNoList(ListBox::TwoLines);
         return {};
     }
 }
@@ -179,7 +201,7 @@ std::int16_t FindDeviceLeadPpr(const std::string& size, const std::string& speed
         FoundLeadPpr = {row->lead, row->ppr};
         return 0;
     } catch (const Fault&) {
-        ShowTexts({15, 16});
+        TellNoList(ListBox::TwoLines);
         return 1;
     }
 }
@@ -189,7 +211,7 @@ std::int16_t DeviceInList(const std::string& size, const std::string& speed, std
         return FindRow(size, speed, stroke) ? 0 : 1;
     } catch (const Fault&) {
         // The lookups that only ask about a device name the missing file and leave it at that.
-        ShowTexts({15});
+        TellNoList(ListBox::OneLine);
         return 1;
     }
 }

@@ -48,6 +48,9 @@ extern std::array<DeviceListTable, kAxes> DeviceListTables;
 /// Per axis: -1 the last load for this axis failed, and its table is empty.
 extern std::array<Flag, kAxes> DeviceListFailed;
 
+// A list that can't be read is told in a box, of one line or of two. A command asks the list again
+// and again, for each axis: it gets each of the two boxes once, everything else each time.
+
 /// Reads the list for all axes, with distinct sizes and speeds. 0 good. 1 the file is missing, cut,
 /// holds a text where a number is due or one that fits no cell, fewer than 0 or more than 99
 /// records, or a seventh size or speed: one box told so, `DeviceListFailed` is set and the table
@@ -58,6 +61,9 @@ std::int16_t LoadDeviceList();
 std::int16_t LoadDeviceListSizes();
 /// The same, distinct sizes only, for one axis (0 to 3). Any other axis gets the box and 1.
 std::int16_t LoadDeviceListAxis(int axis);
+
+/// No command was told of it yet. Part of `ResetDevices`.
+void ResetDeviceListBoxes();
 
 /// 0 for a size of three characters, a speed that begins with a letter from A to Z, and a stroke of
 /// 10 to 500 mm; else 1.

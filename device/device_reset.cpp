@@ -21,6 +21,7 @@ void ResetDevices() {
     DeviceListTables.fill(DeviceListTable{});
     DeviceListFailed.fill(kClear);
     FoundLeadPpr = {};
+    ResetDeviceListBoxes();
 }
 
 } // namespace qdw8
