@@ -11,6 +11,7 @@
 #include "device/axis_device.h"
 #include "platform/cp932_text.h"
 #include "platform/whole_file.h"
+#include "position/flex_grid.h"
 #include "position/grid_display.h"
 #include "position/posi_check.h"
 #include "position/posi_command.h"
@@ -21,6 +22,7 @@
 #include <exception>
 #include <filesystem>
 #include <optional>
+#include <utility>
 
 namespace qdw8 {
 
@@ -99,14 +101,18 @@ bool HasNoFileYet() {
            begin == FirstCharacters(ResText(374), 3);
 }
 
-/// What the file's code page lacks is named before it is replaced. False: the user keeps it out of
-/// the file.
-bool CommentsMayBeWritten() {
+/// What the file's code page lacks of the comments of the working range.
+std::string LackingComments() {
     std::string comments;
     for (std::int16_t position = PosiFirst; position <= PosiLast; ++position) {
         comments += PosiTable[static_cast<std::size_t>(position)].comment;
     }
-    const std::string lacking = LackingInCp932(comments);
+    return LackingInCp932(comments);
+}
+
+/// It is named before it is replaced. False: the user keeps it out of the file.
+bool CommentsMayBeWritten() {
+    const std::string lacking = LackingComments();
     const BoxQuestion question{Lines({ResText(3021), lacking, ResText(3022)}),
                                BoxButtons::YesNo,
                                {},
@@ -121,6 +127,20 @@ std::optional<std::string> AskFileName(std::int16_t titleId) {
     return answer ? std::optional(answer->path) : std::nullopt;
 }
 
+/// The grid shows the comments as the file has them from now on.
+void ShowWrittenComments() {
+    FreezeGrid();
+    for (std::int16_t position = PosiFirst; position <= PosiLast; ++position) {
+        std::string& comment = PosiTable[static_cast<std::size_t>(position)].comment;
+        std::string written = FromCp932(ToCp932(comment));
+        if (written != comment) {
+            comment = std::move(written);
+            SetGridText(position - GridFirst + kGridHeadRows, kGridCommentColumn, comment);
+        }
+    }
+    ThawGrid();
+}
+
 /// Writes the working range. The document counts as saved only if that is all that the grid shows.
 /// The file of a part gives the document its name alone: the next save would put the whole grid in
 /// its place.
@@ -128,6 +148,9 @@ bool WriteFile(const std::string& path) {
     try {
         WriteWholeFile(path, FileText());
         TakePosiFile(path);
+        if (!LackingComments().empty()) {
+            ShowWrittenComments();
+        }
         if (PosiFirst <= GridFirst && PosiLast >= GridLast) {
             PosiDirtyFlag = kClear;
         } else {
