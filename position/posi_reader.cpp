@@ -22,7 +22,7 @@ namespace {
 struct State {
     std::int16_t first = 0;
     std::int16_t last = 0;
-    Flag readFail = kClear;
+    Flag hasRows = kClear;
     Flag commentCut = kClear;
     bool leftOpen = false; ///< a file that was refused for its first field is left open
 };
@@ -77,6 +77,7 @@ void ReadRow(FieldReader& fields, bool first) {
         row[column] = ShortField(fields);
     }
     row[kComment + 1] = Comment(fields);
+    FileHasRowsFlag = kSet;
 }
 
 /// Everything behind the magic.
@@ -101,11 +102,11 @@ void ReadBody(FieldReader fields) {
 
 std::int16_t& FileFirst = state.first;
 std::int16_t& FileLast = state.last;
-Flag& FileReadFailFlag = state.readFail;
+Flag& FileHasRowsFlag = state.hasRows;
 Flag& FileCommentCut = state.commentCut;
 
 std::int16_t ReadPosiFile(const std::string& path) {
-    FileReadFailFlag = kClear;
+    FileHasRowsFlag = kClear;
     FileCommentCut = kClear;
     if (state.leftOpen) {
         state.leftOpen = false;
@@ -115,7 +116,6 @@ std::int16_t ReadPosiFile(const std::string& path) {
         FieldReader fields(ReadWholeFile(path));
         if (fields.next() != "QD-K8") {
             state.leftOpen = true;
-            FileReadFailFlag = kSet;
             ShowTexts({21, 20});
             return 0;
         }

@@ -11,8 +11,8 @@ namespace qdw8 {
 
 extern std::int16_t& FileFirst; ///< first and last row number met in the file last read
 extern std::int16_t& FileLast;
-extern Flag& FileReadFailFlag; ///< -1: the file last read was refused, it is no position file
-extern Flag& FileCommentCut;   ///< -1: a comment of the file last read was cut to its 40 characters
+extern Flag& FileHasRowsFlag; ///< -1: a row of its own came out of the file last read
+extern Flag& FileCommentCut;  ///< -1: a comment of the file last read was cut to its 40 characters
 
 /// Reads a file into `PosiStage` (fields as they stand; rows that the file lacks keep what they
 /// held), `FileFirst`, `FileLast`, `FileDevText` and `FileNewOld`. `FileAxisOff` is the

@@ -149,7 +149,7 @@ bool Open(const DevicesBefore& before) {
     CalcMaxStrokeMm();
     ShowUnitScale();
     TakePosiFile(answer->path);
-    if (IsSet(FileReadFailFlag)) {
+    if (!IsSet(FileHasRowsFlag)) {
         // What is shown is not out of this file, which some other program may need as it is.
         PosiFilePath.clear();
     }
