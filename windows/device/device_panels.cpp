@@ -1,5 +1,6 @@
 #include "windows/device/device_panels.h"
 
+#include "platform/platform.h"
 #include "windows/controls/load_form_resources.h"
 
 #include <QCheckBox>
@@ -207,6 +208,8 @@ QComboBox* DevicePanels::makeList(const char* name, std::size_t axis, int charac
     const auto take = [this, list, axis, edit] { edited(*list, axis, edit); };
     connect(list, &QComboBox::activated, this, take);
     connect(list->lineEdit(), &QLineEdit::editingFinished, this, take);
+    // Without the last digit a stroke is another one.
+    connect(list->lineEdit(), &QLineEdit::inputRejected, this, [] { ThePlatform().Beep(); });
     return list;
 }
 

@@ -3,6 +3,7 @@
 #include "app/command_states.h"
 #include "parameter/para_edit.h"
 #include "parameter/para_marks.h"
+#include "platform/platform.h"
 #include "windows/controls/icons.h"
 #include "windows/controls/key_field.h"
 #include "windows/controls/load_form_resources.h"
@@ -301,6 +302,7 @@ QWidget* ParaPages::makeList(const ParaControlRow& row, ParaPlace place, QWidget
         const auto take = [this, made, place] { takeActuator(*made, place); };
         connect(made, &QComboBox::activated, this, take);
         connect(made->lineEdit(), &QLineEdit::editingFinished, this, take);
+        connect(made->lineEdit(), &QLineEdit::inputRejected, this, [] { ThePlatform().Beep(); });
         return made;
     }
     connect(made, &QComboBox::activated, this,
