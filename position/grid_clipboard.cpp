@@ -56,6 +56,55 @@ private:
     std::size_t lf = 0;
 };
 
+/// Where a quoted cell that begins here ends, behind its closing quote; npos if it is none.
+std::size_t EndOfQuoted(std::string_view text, std::size_t begin) {
+    for (std::size_t at = text.find('"', begin + 1); at != text.npos; at = text.find('"', at + 2)) {
+        const std::string_view behind = text.substr(at + 1);
+        if (!behind.starts_with('"')) {
+            const bool cellEnds = behind.empty() || behind.find_first_of("\t\r\n") == 0;
+            return cellEnds ? at + 1 : text.npos;
+        }
+    }
+    return text.npos;
+}
+
+/// Spreadsheets quote a cell that holds a line break, a tab or a quote. Taken at its word it would
+/// shift every row behind it; here such breaks become blanks. A cell that needed no quotes keeps
+/// them.
+std::string WithoutQuotedBreaks(std::string text) {
+    if (text.find('"') == text.npos) {
+        return text;
+    }
+    std::string plain;
+    bool cellBegins = true;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t end = cellBegins && text[at] == '"' ? EndOfQuoted(text, at) : text.npos;
+        if (end == text.npos) {
+            cellBegins = text[at] == '\t' || text[at] == '\r' || text[at] == '\n';
+            plain += text[at++];
+            continue;
+        }
+        const std::string_view cell = std::string_view(text).substr(at + 1, end - at - 2);
+        if (cell.find_first_of("\t\r\n\"") == cell.npos) {
+            plain += text.substr(at, end - at);
+        } else {
+            for (std::size_t i = 0; i < cell.size(); ++i) {
+                const bool crLf = cell.substr(i).starts_with("\r\n");
+                const bool pair = cell[i] == '"';
+                plain += cell[i] == '\t' || cell[i] == '\r' || cell[i] == '\n' ? ' ' : cell[i];
+                i += crLf || pair ? 1 : 0;
+            }
+        }
+        at = end;
+        cellBegins = false;
+    }
+    return plain;
+}
+
+std::string ClipText() {
+    return WithoutQuotedBreaks(ThePlatform().TheClipboard.GetText());
+}
+
 /// The first cells of a row, at most `limit` of them.
 std::vector<std::string_view> CellsOf(std::string_view row, std::size_t limit) {
     std::vector<std::string_view> cells;
@@ -104,7 +153,7 @@ void TellIfCut(bool commentCut) {
 }
 
 void SetPasteFlags() {
-    const std::int16_t kind = ClipKind(ThePlatform().TheClipboard.GetText());
+    const std::int16_t kind = ClipKind(ClipText());
     LineCopiedFlag = FlagOf(kind == 1);
     CellCopiedFlag = FlagOf(kind != 0);
 }
@@ -121,7 +170,7 @@ void PutClip() {
 
 /// From the current line on, as far as the grid goes. True: a comment was cut.
 bool PutLines() {
-    const std::string text = ThePlatform().TheClipboard.GetText();
+    const std::string text = ClipText();
     Pasting pasting;
     ClipRows rows(text);
     for (int row = flgdData().row; row <= LastGridRow() && !rows.atEnd(); ++row) {
@@ -158,7 +207,7 @@ bool PutCells(const std::vector<std::string_view>& cells) {
 void PasteCells() {
     const auto [first, last] = SelectedRows();
     const auto wanted = static_cast<std::size_t>(last) - static_cast<std::size_t>(first) + 1;
-    const std::string text = ThePlatform().TheClipboard.GetText();
+    const std::string text = ClipText();
     std::vector<std::string_view> cells;
     for (ClipRows rows(text); !rows.atEnd() && cells.size() < wanted;) {
         const auto row = CellsOf(rows.next(), wanted - cells.size());
