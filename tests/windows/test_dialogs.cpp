@@ -39,9 +39,10 @@ QString Looked(const QWidget& at) {
         seen = edit->hasSelectedText() ? '[' + edit->selectedText() + ']' : edit->text();
         const QPalette window = edit->window()->palette();
         const QColor base = edit->palette().color(QPalette::Base);
-        const bool grey = base == window.color(QPalette::Window) || base == QColor(0xE0E0E0);
+        const bool grey = base == window.color(QPalette::Window);
         const bool refused = base == QColor(0xFF, 0x80, 0x80);
         return seen + (edit->isEnabled() ? "" : " off") + (grey ? " grey" : "") +
+               (base == QColor(0xE0E0E0) ? " E0E0E0" : "") +
                (refused ? " refused: " + edit->toolTip() : "") +
                (edit->actions().isEmpty() ? "" : " marked");
     } else {

@@ -68,6 +68,13 @@ TEST_F(Parameters, WhatIsEditedGoesToItsOwnItemAndAxis) {
     });
 }
 
+TEST_F(Parameters, OpenedAgainItStaysAsItIs) {
+    ParaText(ParaControl::txtHomeVel, 1) = "7";
+    form.open(true);
+    EXPECT_TRUE(form.isVisible() && form.isModal());
+    EXPECT_EQ(Get<QLineEdit>(form, "txtHomeVel(1)").text(), "7");
+}
+
 TEST_F(Parameters, NothingCanBeUsedWhileACommandRuns) {
     Get<QWidget>(form, "txtHomeVel(1)").setFocus();
     const auto anyOn = [this] {
