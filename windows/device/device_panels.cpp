@@ -2,6 +2,7 @@
 
 #include "platform/platform.h"
 #include "windows/controls/load_form_resources.h"
+#include "windows/controls/texts.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -26,10 +27,6 @@ constexpr int kMargin = 16;
 constexpr int kSpacing = 10;
 constexpr int kGap = 6;
 constexpr int kListCharacters = 5; ///< width of a list, in digits
-
-QString Named(const char* name, std::size_t index) {
-    return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
-}
 
 /// A control that is hidden keeps its place: nothing else jumps when an axis is switched.
 void KeepPlace(QWidget& control) {

@@ -104,10 +104,6 @@ QString AxisCaption(std::size_t axis) {
     return ResQText(static_cast<std::int16_t>(220 + axis));
 }
 
-QString Named(const char* name, std::size_t axis) {
-    return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(axis);
-}
-
 std::size_t ElementsOf(const ParaControlRow& row) {
     return row.perAxis() ? kAxes : 1;
 }

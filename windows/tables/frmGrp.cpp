@@ -1,7 +1,6 @@
 #include "windows/tables/frmGrp.h"
 
 #include "tables/groups.h"
-#include "windows/controls/in_front.h"
 #include "windows/controls/key_field.h"
 #include "windows/controls/load_form_resources.h"
 #include "windows/controls/refused_field.h"
@@ -18,8 +17,6 @@
 namespace qdw8 {
 namespace {
 
-constexpr int kMargin = 12;
-constexpr int kSpacing = 12;
 constexpr int kRowGap = 3;
 constexpr int kBlockGap = 20;
 constexpr int kBlockRows = 11;
@@ -31,30 +28,14 @@ constexpr std::array<std::int16_t, kGrpFields> kHeads{802, 803};
 constexpr std::array<const char*, kGrpFields> kHeadNames{"lblStartPosi", "lblEndPosi"};
 constexpr std::array<const char*, kGrpFields> kFieldNames{"txtGrpStartNo", "txtGrpEndNo"};
 
-QString Named(const char* name, int index) {
-    return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
-}
-
 } // namespace
 
 frmGrp::frmGrp(QWidget* parent) : QDialog(parent) {
-    setObjectName(QStringLiteral("frmGrp"));
-    SetNumbers(*this, 801);
-    CountAsWorkWindow(*this);
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    layout->setSpacing(kSpacing);
-    layout->setSizeConstraint(QLayout::SetFixedSize);
-    body = new QWidget(this);
-    auto* left = new QVBoxLayout(body);
-    left->setContentsMargins(0, 0, 0, 0);
-    left->setSpacing(kSpacing);
-    left->addWidget(makePages());
-    left->addWidget(makeRows());
-    layout->addWidget(body);
-    auto* right = new QVBoxLayout;
-    layout->addLayout(right);
-    commands = std::make_unique<TableButtons>(*this, *right, Groups(), GrpCommands(),
+    const TableFrame frame = LayTableWindow(*this, "frmGrp", 801);
+    body = frame.fields;
+    frame.left->addWidget(makePages());
+    frame.left->addWidget(makeRows());
+    commands = std::make_unique<TableButtons>(*this, *frame.right, Groups(), GrpCommands(),
                                               "cmdCloseGrpWindow", [this] { takeTyped(); });
     LoadFormResources(*this);
     LoadGrp();

@@ -1,7 +1,6 @@
 #include "windows/tables/frmSqMcr.h"
 
 #include "tables/macros.h"
-#include "windows/controls/in_front.h"
 #include "windows/controls/key_field.h"
 #include "windows/controls/load_form_resources.h"
 #include "windows/controls/refused_field.h"
@@ -22,8 +21,6 @@
 namespace qdw8 {
 namespace {
 
-constexpr int kMargin = 12;
-constexpr int kSpacing = 12;
 constexpr int kRowGap = 3;
 constexpr int kBlockGap = 20;
 constexpr int kBlockSteps = 8;
@@ -38,10 +35,6 @@ struct Head {
 };
 constexpr std::array kHeads{Head{"lblStepMoji", 914}, Head{"lblMereiMoji", 904},
                             Head{"lblDataMoji", 905}};
-
-QString Named(const char* name, int index) {
-    return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
-}
 
 /// The two arrows of a spin box alone: the number stands in a label.
 class Arrows : public QSpinBox {
@@ -75,24 +68,12 @@ protected:
 } // namespace
 
 frmSqMcr::frmSqMcr(QWidget* parent) : QDialog(parent) {
-    setObjectName(QStringLiteral("frmSqMcr"));
-    SetNumbers(*this, 901);
-    CountAsWorkWindow(*this);
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    layout->setSpacing(kSpacing);
-    layout->setSizeConstraint(QLayout::SetFixedSize);
-    body = new QWidget(this);
-    auto* left = new QVBoxLayout(body);
-    left->setContentsMargins(0, 0, 0, 0);
-    left->setSpacing(kSpacing);
-    left->addWidget(makeHead());
-    left->addWidget(makeSteps());
-    left->addStretch();
-    layout->addWidget(body);
-    auto* right = new QVBoxLayout;
-    layout->addLayout(right);
-    commands = std::make_unique<TableButtons>(*this, *right, Macros(), SmCommands(),
+    const TableFrame frame = LayTableWindow(*this, "frmSqMcr", 901);
+    body = frame.fields;
+    frame.left->addWidget(makeHead());
+    frame.left->addWidget(makeSteps());
+    frame.left->addStretch();
+    commands = std::make_unique<TableButtons>(*this, *frame.right, Macros(), SmCommands(),
                                               "cmdSqMcrWinClose", [] {});
     LoadFormResources(*this);
     LoadSm();

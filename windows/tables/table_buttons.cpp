@@ -2,9 +2,11 @@
 
 #include "app/command_states.h"
 #include "link/window_command.h"
+#include "windows/controls/in_front.h"
 #include "windows/controls/load_form_resources.h"
 
 #include <QBoxLayout>
+#include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
 #include <algorithm>
@@ -13,6 +15,8 @@
 namespace qdw8 {
 namespace {
 
+constexpr int kMargin = 12;
+constexpr int kSpacing = 12;
 constexpr int kBlockGap = 12;
 constexpr std::int16_t kClose = 813;
 
@@ -34,6 +38,24 @@ constexpr std::array<Place, std::tuple_size_v<TableCommands>> kPlaces{{
 }};
 
 } // namespace
+
+TableFrame LayTableWindow(QDialog& window, const char* name, int titleId) {
+    window.setObjectName(QLatin1String(name));
+    SetNumbers(window, titleId);
+    CountAsWorkWindow(window);
+    auto* layout = new QHBoxLayout(&window);
+    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    layout->setSpacing(kSpacing);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    auto* fields = new QWidget(&window);
+    auto* left = new QVBoxLayout(fields);
+    left->setContentsMargins(0, 0, 0, 0);
+    left->setSpacing(kSpacing);
+    layout->addWidget(fields);
+    auto* right = new QVBoxLayout;
+    layout->addLayout(right);
+    return {fields, left, right};
+}
 
 TableButtons::TableButtons(QWidget& of, QBoxLayout& layout, const SmallTable& shown,
                            const TableCommands& all, const char* closeName,

@@ -9,9 +9,21 @@
 #include <tuple>
 
 class QBoxLayout;
+class QDialog;
 class QPushButton;
+class QVBoxLayout;
 
 namespace qdw8 {
+
+/// What a window of tables is laid out in.
+struct TableFrame {
+    QWidget* fields;    ///< everything that is locked while a command runs
+    QVBoxLayout* left;  ///< inside `fields`
+    QVBoxLayout* right; ///< for the commands
+};
+/// Names the window, gives it the title with this id and lays it out. It is as large as what stands
+/// in it, and counts as a window in which work goes on.
+TableFrame LayTableWindow(QDialog& window, const char* name, int titleId);
 
 /// The commands of a window of tables, in a column, with Close at its foot. They and the fields are
 /// locked while a command runs in any window, and then the user is in the field where he was.
