@@ -39,7 +39,7 @@ constexpr std::array<Place, std::tuple_size_v<TableCommands>> kPlaces{{
 
 } // namespace
 
-TableFrame LayTableWindow(QDialog& window, const char* name, int titleId) {
+TableFrame LayTableWindow(QDialog& window, const char* name, std::int16_t titleId) {
     window.setObjectName(QLatin1String(name));
     SetNumbers(window, titleId);
     CountAsWorkWindow(window);

@@ -23,7 +23,7 @@ struct TableFrame {
 };
 /// Names the window, gives it the title with this id and lays it out. It is as large as what stands
 /// in it, and counts as a window in which work goes on.
-TableFrame LayTableWindow(QDialog& window, const char* name, int titleId);
+TableFrame LayTableWindow(QDialog& window, const char* name, std::int16_t titleId);
 
 /// The commands of a window of tables, in a column, with Close at its foot. They and the fields are
 /// locked while a command runs in any window, and then the user is in the field where he was.
