@@ -78,6 +78,10 @@ struct ScreenFunctions {
     /// What the window shows has changed: numbers, marks, page or macro, its commands.
     std::function<void()> frmGrp;
     std::function<void()> frmSqMcr;
+    /// Opens the I/O window, or brings it to the front.
+    std::function<void()> frmIOCheckShow;
+    /// What the I/O window shows has changed: lamps, buttons, its own state; or it is to go.
+    std::function<void()> frmIOCheck;
 
     /// Print what the compare table of the groups, of the macros, `ParaRowTable` holds, under a
     /// file name; empty while there is no printing.

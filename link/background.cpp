@@ -13,6 +13,7 @@ namespace {
 struct BackgroundState {
     int holders = 0;
     bool talks = false;
+    bool watched = false;
     std::function<void()> kept;
 };
 BackgroundState state;
@@ -20,14 +21,17 @@ BackgroundState state;
 /// A tick talks for the life of the object.
 class Talking {
 public:
-    Talking() { state.talks = true; }
-    ~Talking() { state.talks = false; }
+    explicit Talking(bool watched) {
+        state.talks = true;
+        state.watched = watched;
+    }
+    ~Talking() { state.talks = state.watched = false; }
     Talking(const Talking&) = delete;
     Talking& operator=(const Talking&) = delete;
 };
 
 bool LineIsTaken() {
-    return state.talks || state.holders > 0 || IsSet(CtBusyFlag) || IsSet(OffLineFlag);
+    return state.talks || state.holders > 0 || IsSet(CtBusyFlag);
 }
 
 void RunKept() {
@@ -37,14 +41,12 @@ void RunKept() {
     }
 }
 
-} // namespace
-
-bool RunInBackground(const std::function<void()>& talk) {
+bool Run(const std::function<void()>& talk, bool watched) {
     if (LineIsTaken()) {
         return false;
     }
     try {
-        const Talking talking;
+        const Talking talking(watched);
         PutReceiverAtRest();
         talk();
     } catch (const std::exception&) {
@@ -53,6 +55,16 @@ bool RunInBackground(const std::function<void()>& talk) {
     }
     RunKept();
     return true;
+}
+
+} // namespace
+
+bool RunInBackground(const std::function<void()>& talk) {
+    return !IsSet(OffLineFlag) && Run(talk, false);
+}
+
+bool RunWatched(const std::function<void()>& talk) {
+    return Run(talk, true);
 }
 
 void WhenLineIsFree(const std::function<void()>& command) {
@@ -64,7 +76,7 @@ void WhenLineIsFree(const std::function<void()>& command) {
 }
 
 bool UserWaitsForLine() {
-    return !state.talks || state.kept;
+    return !state.talks || state.watched || state.kept;
 }
 
 PollHeld::PollHeld() {

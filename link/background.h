@@ -13,13 +13,17 @@ namespace qdw8 {
 /// comes again. What `talk` throws goes on to the caller after the kept command.
 bool RunInBackground(const std::function<void()>& talk);
 
+/// The same for a tick that the user watches: off line is for `talk` to see to, and a wait of it is
+/// offered to be given up like that of a command.
+bool RunWatched(const std::function<void()>& talk);
+
 /// Runs a command of the user: at once, or when the background exchange out of whose wait it was
 /// started has ended. One command is kept; a second one meanwhile is dropped, as one that is
 /// chosen while another command runs.
 void WhenLineIsFree(const std::function<void()>& command);
 
-/// Somebody waits for the exchange that runs now: it is no background exchange, or a command is
-/// kept for its end.
+/// Somebody waits for the exchange that runs now: it is no background exchange, or one that is
+/// watched, or a command is kept for its end.
 bool UserWaitsForLine();
 
 /// Keeps ticks from sending for the life of the object: batches hold one, so that nothing starts

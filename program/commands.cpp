@@ -3,6 +3,7 @@
 #include "app/screens.h"
 #include "link/background.h"
 #include "link/window_command.h"
+#include "motion/motion_window.h"
 #include "platform/platform.h"
 #include "position/flex_grid.h"
 #include "position/grid_clipboard.h"
@@ -41,6 +42,10 @@ void OpenGroups() {
 
 void OpenMacros() {
     Screens().frmSqMcrShow();
+}
+
+void OpenIoMonitor() {
+    OpenMotionWindow(&ScreenFunctions::frmIOCheckShow);
 }
 
 /// The printer dialog for the page set-up; what was chosen stands when something is printed.
@@ -130,7 +135,8 @@ constexpr std::array kRows{
     CommandRow{.runs = InWindow,
                .editedCell = LeftAlone,
                .entry = {{mnuViewStatusBar, Menu::View, 272, "", false, true}}},
-    CommandRow{.button = {{cmdOpenIoWin, 244, 309, Frame::Controller, 0, 0}},
+    CommandRow{.routine = OpenIoMonitor,
+               .button = {{cmdOpenIoWin, 244, 309, Frame::Controller, 0, 0}},
                .entry = {{mnuViewInputOutput, Menu::View, 273, "", true}},
                .tool = {{tbInputOutput, 16, 309, Drawing::InputOutput}}},
     CommandRow{.button = {{cmdOpenMoveWin, 245, 310, Frame::Controller, 1, 0}},

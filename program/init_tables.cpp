@@ -7,6 +7,7 @@
 #include "app/transfer_dialog.h"
 #include "device/device_reset.h"
 #include "link/link_reset.h"
+#include "motion/motion_reset.h"
 #include "parameter/para_reset.h"
 #include "position/position_reset.h"
 #include "setup/detail_edit.h"
@@ -15,6 +16,7 @@
 namespace qdw8 {
 
 void InitTables() {
+    ResetMotion(); // gives back the commands that monitoring has
     ResetModule1();
     ResetCommandStates();
     ResetMainPanel();

@@ -23,6 +23,7 @@
 #include "windows/dialogs/frmSyogoKekka.h"
 #include "windows/dialogs/frmTrance.h"
 #include "windows/main/frmMain.h"
+#include "windows/motion/frmIOCheck.h"
 #include "windows/parameter/frmParameta2.h"
 #include "windows/tables/frmGrp.h"
 #include "windows/tables/frmSqMcr.h"
@@ -48,6 +49,7 @@ struct Windows {
     std::unique_ptr<frmParameta2> parameters;
     std::unique_ptr<frmGrp> groups;
     std::unique_ptr<frmSqMcr> macros;
+    std::unique_ptr<frmIOCheck> inputOutput;
 };
 
 Windows& TheWindows() {
@@ -116,6 +118,9 @@ void TellCommands() {
     }
     if (windows.macros) {
         windows.macros->showState();
+    }
+    if (windows.inputOutput) {
+        windows.inputOutput->showState();
     }
 }
 
@@ -192,6 +197,8 @@ void WireScreens() {
     screens.frmGrp = Tell(&Windows::groups, &frmGrp::showState);
     screens.frmSqMcrShow = Open(&Windows::macros);
     screens.frmSqMcr = Tell(&Windows::macros, &frmSqMcr::showState);
+    screens.frmIOCheckShow = Open(&Windows::inputOutput);
+    screens.frmIOCheck = Tell(&Windows::inputOutput, &frmIOCheck::showState);
 }
 
 } // namespace qdw8

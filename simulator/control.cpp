@@ -127,11 +127,38 @@ OrderResult Say(Desk& desk, const Words& words) {
     return {};
 }
 
-OrderResult Input(Desk& desk, const Words& words) {
-    if (words.size() != 2 || words[1].size() != 6 || !IsHex(words[1])) {
-        return Refusing("input wants six hexadecimal digits");
+/// The word that an order leaves of the one that stands: the digits, or with "on" or "off" behind
+/// them those lines alone.
+std::optional<std::uint32_t> LinesAfter(std::uint32_t before, const Words& words) {
+    if (words.size() < 2 || words[1].size() != 6 || !IsHex(words[1])) {
+        return std::nullopt;
     }
-    desk.controller.setInputs(static_cast<std::uint32_t>(FromHex(words[1])), desk.now);
+    const auto digits = static_cast<std::uint32_t>(FromHex(words[1]));
+    if (words.size() == 2) {
+        return digits;
+    }
+    if (words.size() > 3 || (words[2] != "on" && words[2] != "off")) {
+        return std::nullopt;
+    }
+    return words[2] == "on" ? before | digits : before & ~digits;
+}
+
+OrderResult Input(Desk& desk, const Words& words) {
+    const auto lines = LinesAfter(desk.controller.machine().inputs, words);
+    if (!lines) {
+        return Refusing("input wants six hexadecimal digits, and may have on or off behind them");
+    }
+    desk.controller.setInputs(*lines, desk.now);
+    return {};
+}
+
+OrderResult Output(Desk& desk, const Words& words) {
+    desk.controller.settle(desk.now);
+    const auto lines = LinesAfter(desk.controller.machine().outputs, words);
+    if (!lines) {
+        return Refusing("output wants six hexadecimal digits, and may have on or off behind them");
+    }
+    desk.controller.setOutputs(*lines);
     return {};
 }
 
@@ -205,10 +232,11 @@ OrderResult State(Desk& desk, const Words&) {
         result.lines += std::to_string(desk.controller.position(axis, desk.now));
     }
     result.lines += "\noutputs " + ToHex(static_cast<int>(machine.outputs), 6) + "\n";
+    result.lines += "inputs " + ToHex(static_cast<int>(machine.inputs), 6) + "\n";
     return result;
 }
 
-constexpr std::array<Order<Desk>, 16> kOrders{{
+constexpr std::array<Order<Desk>, 17> kOrders{{
     {"alarm", OrderAlarm, "alarm 0 6 [for MS] [announce]; alarm clear"},
     {"power", Power, "power off, power on"},
     {"axes", Axes, "axes N: the controller has N axes"},
@@ -217,14 +245,15 @@ constexpr std::array<Order<Desk>, 16> kOrders{{
     {"board", Board, "board N TEXT: the six characters of the board of axis N"},
     {"row", Row, "row 3E7 TEXT: the 40 characters of a position row, checked by nobody"},
     {"block", Block, "block C TEXT: the 32 characters of a block, checked by nobody"},
-    {"input", Input, "input HHHHHH: the input lines, as 0RI tells them"},
+    {"input", Input, "input HHHHHH [on|off]: all input lines as 0RI tells them, or these alone"},
+    {"output", Output, "output HHHHHH [on|off]: the same for the output lines, as 0RO tells them"},
     {"homing", Homing, "homing fails, homing works"},
     {"turnaround", Turnaround, "turnaround MS: time from a request to its reply"},
     {"say", Say, "say TEXT: TEXT goes out unasked; \\r\\n is CR LF, \\s a blank, \\\\ is \\"},
     {"fault", OrderFault, "fault RULE, fault clear"},
     {"stats", Stats, "stats, stats clear: how often each command came"},
     {"frames", Frames, "frames N: the last N frames, with their time in ms"},
-    {"state", State, "state: power, alarm, mode, motion, positions, outputs"},
+    {"state", State, "state: power, alarm, mode, motion, positions, outputs, inputs"},
 }};
 
 } // namespace

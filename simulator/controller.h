@@ -85,6 +85,9 @@ public:
     void setBlock(int block, const std::string& digits);
     /// The 24 input lines, the first digit of 0RI on top.
     void setInputs(std::uint32_t inputs, Millis now);
+    /// The 24 output lines, the first digit of 0RO on top, as if something in the machine had
+    /// switched them.
+    void setOutputs(std::uint32_t outputs) { body.outputs = outputs & 0xFFFFFFU; }
     /// Time from a request to its reply, 0 at first.
     void setTurnaround(Millis time) { turnaround = time; }
     /// Time that a 0WE takes, 100 at first.

@@ -222,7 +222,7 @@ void ScriptedPlatform::run(std::int64_t ms) {
     const std::int64_t limit = now + ms;
     while (step(limit)) {
     }
-    now = limit;
+    now = std::max(now, limit);
 }
 
 void ScriptedPlatform::expectBox(const std::string& text, BoxButtons buttons, BoxAnswer answer) {

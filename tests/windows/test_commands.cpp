@@ -35,6 +35,7 @@ protected:
         Screens().frmDevice3 = [this] { note("frmDevice3"); };
         Screens().frmGrpShow = [this] { note("frmGrp"); };
         Screens().frmSqMcrShow = [this] { note("frmSqMcr"); };
+        Screens().frmIOCheckShow = [this] { note("frmIOCheck"); };
         Screens().frmParameta2Show = [this](bool modal) { note(modal ? "" : "frmParameta2"); };
         Screens().frmMainClose = [this] { note("close"); };
         Screens().frmDataShogo = [this] {
@@ -99,7 +100,7 @@ TEST_F(CommandRows, EveryControlDoesWhatItsRowSays) {
     }
     const std::string told = ReadWholeFile(QDW8_SOURCE_DIR "/tests/windows/commands.txt");
     EXPECT_EQ(all, told.substr(told.find("mnuFileNew")));
-    EXPECT_EQ(commands.size(), 50U) << "each control that is on has handed its command out";
+    EXPECT_EQ(commands.size(), 53U) << "each control that is on has handed its command out";
 }
 
 } // namespace

@@ -148,6 +148,7 @@ protected:
         add<frmDevice>("frmDevice");
         add<frmGrp>("frmGrp");
         add<frmSqMcr>("frmSqMcr");
+        add<frmIOCheck>("frmIOCheck");
     }
 
     QString all;

@@ -1,0 +1,22 @@
+#include "motion/motion_window.h"
+
+namespace qdw8 {
+namespace {
+
+/// The one that is open. The state of a fresh start: none.
+MotionWindow open = nullptr;
+
+} // namespace
+
+void OpenMotionWindow(MotionWindow window) {
+    if (open == nullptr) {
+        open = window;
+    }
+    (Screens().*open)();
+}
+
+void MotionWindowClosed() {
+    open = nullptr;
+}
+
+} // namespace qdw8
