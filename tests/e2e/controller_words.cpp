@@ -61,16 +61,6 @@ void Start(Told options) {
     }
 }
 
-/// The line of the simulator's state that begins with a word.
-QString StateOf(const QString& word) {
-    for (const QString& line : Tell(QStringLiteral("state"))) {
-        if (line.section(u' ', 0, 0) == word) {
-            return line;
-        }
-    }
-    return {};
-}
-
 /// How often the state was asked for.
 int Polls() {
     return Tell("stats").filter("0CM ").value(0).mid(4).toInt();
@@ -122,7 +112,10 @@ Words ControllerWords() {
         {"dead-link", [](Told) { QFile::link("no-such-device", Link()); }},
         {"tell", [](Told told) { Tell(told.join(u' ')); }},
         {"asked", [](Told told) { ExpectNow(Tell("stats").join(u'\n'), told.join(u'\n')); }},
-        {"state", [](Told told) { ExpectNow(StateOf(told.value(0)), told.join(u' ')); }},
+        {"state",
+         [](Told told) {
+             ExpectNow(Tell("state").filter(told.value(0) + u' ').join(u' '), told.join(u' '));
+         }},
         {"polls", WaitPolls},
         {"written", [](Told told) { ExpectNow(Written(), told.join(u' ')); }},
         {"last-heard", [](Told told) { ExpectNow(LastHeard(), told.value(0)); }},

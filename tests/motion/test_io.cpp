@@ -11,9 +11,9 @@
 #include "support/every_step.h"
 #include "support/story.h"
 
-#include <algorithm>
 #include <memory>
 #include <set>
+#include <utility>
 
 namespace qdw8::test {
 namespace {
@@ -25,11 +25,6 @@ struct IoBench : LineBench {
     IoBench() {
         Screens().frmIOCheckShow = [this] { IoCheckOpen() ? void(++shown) : LoadIoCheck(); };
         OpenMotionWindow(&ScreenFunctions::frmIOCheckShow);
-    }
-    static void clickLamp(const std::string& name) {
-        const auto* lamp = std::find_if(kOutputLamps.begin(), kOutputLamps.end(),
-                                        [&](const IoLamp& one) { return one.name == name; });
-        OutputLamp_Click(lamp->slot);
     }
     int shown = 0; ///< how often it was brought to the front
 };
@@ -55,15 +50,15 @@ private:
     }
     std::string frames() {
         std::string text;
-        for (const std::string& frame : platform.sent) {
+        for (const std::string& frame : std::exchange(platform.sent, {})) {
             text += (text.empty() ? "" : " ") + frame;
         }
-        platform.sent.clear();
         return text;
     }
     /// Something happens while the program waits for the answer to a frame, once.
-    void during(const std::string& frame, const std::string& what) {
-        platform.onOutput = [this, frame, what, send = platform.onOutput](const std::string& text) {
+    void during(Args& args) {
+        platform.onOutput = [this, frame = Word(args), what = Rest(args),
+                             send = platform.onOutput](const std::string& text) {
             if (text.starts_with(frame) && done.insert(frame + what).second) {
                 platform.after(0, [this, what] { tell(what); });
             }
@@ -79,20 +74,20 @@ private:
         {"wait", [this](Args& a) { platform.run(Number(a)); }},
         {"click", [](Args&) { cmdIoMonitor_Click(); }},
         {"ignore", [](Args&) { chkIgnore_Click(!IsSet(chkIgnore)); }},
-        {"lamp", [](Args& a) { clickLamp(Word(a)); }},
+        {"lamp",
+         [](Args& a) {
+             for (const std::string name = Word(a); const IoLamp& lamp : kOutputLamps) {
+                 lamp.name == name ? OutputLamp_Click(lamp.slot) : void();
+             }
+         }},
         {"close", [](Args&) { CloseIoCheck(); }},
         {"open", [](Args&) { OpenMotionWindow(&ScreenFunctions::frmIOCheckShow); }},
         {"open-another", [](Args&) { OpenMotionWindow(&ScreenFunctions::frmGrpShow); }},
         {"confirm-end", [](Args&) { ProgramEndFlag = kSet; }},
         {"give-up", [this](Args&) { AnswerByItself(platform); }},
         {"offline", [](Args&) { SetOfflineState(); }},
-        {"during",
-         [this](Args& a) {
-             const std::string frame = Word(a);
-             during(frame, Rest(a));
-         }},
+        {"during", [this](Args& a) { during(a); }},
         {"box", [this](Args& a) { platform.expectBox(BoxText(Rest(a))); }},
-        {"asked", [this](Args&) { platform.checkAllAsked(); }},
         {"fault", [this](Args& a) { addFault(Word(a)); }},
         {"mend", [this](Args&) { line.controller.clearFaults(); }},
         {"cable", [this](Args&) { platform.breakLine(); }},
@@ -121,7 +116,6 @@ private:
          }},
         {"commands", [](Args&) { return CommandsTaken() ? "away" : "there"; }},
         {"window", [this](Args&) { return IoCheckOpen() ? std::to_string(shown) : "gone"; }},
-        {"port", [this](Args&) { return platform.portOpen ? "open" : "closed"; }},
         {"program", [this](Args&) { return platform.ended ? "ended" : "runs"; }},
     };
 };
@@ -133,14 +127,13 @@ TEST(IoMonitor, GoesAsTold) {
 TEST(IoMonitor, AtEveryStepAFailureEndsItAndNothingFollows) {
     EveryStep<IoBench>(
         [](IoBench& bench) {
-            const auto tick = [&bench](const std::function<void()>& act) {
-                act();
-                bench.platform.run(2 * kTick);
-            };
             chkIgnore_Click(true);
-            tick(cmdIoMonitor_Click);
-            tick([] { IoBench::clickLamp("P800"); });
-            tick([] { IsSet(IoMonitoring) ? cmdIoMonitor_Click() : void(); });
+            cmdIoMonitor_Click();
+            bench.platform.run(2 * kTick);
+            OutputLamp_Click(2);
+            bench.platform.run(kTick);
+            IoStopRequest = IoMonitoring;
+            bench.platform.run(kTick);
         },
         [](IoBench& bench, const Step& step) {
             EXPECT_EQ(IoMonitoring | IoStopRequest | IoStartRequest | IoLampsShown, kClear);
