@@ -34,7 +34,7 @@ constexpr std::int16_t kInputs = 3170;
 constexpr std::int16_t kOutputs = 3171;
 
 QString White(const IoLamp& lamp) {
-    return QStringLiteral("imgWhiteIcon(%1)").arg(lamp.white);
+    return Named("imgWhiteIcon", lamp.white);
 }
 QString Coloured(const char* kind, const IoLamp& lamp) {
     return QLatin1String(kind) + QLatin1String(lamp.name);
