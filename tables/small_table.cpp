@@ -29,6 +29,17 @@ std::int16_t ReasonOf(const SmallTable& table, int row, int field) {
     return index < table.state.reasons.size() ? table.state.reasons[index] : std::int16_t{0};
 }
 
+std::optional<TablePlace> FirstRefused(const SmallTable& table) {
+    const Numbers& reasons = table.state.reasons;
+    const auto first = std::find_if(reasons.begin(), reasons.end(),
+                                    [](std::int16_t reason) { return reason != 0; });
+    if (first == reasons.end()) {
+        return std::nullopt;
+    }
+    const auto index = static_cast<int>(first - reasons.begin());
+    return TablePlace{index / table.fields + 1, index % table.fields};
+}
+
 void CopyTable(const SmallTable& table, Held from, Held to) {
     const Numbers numbers = Settled(table, from);
     table.put(from, numbers);

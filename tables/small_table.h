@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,8 @@ struct TableState {
     bool commandsOff = false;
     /// For each number what the last check had against it, as a text id; 0 nothing.
     Numbers reasons;
+    /// It has just refused some: the window leads to the first, and clears this.
+    bool refused = false;
     /// Numbers of the rows that the last check refused, as its report lists them.
     std::string badList;
 };
@@ -97,6 +100,14 @@ std::size_t IndexOf(const SmallTable& table, int row, int field);
 
 /// What the last check had against a number, as a text id; 0 nothing.
 std::int16_t ReasonOf(const SmallTable& table, int row, int field);
+
+/// A number by its row and its field in it.
+struct TablePlace {
+    int row;
+    int field;
+};
+/// The first that the last check refused.
+std::optional<TablePlace> FirstRefused(const SmallTable& table);
 
 /// All rows of one copy into the other. Numbers that mean nothing are settled in both.
 void CopyTable(const SmallTable& table, Held from, Held to);

@@ -9,7 +9,6 @@
 #include "tables/table_file.h"
 #include "tables/table_transfer.h"
 
-#include <algorithm>
 #include <exception>
 #include <filesystem>
 #include <optional>
@@ -36,11 +35,9 @@ bool Confirmed(std::int16_t questionId) {
 
 /// The user finds what was refused without looking through all pages.
 void ShowFirstRefused(const SmallTable& table) {
-    const Numbers& reasons = table.state.reasons;
-    const auto first = std::find_if(reasons.begin(), reasons.end(),
-                                    [](std::int16_t reason) { return reason != 0; });
-    if (first != reasons.end()) {
-        table.turnTo(static_cast<int>(first - reasons.begin()) / table.fields + 1);
+    if (const auto first = FirstRefused(table)) {
+        table.state.refused = true;
+        table.turnTo(first->row);
     }
 }
 
@@ -79,11 +76,11 @@ LineResult ReadRows(const SmallTable& table) {
     return ReadTableFromCt(table);
 }
 
-/// The rows of the controller into the compare table. A read that was stopped, or whose wait was
-/// given up, is told when the line is closed.
+/// The rows of the controller into the compare table. A read that was stopped is told when the line
+/// is closed; who gave up a wait of it knows.
 bool ReadFromController(const SmallTable& table) {
     const LineResult result = ReadRows(table);
-    if (WasStopped(result) && table.texts.readStopped != 0) {
+    if (result == LineResult::Cancelled && table.texts.readStopped != 0) {
         ShowTexts({table.texts.readStopped});
     }
     return result == LineResult::Done;

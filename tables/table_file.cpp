@@ -25,9 +25,9 @@ std::int16_t WholeNumber(FieldReader& fields) {
     return ToInt16(number);
 }
 
-/// Empty lines behind the last row are no rows.
+/// Empty lines behind the last row are no rows, nor is the end mark of old editors.
 std::string WithoutEmptyEnd(std::string text) {
-    text.resize(text.find_last_not_of("\r\n") + 1);
+    text.resize(text.find_last_not_of(" \t\r\n\x1A") + 1);
     return text;
 }
 

@@ -37,6 +37,7 @@ std::string RowText(const SmallTable& table, const Numbers& numbers, int row) {
 
 LineResult ReadTableFromCt(const SmallTable& table) {
     Numbers numbers;
+    bool wrongData = false;
     const auto readRow = [&](int index) -> std::int16_t {
         if (table.line.read(index + 1) != 0) {
             return 1;
@@ -44,12 +45,15 @@ LineResult ReadTableFromCt(const SmallTable& table) {
         try {
             CutReply(table, numbers);
         } catch (const Fault&) {
-            ShowWrongData();
+            wrongData = true;
             return 1;
         }
         return 0;
     };
     const LineResult result = ReadMany(table.rows, table.line.reading, readRow);
+    if (wrongData) {
+        ShowWrongData();
+    }
     if (result == LineResult::Done) {
         if (table.settle != nullptr) {
             table.settle(numbers);

@@ -75,6 +75,8 @@ public:
             } else if (dialog.shown) {
                 bar = dialog.lblSetumei + (dialog.cancelShown ? "* " : " ") +
                       std::to_string(dialog.prgBar1) + "/" + std::to_string(dialog.prgBar1Max);
+            } else {
+                goneAt = platform.events.size();
             }
         };
     }
@@ -148,7 +150,8 @@ private:
     }
 
     std::int64_t took = 0;
-    std::string bar; ///< the last that the transfer dialog showed
+    std::string bar;        ///< the last that the transfer dialog showed
+    std::size_t goneAt = 0; ///< what had been asked and told when it went
     std::string printed;
     std::vector<Numbers> kept;
     const StoryWords words{
@@ -212,6 +215,8 @@ private:
         {"closes", [this](Args& a) { return closes(a); }},
         {"frames", [this](Args&) { return frames(); }},
         {"bar", [this](Args&) { return bar; }},
+        {"box-behind-dialog",
+         [this](Args&) { return YesOrNo(platform.events.at(goneAt).starts_with("box")); }},
         {"took", [this](Args&) { return std::to_string(took); }},
         {"printed", [this](Args&) { return printed; }},
         {"beeps", [this](Args&) { return std::to_string(platform.beeps); }},

@@ -35,8 +35,12 @@ frmGrp::frmGrp(QWidget* parent) : QDialog(parent) {
     body = frame.fields;
     frame.left->addWidget(makePages());
     frame.left->addWidget(makeRows());
-    commands = std::make_unique<TableButtons>(*this, *frame.right, Groups(), GrpCommands(),
-                                              "cmdCloseGrpWindow", [this] { takeTyped(); });
+    commands = std::make_unique<TableButtons>(
+        *this, *frame.right, Groups(), GrpCommands(), "cmdCloseGrpWindow", [this] { takeTyped(); },
+        [this](TablePlace place) {
+            return rows.at(static_cast<std::size_t>((place.row - 1) % kGrpPageRows))
+                .fields.at(static_cast<std::size_t>(place.field));
+        });
     LoadFormResources(*this);
     LoadGrp();
     showState();

@@ -73,8 +73,14 @@ frmSqMcr::frmSqMcr(QWidget* parent) : QDialog(parent) {
     frame.left->addWidget(makeHead());
     frame.left->addWidget(makeSteps());
     frame.left->addStretch();
-    commands = std::make_unique<TableButtons>(*this, *frame.right, Macros(), SmCommands(),
-                                              "cmdSqMcrWinClose", [] {});
+    commands = std::make_unique<TableButtons>(
+        *this, *frame.right, Macros(), SmCommands(), "cmdSqMcrWinClose", [] {},
+        [this](TablePlace place) {
+            entered = place.field / kSmFields; // what was refused stays as it is
+            const Row& row = rows.at(static_cast<std::size_t>(entered));
+            return place.field % kSmFields == kSmDataField ? static_cast<QWidget*>(row.data)
+                                                           : row.command;
+        });
     LoadFormResources(*this);
     LoadSm();
     showState();
@@ -164,6 +170,7 @@ void frmSqMcr::turnTo(int macro) {
     if (body->isEnabled()) {
         ShowMacro(macro);
         if (auto* field = dynamic_cast<KeyField*>(focusWidget())) {
+            EnterSmData(entered); // that of the other macro
             field->selectAll();
         }
     }

@@ -59,8 +59,8 @@ TableFrame LayTableWindow(QDialog& window, const char* name, std::int16_t titleI
 
 TableButtons::TableButtons(QWidget& of, QBoxLayout& layout, const SmallTable& shown,
                            const TableCommands& all, const char* closeName,
-                           std::function<void()> take)
-    : window(of), table(shown), commands(all), takeTyped(std::move(take)) {
+                           std::function<void()> take, std::function<QWidget*(TablePlace)> at)
+    : window(of), table(shown), commands(all), takeTyped(std::move(take)), fieldAt(std::move(at)) {
     for (const Place& place : kPlaces) {
         const auto command = std::find_if(all.begin(), all.end(), [&place](const auto& one) {
             return one.routine == place.routine;
@@ -104,6 +104,11 @@ void TableButtons::showState(QWidget& fields) {
     }
     closeButton->setEnabled(free);
     fields.setEnabled(free);
+    if (free && !wasFree && std::exchange(table.state.refused, false)) {
+        if (const auto first = FirstRefused(table)) {
+            before = fieldAt(*first);
+        }
+    }
     if (free && !wasFree && before) {
         // As when the window becomes the active one again: nobody has entered the field.
         before->setFocus(Qt::ActiveWindowFocusReason);

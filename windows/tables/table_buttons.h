@@ -30,9 +30,11 @@ TableFrame LayTableWindow(QDialog& window, const char* name, std::int16_t titleI
 class TableButtons {
 public:
     /// `takeTyped` puts what is half typed into the table; that is done before any command.
+    /// `fieldAt` is the control of a number whose page is up; the user is led to what a check
+    /// refused.
     TableButtons(QWidget& window, QBoxLayout& layout, const SmallTable& table,
                  const TableCommands& commands, const char* closeName,
-                 std::function<void()> takeTyped);
+                 std::function<void()> takeTyped, std::function<QWidget*(TablePlace)> fieldAt);
 
     /// Looks at what may be used now.
     void showState(QWidget& fields);
@@ -46,6 +48,7 @@ private:
     const SmallTable& table;
     const TableCommands& commands;
     std::function<void()> takeTyped;
+    std::function<QWidget*(TablePlace)> fieldAt;
     std::array<QPushButton*, std::tuple_size_v<TableCommands>> buttons{};
     QPushButton* closeButton = nullptr;
     QPointer<QWidget> before; ///< had the focus when the fields were locked
