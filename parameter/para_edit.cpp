@@ -68,11 +68,11 @@ void Choose(ParaControl list, std::size_t axis, const std::string& text,
     Edited(list, axis);
 }
 
-/// Every field with a text that is typed, along the axes of an item, in the order of the items.
-std::vector<ParaPlace> TextPlaces() {
+/// Every field, along the axes of an item, in the order of the items.
+std::vector<ParaPlace> Places() {
     std::vector<ParaPlace> places;
     for (const ParaControlRow& row : ParaControls()) {
-        for (std::size_t axis = 0; row.isText() && axis < (row.perAxis() ? kAxes : 1); ++axis) {
+        for (std::size_t axis = 0; axis < (row.perAxis() ? kAxes : 1); ++axis) {
             places.push_back({row.control, axis});
         }
     }
@@ -113,13 +113,16 @@ void LeaveParaField(ParaControl control, std::size_t axis) {
 }
 
 std::optional<ParaPlace> NextParaField(ParaPlace from) {
-    std::vector<ParaPlace> places = TextPlaces();
+    const bool listsToo = !RowOf(from.control).isText();
+    std::vector<ParaPlace> places = Places();
     const auto here = std::find(places.begin(), places.end(), from);
     if (here != places.end()) {
         std::rotate(places.begin(), here + 1, places.end());
     }
-    const auto next = std::find_if(places.begin(), places.end(), [](const ParaPlace& place) {
-        return !ParaFieldGrey(place.control, place.axis);
+    const auto next = std::find_if(places.begin(), places.end(), [=](const ParaPlace& place) {
+        const ParaControlRow& row = RowOf(place.control);
+        return (row.isText() || (listsToo && row.kind != ParaKind::Shown)) &&
+               !ParaFieldGrey(place.control, place.axis);
     });
     return next == places.end() ? std::nullopt : std::optional(*next);
 }

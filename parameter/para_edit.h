@@ -22,9 +22,10 @@ void ChooseParaRow(ParaControl control, std::size_t axis, int row);
 /// stays empty without one.
 void LeaveParaField(ParaControl control, std::size_t axis);
 
-/// Where Enter goes from a field: along the axes of an item, then to the next item with a text
-/// field, from the last item of a page to the next page, from the last page to the first. Grey
-/// fields are passed over. Nothing when there is no text field left.
+/// Where Enter goes from a text field: along the axes of an item, then to the next item with a text
+/// field, from the last item of a page to the next page, from the last page to the first. From a
+/// list it goes the same way without passing lists over. Grey fields are passed over. Nothing when
+/// there is no field left.
 std::optional<ParaPlace> NextParaField(ParaPlace from);
 
 // The actuator lists, by choice or by typing. The speeds follow the size, the strokes the speed: a

@@ -19,6 +19,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 
 namespace qdw8 {
 namespace {
@@ -177,9 +178,12 @@ void frmParameta2::showState() {
     if (back && isVisible()) {
         // To what its check refused, else where the user was, but not to a button: a key that was
         // meant for a box must not do it all again.
-        const auto refused = ran ? pages->firstField(true) : std::nullopt;
-        ran = false;
-        goToField(refused ? refused : before);
+        const auto refused = std::exchange(ran, false) ? pages->firstField(true) : std::nullopt;
+        if (refused) {
+            pages->goTo(*refused);
+        } else {
+            goToField(before);
+        }
     }
 }
 

@@ -391,9 +391,9 @@ void ParaPages::showField(const ParaControlRow& row, std::size_t axis) {
     field.widget->setEnabled(ParaFieldEnabled(row.control, axis) ||
                              (row.kind == ParaKind::Shown && !ParaFieldGrey(row.control, axis)));
     const bool marked = ParaMarkOf(row.control, axis) != ParaMark::None;
-    showLook(field, ParaFieldGrey(row.control, axis) ? Look::Grey
-                    : marked                         ? Look::Marked
-                                                     : Look::Normal);
+    showLook(field, marked                             ? Look::Marked
+                    : ParaFieldGrey(row.control, axis) ? Look::Grey
+                                                       : Look::Normal);
     const QString tip = QString::fromStdString(ParaFieldTip(row.control, axis));
     if (field.widget->toolTip() != tip) {
         field.widget->setToolTip(tip);
@@ -435,14 +435,16 @@ void ParaPages::showLook(Field& field, Look look) {
 
 void ParaPages::goTo(ParaPlace place) {
     setCurrentIndex(RowOf(place.control).page);
-    at(place).widget->setFocus(Qt::TabFocusReason);
+    // A special field opens by the box of its page.
+    const bool locked = ParaFieldGrey(place.control, place.axis);
+    (locked ? chkTokuParaChange : at(place).widget)->setFocus(Qt::TabFocusReason);
 }
 
 std::optional<ParaPlace> ParaPages::firstField(bool marked) const {
     for (const ParaControlRow& row : ParaControls()) {
         for (std::size_t axis = 0; axis < ElementsOf(row); ++axis) {
-            if (ParaFieldEnabled(row.control, axis) &&
-                (!marked || ParaMarkOf(row.control, axis) != ParaMark::None)) {
+            if (marked ? ParaMarkOf(row.control, axis) != ParaMark::None
+                       : ParaFieldEnabled(row.control, axis)) {
                 return ParaPlace{row.control, axis};
             }
         }

@@ -26,7 +26,8 @@ public:
     void nameControls();
     /// Shows the fields again: texts, what may be edited, marks.
     void showFields();
-    /// Brings up the page of a field and gives it the focus.
+    /// Brings up the page of a field and gives it the focus; for a special one that is locked, the
+    /// box that opens it.
     void goTo(ParaPlace place);
     /// The first field that may be edited, or, with `marked`, that the last check refused.
     std::optional<ParaPlace> firstField(bool marked) const;
