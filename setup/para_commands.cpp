@@ -97,9 +97,6 @@ void LeaveOut(const std::array<Flag, kAxes>& offBefore) {
 }
 
 Got Get() {
-    if (!OfferToSave()) {
-        return Got::Failed;
-    }
     const LineBatch batch;
     const auto offBefore = AxisOff;
     if (!ReadAxes()) {
@@ -199,9 +196,6 @@ bool Reflect() {
 }
 
 void Write() {
-    if (AskBox(ResText(470), BoxButtons::YesNo) != BoxAnswer::Yes) {
-        return;
-    }
     const PollHeld held;
     if (!Send()) {
         return;
@@ -224,6 +218,9 @@ void FinishAxes() {
 } // namespace
 
 std::int16_t GetParametaValue() {
+    if (!OfferToSave()) {
+        return 1;
+    }
     Got got = Got::Failed;
     try {
         got = Get();
@@ -246,6 +243,9 @@ std::int16_t GetParametaValue2() {
 }
 
 void cmdParaWrite_Click() {
+    if (AskBox(ResText(470), BoxButtons::YesNo) != BoxAnswer::Yes) {
+        return;
+    }
     try {
         Write();
     } catch (const std::exception&) {
