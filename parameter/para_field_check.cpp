@@ -3,6 +3,7 @@
 #include "app/Module1.h"
 #include "app/boxes.h"
 #include "app/number_forms.h"
+#include "app/string_table.h"
 #include "parameter/para_check.h"
 #include "parameter/para_fields.h"
 #include "parameter/para_marks.h"
@@ -63,9 +64,20 @@ void FollowAxes() {
     }
 }
 
+/// Edits of parameters that the program works with no more, another actuator's perhaps, aren't
+/// taken without a word.
+bool EditsStillMeant() {
+    return !IsSet(ParaEditedFlag) || !ParaSetHasMovedOn() ||
+           AskBox({TextLines({3058, 3059}), BoxButtons::OkCancel, {}, BoxIcon::Exclamation}) ==
+               BoxAnswer::Ok;
+}
+
 } // namespace
 
 bool TakeParaFields(std::int16_t invalidId, std::int16_t adviceId) {
+    if (!EditsStillMeant()) {
+        return false;
+    }
     FollowAxes();
     ClearParaMarks();
     const bool filled = ParaFieldsFilled();

@@ -18,6 +18,14 @@ Flag ParaEditedFlag;
 
 namespace {
 
+/// `ParaSet` as the fields showed it or gave it last, and as it was before the edits.
+struct Image {
+    ParameterSet shown;
+    ParameterSet kept;
+    Flag keptLoaded = kClear;
+};
+Image image;
+
 /// The value hidden behind the selected row, 0 for a row that doesn't count.
 double SelectedValue(const ParaControlRow& list, int selected) {
     const auto rows = ParaListRows(list.row);
@@ -140,6 +148,7 @@ std::int16_t TorikomiParametaValue() {
     } catch (const Fault&) {
         return 1;
     }
+    image.shown = ParaSet;
     for (std::size_t axis = 0; axis < kAxes; ++axis) {
         if (!IsSet(AxisOff[axis])) {
             DevSettei[axis].DevSize = ParaSet.parts[axis].size;
@@ -162,7 +171,51 @@ void ParametaHyoji() {
             ShowField(row, 0);
         }
     }
+    image.shown = ParaSet;
+    if (!IsSet(ParaEditedFlag)) {
+        CountParaAsKept();
+    }
     TellParameta2();
+}
+
+void ShowNoParameters() {
+    YukoJikuHyojiSettei();
+    image.shown = ParaSet;
+    CountParaAsKept();
+}
+
+void ShowAgreedMask() {
+    ParaFields.txtOneAxis = std::to_string(AxisMaskOf(AxisOff));
+    image.shown.AXIS = image.kept.AXIS = ParaSet.AXIS;
+    YukoJikuHyojiSettei();
+}
+
+bool ParaSetHasMovedOn() {
+    ParameterSet shown = image.shown;
+    shown.ACC_DCC = ParaSet.ACC_DCC; // no field shows it, and a write fetches it
+    return shown != ParaSet;
+}
+
+void CountParaAsKept() {
+    ParaEditedFlag = kClear;
+    image.kept = ParaSet;
+    image.keptLoaded = ParaLoadedFlag;
+}
+
+void GiveUpParaEdits() {
+    if (IsSet(ParaEditedFlag) && !ParaSetHasMovedOn()) {
+        ParaSet = image.kept;
+        ParaLoadedFlag = image.keptLoaded;
+    }
+    ParaEditedFlag = kClear;
+}
+
+void ResetParaFields() {
+    ParaFields = ParaFieldTexts{};
+    ParaStates = {};
+    ParaActuatorRows.fill({});
+    ParaEditedFlag = kClear;
+    image = {};
 }
 
 void YukoJikuHyojiSettei() {

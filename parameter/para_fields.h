@@ -11,6 +11,16 @@ namespace qdw8 {
 /// -1: the fields hold what is neither in a file nor in the controller.
 extern Flag ParaEditedFlag;
 
+/// What stands in `ParaSet` is in a file or in the controller: no edits, and what is given up later
+/// leads back to here.
+void CountParaAsKept();
+/// The edits are given up: `ParaSet` forgets what a check took of them, and factory parameters that
+/// were only shown. What was loaded behind them stays.
+void GiveUpParaEdits();
+/// True when `ParaSet` was loaded, by something outside the window, since the fields showed it or
+/// gave it last.
+bool ParaSetHasMovedOn();
+
 /// True when no text field of an axis in use is empty, nor `txtSmTimeoutTimer` or `txtOneAxis`.
 /// Lists have no part in it, nor has `txtActuator`, which nobody can fill in.
 bool ParaFieldsFilled();
@@ -25,6 +35,12 @@ std::int16_t TorikomiParametaValue();
 /// selects nothing. No field is marked any more.
 void ParametaHyoji();
 
+/// Before any parameters were loaded: the fields stay as they are, and follow the axes in use.
+void ShowNoParameters();
+
+/// The axes in use as both sides have agreed on them, in `txtOneAxis`; the fields follow.
+void ShowAgreedMask();
+
 /// Enables the fields of the axes in use; those of the others are emptied, but for the lists that
 /// are selected by number, and grey. The special ones are left alone while `chkTokuParaChange` is
 /// off. Tells the window.
@@ -35,5 +51,8 @@ void FollowActuator(std::size_t axis);
 
 /// Tells the window to look again.
 void TellParameta2();
+
+/// Part of `ResetParameters`.
+void ResetParaFields();
 
 } // namespace qdw8

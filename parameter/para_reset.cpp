@@ -16,10 +16,7 @@ void ResetParameters() {
     ParaReserved.fill(0);
     ParaRowTable = ParaRows{};
     ParaLoadedFlag = kClear;
-    ParaFields = ParaFieldTexts{};
-    ParaStates = {};
-    ParaActuatorRows.fill({});
-    ParaEditedFlag = kClear;
+    ResetParaFields();
     ClearParaMarks();
     VerifyReport.fill({});
     FactoryDeviceTable.fill({});

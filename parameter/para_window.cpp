@@ -22,12 +22,13 @@ void LoadParameta2() {
     if (IsSet(ParaLoadedFlag)) {
         ParametaHyoji();
     } else {
-        YukoJikuHyojiSettei();
+        ShowNoParameters();
     }
 }
 
 void FollowParaSet() {
-    if (!IsSet(ParaEditedFlag)) {
+    if (!CommandsTaken() && !IsSet(ParaEditedFlag) && IsSet(ParaLoadedFlag) &&
+        ParaSetHasMovedOn()) {
         ParametaHyoji();
     }
 }
@@ -39,7 +40,7 @@ bool ParaMayClose() {
     if (IsSet(ParaEditedFlag) && !MayLoseEdits([] { return SaveParameters() == 0; })) {
         return false;
     }
-    ParaEditedFlag = kClear; // what is given up goes with the window
+    GiveUpParaEdits();
     return true;
 }
 

@@ -8,7 +8,8 @@ namespace qdw8 {
 /// loaded the fields show `ParaSet`, before that they are empty.
 void LoadParameta2();
 
-/// `ParaSet` has taken other parameters than the fields show: they follow, unless they hold edits.
+/// A command has ended, whichever it was. The fields follow `ParaSet` where it was loaded by way of
+/// the devices, unless they hold edits. While commands are taken nothing happens.
 void FollowParaSet();
 
 /// The window is to be closed. Edits that are neither in a file nor in the controller can be saved

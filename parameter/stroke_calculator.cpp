@@ -1,6 +1,5 @@
 #include "parameter/stroke_calculator.h"
 
-#include "app/command_states.h"
 #include "app/number_forms.h"
 #include "app/string_table.h"
 #include "device/Module2Calc.h"
@@ -75,8 +74,7 @@ void cmdCulStrokePulse_Click(StrokeForm& form) {
 
 std::optional<ParaPlace> cmdInputStroke_Click(const StrokeForm& form) {
     const std::size_t axis = form.optInputSaki;
-    if (!IsDigits(form.lblStrokePulse) || CommandsTaken() ||
-        ParaFieldGrey(ParaControl::txtAxisStroke, axis)) {
+    if (!IsDigits(form.lblStrokePulse) || ParaFieldGrey(ParaControl::txtAxisStroke, axis)) {
         return {};
     }
     EditParaText(ParaControl::txtAxisStroke, axis, form.lblStrokePulse);

@@ -12,7 +12,6 @@
 #include "link/line_state.h"
 #include "parameter/para_device.h"
 #include "parameter/para_file.h"
-#include "parameter/para_window.h"
 #include "setup/device_copies.h"
 #include "setup/devices_before.h"
 #include "setup/recheck_positions.h"
@@ -72,7 +71,6 @@ void Change() {
     };
     const Leaving leaving;
     WriteDeviceSettings();
-    FollowParaSet();
     RepaintAxes();
     RecheckPositions();
 }

@@ -10,7 +10,6 @@
 #include "parameter/para_check.h"
 #include "parameter/para_rows.h"
 #include "parameter/para_transfer.h"
-#include "parameter/para_window.h"
 #include "setup/controller_devices.h"
 #include "setup/device_copies.h"
 #include "setup/device_set.h"
@@ -120,7 +119,6 @@ bool FollowController() {
     if (followed) {
         WriteDeviceSettings();
     }
-    FollowParaSet();
     RepaintAxes();
     RecheckPositions();
     return followed;

@@ -113,8 +113,8 @@ Got Get() {
     if (!ReadParaSet()) {
         return Got::Failed;
     }
-    ParametaHyoji();
     ParaEditedFlag = kClear;
+    ParametaHyoji();
     return Got::Done;
 }
 
@@ -137,9 +137,7 @@ bool MatchAxes() {
         }
         RepaintAxes();
     }
-    // The mask goes out as it was agreed, whatever stood in its field.
-    ParaFields.txtOneAxis = std::to_string(AxisMaskOf(AxisOff));
-    YukoJikuHyojiSettei();
+    ShowAgreedMask(); // it goes out so, whatever stood in the field
     return true;
 }
 
@@ -161,7 +159,7 @@ bool WriteInMode() {
     mode.end();
     CloseCtPort();
     if (written) {
-        ParaEditedFlag = kClear;
+        CountParaAsKept();
     } else {
         Tell(1528);
     }

@@ -5,7 +5,6 @@
 #include "app/command_states.h"
 #include "app/screens.h"
 #include "app/string_table.h"
-#include "link/background.h"
 #include "link/batch.h"
 #include "parameter/para_device.h"
 #include "parameter/para_field_check.h"
@@ -16,6 +15,8 @@
 #include "parameter/para_transfer.h"
 #include "parameter/para_verify.h"
 #include "setup/controller_devices.h"
+#include "setup/device_copies.h"
+#include "setup/devices_before.h"
 #include "setup/para_commands.h"
 #include "setup/repaint_axes.h"
 
@@ -97,8 +98,8 @@ void cmdParaRead_Click() {
 
 void cmdReadParaFile_Click() {
     if (OpenParaFile() == 0) {
-        ParametaHyoji();
         ParaEditedFlag = kClear;
+        ParametaHyoji();
     }
 }
 
@@ -132,14 +133,17 @@ void cmdParaFilePrint_Click() {
 }
 
 void cmdIniPrm_Click() {
-    const PollHeld held; // nothing may be sent while the window stands open
+    const DevicesBefore before;
     const auto axesBefore = AxisOff;
-    const std::int16_t loaded = SelectDeviceAndLoadFactory();
-    FinishChosenAxes(axesBefore);
-    if (loaded == 0) {
-        ParametaHyoji();
-        ParaEditedFlag = kSet;
+    if (SelectDeviceAndLoadFactory() != 0) {
+        before.putBack();
+        return;
     }
+    FinishChosenAxes(axesBefore);
+    // The choice was for the parameters: until they are written and reflected the actuators stay.
+    LetDevSettingToDevSettei();
+    ParaEditedFlag = kSet;
+    ParametaHyoji();
 }
 
 void cmdCalculate_Click() {

@@ -4,8 +4,7 @@
 #include <span>
 
 /// The commands of the parameter window. Each has told the user what became of it. They run as
-/// every command of a window does (`RunWindowCommand`), but for `cmdCalculate`, whose window is the
-/// parameter window's own.
+/// every command of a window does (`RunWindowCommand`).
 namespace qdw8 {
 
 struct ParaCommandRow {

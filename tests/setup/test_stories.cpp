@@ -144,6 +144,7 @@ public:
         CMDBTN_Yuko();
         PosiFolder = folder;
         Screens().frmParameta2Show = [this](bool) { ++opened; };
+        Screens().frmMainCommands = FollowParaSet; // as the window does
         for (const ParaCommandRow& command : ParaCommands()) {
             commands[command.name] = [&command] { return RunWindowCommand(command.routine), 0; };
         }

@@ -1,5 +1,6 @@
 // The rows of dialogs.txt, and what takes more than a row.
 
+#include "app/command_states.h"
 #include "every_window.h"
 #include "main_form.h"
 #include "parameter/factory_lists.h"
@@ -71,7 +72,7 @@ protected:
             told << "frmDevice2";
             DeviceCancelled = kSet;
         };
-        Screens().frmDeviceShow = [this] { told << "frmDevice"; };
+        Screens().frmDeviceShow = [this] { told << (CommandsTaken() ? "frmDevice" : "not locked"); };
         FirstDeviceSetFlag = kSet;
         AxisOff = {kClear, kClear, kSet, kSet};
         DevSetting[0] = {" 44", "L", 100, kClear, kClear, kSet, kSet, 2, 400, 20000, 100};

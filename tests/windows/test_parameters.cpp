@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
@@ -99,6 +100,20 @@ TEST_F(Parameters, NothingCanBeUsedWhileACommandRuns) {
     EXPECT_EQ(form.focusWidget()->objectName(), "txtHomeVel(1)");
     EXPECT_EQ(ParaText(ParaControl::txtHomeOfsVel, 2), "99") << "nobody was there";
     EXPECT_NE(anyOn(), "");
+}
+
+TEST_F(Parameters, FollowWhatACommandElsewhereLoaded) {
+    const auto load = [](std::int16_t push) {
+        const CommandsAway away;
+        ParaSet.PUSH[0] = push;
+    };
+    auto& field = Get<QLineEdit>(form, "txtHomePush(0)");
+    load(77);
+    EXPECT_EQ(field.text(), "77");
+    field.setFocus();
+    QTest::keyClicks(&field, "8");
+    load(66);
+    EXPECT_EQ(field.text(), "8") << "what was typed stays";
 }
 
 } // namespace

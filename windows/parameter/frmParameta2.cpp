@@ -128,12 +128,9 @@ QPushButton* frmParameta2::makeButton(const ParaCommandRow& command) {
 
 void frmParameta2::run(const ParaCommandRow& command) {
     pages->finishInput();
-    if (command.routine == cmdCalculate_Click) {
-        command.routine();
-        return;
-    }
     RunWindowCommand([this, &command] {
-        ran = true;
+        ran = command.routine != cmdCalculate_Click; // that one checks nothing
+
         command.routine();
     });
 }
@@ -171,6 +168,9 @@ void frmParameta2::showState() {
     }
     const bool back = locked && !taken;
     locked = taken;
+    if (back) {
+        FollowParaSet();
+    }
     pages->showFields();
     for (const Button& button : buttons) {
         button.control->setEnabled(ParaCommandEnabled(*button.command));
@@ -205,7 +205,7 @@ void frmParameta2::takeTyped() {
 
 void frmParameta2::calculateStroke() {
     if (const auto place = AskStrokeCalculator(this)) {
-        pages->goTo(*place);
+        before = place; // the focus goes there when the command ends
     }
 }
 
