@@ -423,6 +423,10 @@ void ParaPages::showLook(Field& field, Look look) {
             Mixed(QApplication::palette().color(QPalette::Base), QColor(kRefusedColour));
         palette.setColor(QPalette::Base, colour);
         palette.setColor(QPalette::Button, colour);
+        for (const auto role : {QPalette::Text, QPalette::ButtonText}) { // it may be locked
+            palette.setColor(QPalette::Disabled, role,
+                             QApplication::palette().color(QPalette::Active, role));
+        }
     }
     field.widget->setPalette(palette);
     // Not by the colour alone.
