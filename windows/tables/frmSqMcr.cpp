@@ -170,8 +170,7 @@ void frmSqMcr::turnTo(int macro) {
     if (body->isEnabled()) {
         ShowMacro(macro);
         if (auto* field = dynamic_cast<KeyField*>(focusWidget())) {
-            EnterSmData(entered); // that of the other macro
-            field->selectAll();
+            field->selectAll(); // not entered: looking at another macro changes nothing in it
         }
     }
 }
