@@ -72,7 +72,9 @@ protected:
             told << "frmDevice2";
             DeviceCancelled = kSet;
         };
-        Screens().frmDeviceShow = [this] { told << (CommandsTaken() ? "frmDevice" : "not locked"); };
+        Screens().frmDeviceShow = [this] {
+            told << (CommandsTaken() ? "frmDevice" : "not locked");
+        };
         FirstDeviceSetFlag = kSet;
         AxisOff = {kClear, kClear, kSet, kSet};
         DevSetting[0] = {" 44", "L", 100, kClear, kClear, kSet, kSet, 2, 400, 20000, 100};
@@ -145,7 +147,11 @@ protected:
         } else if (what.contains('=')) {
             put(Get<QWidget>(dialog, what.section('=', 0, 0)), what.section('=', 1));
         } else if (auto* field = dialog.findChild<QLineEdit*>(what)) {
-            QTest::mouseClick(field, Qt::LeftButton);
+            // By a hand that isn't quite still.
+            const QPoint at = field->rect().center();
+            QTest::mousePress(field, Qt::LeftButton, {}, at);
+            QTest::mouseMove(field, at + QPoint(2, 0));
+            QTest::mouseRelease(field, Qt::LeftButton, {}, at + QPoint(2, 0));
         } else {
             Get<QAbstractButton>(dialog, what).click();
         }

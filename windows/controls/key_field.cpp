@@ -2,6 +2,7 @@
 
 #include "platform/platform.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <utility>
@@ -86,6 +87,9 @@ void KeyField::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::MiddleButton) {
         QLineEdit::mouseReleaseEvent(event);
     }
+    if (std::exchange(clickedWhole, false) && !hasSelectedText()) {
+        selectAll(); // dragged over nothing
+    }
 }
 
 void KeyField::focusOutEvent(QFocusEvent* event) {
@@ -105,9 +109,25 @@ void KeyField::focusInEvent(QFocusEvent* event) {
 void KeyField::mousePressEvent(QMouseEvent* event) {
     QLineEdit::mousePressEvent(event);
     // The press that brings the focus would take the selection away again.
-    if (std::exchange(clickedIn, false) || length == 1) {
+    clickedWhole = std::exchange(clickedIn, false) || length == 1;
+    dragged = false;
+    if (clickedWhole) {
         selectAll();
+        clickedAt = event->position().toPoint();
     }
+}
+
+void KeyField::mouseMoveEvent(QMouseEvent* event) {
+    if (clickedWhole && !dragged) {
+        // A hand that isn't quite still selects nothing else.
+        const QPoint way = event->position().toPoint() - clickedAt;
+        if (length == 1 || way.manhattanLength() < QApplication::startDragDistance()) {
+            return;
+        }
+        dragged = true;
+        setCursorPosition(cursorPositionAt(clickedAt));
+    }
+    QLineEdit::mouseMoveEvent(event);
 }
 
 bool IsDigit(char character) {

@@ -9,8 +9,10 @@ namespace qdw8 {
 /// other way. A text that the program puts there may be any, and is seen whole.
 ///
 /// Its whole text is selected when the box gets the focus and by Ctrl+A, and what is typed takes
-/// the place of a selection. Keys that are none of its own go on to the window: Up, Down, the page
-/// keys and Escape as they are, Enter as `onEnter` or on to the next control.
+/// the place of a selection. A click that brings the focus selects all even if the mouse moves a
+/// little, and so does any click into a box of one character. Keys that are none of its own go on
+/// to the window: Up, Down, the page keys and Escape as they are, Enter as `onEnter` or on to the
+/// next control.
 ///
 /// A character that it doesn't take, or has no room for, is dropped with a beep, and takes the
 /// selection away. What is typed around it is no number that anybody meant, as the 15 of "1.5", and
@@ -31,6 +33,7 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -42,6 +45,9 @@ private:
     bool edited = false; ///< since the box got the focus
     bool spoiled = false;
     bool clickedIn = false;
+    bool clickedWhole = false; ///< the button is down, and the press selected all
+    bool dragged = false;      ///< the mouse selects something else since
+    QPoint clickedAt;
     Takes takes;
 };
 
