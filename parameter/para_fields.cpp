@@ -193,6 +193,12 @@ void ShowAgreedMask() {
 bool ParaSetHasMovedOn() {
     ParameterSet shown = image.shown;
     shown.ACC_DCC = ParaSet.ACC_DCC; // no field shows it, and a write fetches it
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
+        if (IsSet(AxisOff[axis])) {
+            // A file's text is built for every axis, whether the file is written or not.
+            shown.Actuator[axis] = ParaSet.Actuator[axis];
+        }
+    }
     return shown != ParaSet;
 }
 
