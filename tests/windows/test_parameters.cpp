@@ -1,5 +1,6 @@
 // The parameter window: what is the same for each of its fields.
 
+#include "link/background.h"
 #include "main_form.h"
 #include "parameter/para_controls.h"
 #include "parameter/para_window.h"
@@ -114,6 +115,27 @@ TEST_F(Parameters, FollowWhatACommandElsewhereLoaded) {
     QTest::keyClicks(&field, "8");
     load(66);
     EXPECT_EQ(field.text(), "8") << "what was typed stays";
+}
+
+TEST_F(Parameters, ACommandThatWaitsForTheLineGoesWithTheWindow) {
+    int asked = 0;
+    ThePlatform().ShowMessageBox = [&asked](const BoxQuestion&) {
+        ++asked;
+        return BoxAnswer::No;
+    };
+    const auto waits = [this](bool closes) {
+        EXPECT_TRUE(RunWatched([&] {
+            Get<QPushButton>(form, "cmdParaWrite").click();
+            if (closes) {
+                form.close();
+                form.open(false);
+            }
+        }));
+    };
+    waits(true);
+    EXPECT_EQ(asked, 0);
+    waits(false);
+    EXPECT_EQ(asked, 1);
 }
 
 } // namespace

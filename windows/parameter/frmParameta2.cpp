@@ -128,9 +128,11 @@ QPushButton* frmParameta2::makeButton(const ParaCommandRow& command) {
 
 void frmParameta2::run(const ParaCommandRow& command) {
     pages->finishInput();
-    RunWindowCommand([this, &command] {
+    RunWindowCommand([this, &command, from = closings] {
+        if (closings != from) {
+            return; // it waited for the line, and the edits it was meant for are given up
+        }
         ran = command.routine != cmdCalculate_Click; // that one checks nothing
-
         command.routine();
     });
 }
@@ -215,8 +217,11 @@ void frmParameta2::turnPage(int by) {
 
 void frmParameta2::reject() {
     takeTyped();
-    ran = true; // its saving may refuse
+    if (!CommandsTaken()) {
+        ran = true; // its saving may refuse
+    }
     if (ParaMayClose()) {
+        ++closings;
         QDialog::reject();
     }
 }

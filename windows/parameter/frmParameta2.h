@@ -53,6 +53,7 @@ private:
     std::vector<Button> buttons;
     bool locked = false;             ///< a command has the commands of all windows
     bool ran = false;                ///< it is one of this window
+    int closings = 0;                ///< so far
     std::optional<ParaPlace> before; ///< where the user was when it began
 };
 
