@@ -30,6 +30,8 @@ constexpr std::int16_t kStart = 702;
 constexpr std::int16_t kClose = 703;
 constexpr std::int16_t kStop = 704;
 constexpr std::int16_t kIgnore = 705;
+constexpr std::int16_t kOn = 3090;
+constexpr std::int16_t kOff = 3091;
 constexpr std::int16_t kInputs = 3170;
 constexpr std::int16_t kOutputs = 3171;
 
@@ -174,7 +176,7 @@ void frmIOCheck::showLamps() {
         inputs[i].coloured->setVisible(on);
         QString name = ResQText(kInputs) + QLatin1Char(' ') + QLatin1String(kInputLamps[i].name);
         if (shown) {
-            name += QLatin1String(on ? ": ON" : ": OFF");
+            name += QLatin1String(": ") + ResQText(on ? kOn : kOff);
         }
         for (PictureLabel* picture : {inputs[i].white, inputs[i].coloured}) {
             if (picture->accessibleName() != name) {
