@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLineEdit>
+#include <QPoint>
 #include <functional>
 
 namespace qdw8 {
