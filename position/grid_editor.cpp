@@ -27,10 +27,11 @@ bool CanBeEdited(int row, int column) {
            column < kGridColumns && !IsOffColumn(column - 1);
 }
 
-/// What is left of the text may look like a number that nobody typed.
+/// What is left of the text may look like a number that nobody typed; a single character can't.
 void Drop(bool spoils) {
     ThePlatform().Beep();
-    SetEditSpoiled(flgdData().edit.spoiled || spoils);
+    const bool single = ColumnOf(flgdData().col - 1).editLength == 1;
+    SetEditSpoiled(flgdData().edit.spoiled || (spoils && !single));
 }
 
 bool AllPass(std::string_view typed) {

@@ -14,7 +14,8 @@
 ///
 /// A character that a cell doesn't take is dropped with a beep and spoils the edit: "12,5" would
 /// leave 125, which is another number. A spoiled edit is refused when it is committed. It is whole
-/// again when its text has been emptied or wholly replaced, and ends with Escape.
+/// again when its text has been emptied or wholly replaced, and ends with Escape. In a column of
+/// one character it only beeps.
 namespace qdw8 {
 
 /// Codes of the keys that the rules know; others are passed on as they are.

@@ -133,9 +133,12 @@ bool CellEditor::goesIn(const QString& typed) {
     if (TypeIntoEdit(typed.toStdString(), becomes.toStdString())) {
         return true;
     }
-    // What comes next would take the place of the selection, as if nothing had been typed before.
-    deselect();
     spoiled = flgdData().edit.spoiled;
+    if (spoiled) {
+        // What comes next would take the place of the selection, as if nothing had been typed
+        // before.
+        deselect();
+    }
     return false;
 }
 
