@@ -136,6 +136,10 @@ bool StartTyping(std::string_view typed) {
     return true;
 }
 
+void ForgetDroppedKeys() {
+    SetEditSpoiled(flgdData().edit.open && flgdData().edit.spoiled);
+}
+
 bool flgdData_BeforeEdit(int row, int column) {
     const FlexGrid& grid = flgdData();
     if (!CanBeEdited(row, column)) {
@@ -227,7 +231,7 @@ bool CommitEdit() {
 void flgdData_Delete() {
     const FlexGrid& grid = flgdData();
     const auto [first, last] = SelectedRows();
-    SetEditSpoiled(grid.edit.open && grid.edit.spoiled);
+    ForgetDroppedKeys();
     if (grid.locked > 0 || grid.edit.open || grid.col != kGridCommentColumn ||
         grid.colSel != kGridCommentColumn || first < kGridHeadRows || last > LastGridRow()) {
         return;

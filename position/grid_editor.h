@@ -35,9 +35,11 @@ bool StartEdit();
 /// Characters of a key while no cell is being edited. True: an edit has begun, and they are to take
 /// the place of the cell's text. False: nothing has, since the cell can't be edited or doesn't take
 /// them. What it doesn't take beeps, and spoils an edit that is begun by typing afterwards; that is
-/// forgotten when another cell becomes the current one, by Escape and Delete, and when an edit
-/// begins in another way.
+/// forgotten when another cell becomes the current one, by Escape, Delete and a paste, when the
+/// grid loses the focus, and when an edit begins in another way.
 bool StartTyping(std::string_view typed);
+/// What was dropped while no cell was being edited no longer counts.
+void ForgetDroppedKeys();
 /// True if the cell may be edited; it is then painted as being edited, and the length of the edit
 /// box is set.
 bool flgdData_BeforeEdit(int row, int column);

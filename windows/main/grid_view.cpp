@@ -349,6 +349,7 @@ void GridView::focusInEvent(QFocusEvent*) {
 }
 
 void GridView::focusOutEvent(QFocusEvent*) {
+    ForgetDroppedKeys();
     focusChanged();
 }
 
