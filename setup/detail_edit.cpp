@@ -26,10 +26,6 @@ void Timer2_Timer() {
 
 } // namespace
 
-bool DetailEditPossible() {
-    return static_cast<bool>(Screens().frmParameta2Show);
-}
-
 void cmdSyosai_Click(const DeviceForm& form) {
     DetailEditFlag = kSet;
     EnableTimer(frmMain_Timer2);

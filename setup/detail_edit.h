@@ -11,9 +11,6 @@ namespace qdw8 {
 extern Flag DetailEditFlag;  ///< the parameter window is to open when `frmDevice3` has gone
 extern Timer frmMain_Timer2; ///< `Timer2` of the main window, 1000 ms, one shot
 
-/// False while there is no parameter window to go on to.
-bool DetailEditPossible();
-
 /// `cmdSyosai`: as `cmdDeviceSet`, and the parameter window comes next. The window closes after it.
 void cmdSyosai_Click(const DeviceForm& form);
 

@@ -34,10 +34,9 @@ frmDevice3::frmDevice3(QWidget* parent) : QDialog(parent) {
 
 void frmDevice3::showCommands() {
     panels->setEnabled(form.commandsEnabled);
-    for (QPushButton* command : {cmdDeviceSet, cmdDeviceCancel, cmdPrmCtWrite}) {
+    for (QPushButton* command : {cmdSyosai, cmdDeviceSet, cmdDeviceCancel, cmdPrmCtWrite}) {
         command->setEnabled(form.commandsEnabled);
     }
-    cmdSyosai->setEnabled(form.commandsEnabled && DetailEditPossible());
 }
 
 void frmDevice3::editDetails() {
