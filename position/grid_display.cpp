@@ -53,6 +53,14 @@ bool IsShownForm(const std::string& text) {
            (text.front() != '0' || text.size() == 1);
 }
 
+/// The row of the grid takes what the table holds.
+void ShowTableRow(int position) {
+    const int gridRow = position - GridFirst + kGridHeadRows;
+    for (int column = 0; column <= kComment; ++column) {
+        SetGridText(gridRow, column + 1, CellText(static_cast<std::size_t>(position), column));
+    }
+}
+
 } // namespace
 
 std::string MmText(double mm) {
@@ -74,13 +82,6 @@ void FillDefaults(int gridRow) {
         SetGridText(gridRow, column + 1, NumberText(column, FreshNumber(column)));
     }
     SetGridText(gridRow, kGridCommentColumn, {});
-}
-
-void ShowTableRow(int position) {
-    const int gridRow = position - GridFirst + kGridHeadRows;
-    for (int column = 0; column <= kComment; ++column) {
-        SetGridText(gridRow, column + 1, CellText(static_cast<std::size_t>(position), column));
-    }
 }
 
 void ShowCommittedRow(int position) {

@@ -14,10 +14,8 @@ void Set_MainFormStr();
 /// Fills the grid from the table for `GridFirst` to `GridLast`; the user's place stays. Nothing
 /// happens without data. No cell is longer than its edit box.
 void ShowTable();
-/// The same for one row of the table, which the grid shows.
-void ShowTableRow(int position);
-/// The same for a row that took its values from these very cells: a cell that shows its number as
-/// it would be shown stays as it is.
+/// The same for one row of the table that took its values from the grid's very cells: a cell that
+/// shows its number as it would be shown stays as it is.
 void ShowCommittedRow(int position);
 /// `ShowTable` for another document: it begins with its first row, and no cell is current.
 void QdDataHyoji_3();
