@@ -34,9 +34,13 @@ void Drop(bool spoils) {
     SetEditSpoiled(flgdData().edit.spoiled || (spoils && !single));
 }
 
+/// True if the character may be typed into the current cell.
+bool flgdData_KeyPressEdit(char c) {
+    return PassesFilter(flgdData().col - 1, static_cast<unsigned char>(c));
+}
+
 bool AllPass(std::string_view typed) {
-    return std::all_of(typed.begin(), typed.end(),
-                       [](char c) { return flgdData_KeyPressEdit(static_cast<unsigned char>(c)); });
+    return std::all_of(typed.begin(), typed.end(), flgdData_KeyPressEdit);
 }
 
 std::string_view WithoutSpareDecimals(std::string_view figure) {
@@ -161,12 +165,6 @@ void flgdData_KeyDownEdit(int key) {
     if (key == kKeyEscape) {
         PutOldTextBack();
     }
-}
-
-bool flgdData_KeyPressEdit(char32_t character) {
-    const int column = flgdData().col;
-    return column >= 1 && (character == char32_t{kKeyBackspace} || character == char32_t{kKeyTab} ||
-                           character == char32_t{kKeyEnter} || PassesFilter(column - 1, character));
 }
 
 bool TypeIntoEdit(std::string_view typed, std::string_view becomes) {

@@ -19,7 +19,6 @@
 namespace qdw8 {
 
 /// Codes of the keys that the rules know; others are passed on as they are.
-inline constexpr int kKeyBackspace = 8;
 inline constexpr int kKeyTab = 9;
 inline constexpr int kKeyEnter = 13;
 inline constexpr int kKeyEscape = 27;
@@ -45,9 +44,6 @@ void ForgetDroppedKeys();
 bool flgdData_BeforeEdit(int row, int column);
 /// A key goes down in the edit box. Esc puts the old text into it.
 void flgdData_KeyDownEdit(int key);
-/// True if the character may be typed into the cell being edited. Backspace, tab and Enter always
-/// may, and in the comment everything may.
-bool flgdData_KeyPressEdit(char32_t character);
 /// Characters of a key, or a text as `TextToPaste` gave it, on their way into the open edit box,
 /// which would hold `becomes` with them. True: they go in. False: they are dropped, with a beep,
 /// and the edit is spoiled, unless they are only decimals that would be cut anyway. The comment

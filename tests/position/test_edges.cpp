@@ -8,7 +8,7 @@ TEST_F(PositionTest, EditsAreRefusedWhereNothingCanBeTyped) {
     EXPECT_FALSE(StartEdit()) << "no data";
     showRows(1, 2);
     EXPECT_FALSE(StartEdit()) << "no cell is current";
-    EXPECT_FALSE(flgdData_KeyPressEdit('1'));
+    EXPECT_FALSE(StartTyping("1"));
     flgdData_KeyDownEdit(kKeyEnter);
     flgdData_AfterEdit();
     EXPECT_EQ(flgdData().row, 0);

@@ -321,10 +321,11 @@ private:
         {"keys",
          [](Args& a) {
              GoToCell(2, ColumnNamed(Word(a)) + 1);
-             EXPECT_TRUE(StartEdit() && flgdData_KeyPressEdit('\b') && flgdData_KeyPressEdit('\r'));
+             EXPECT_TRUE(StartEdit());
              std::string passed = std::to_string(flgdData().edit.maxLength) + " ";
-             for (const char32_t key : std::u32string(U"0123456789.-+eE &Habc")) {
-                 passed += flgdData_KeyPressEdit(key) ? std::string(1, static_cast<char>(key)) : "";
+             for (const char key : std::string("0123456789.-+eE &Habc")) {
+                 const std::string typed(1, key);
+                 passed += TypeIntoEdit(typed, typed) ? typed : "";
              }
              CancelEdit();
              return passed;

@@ -45,7 +45,6 @@ QString InsertedText(const QKeyEvent& event) {
 
 int EditKeyOf(const QKeyEvent& event) {
     switch (event.key()) {
-    case Qt::Key_Backspace: return kKeyBackspace;
     case Qt::Key_Tab:
     case Qt::Key_Backtab: return kKeyTab;
     case Qt::Key_Return:
