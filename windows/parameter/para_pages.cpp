@@ -100,6 +100,13 @@ QString ItemOf(ParaControl control) {
     return QString::fromLatin1(item.data(), static_cast<qsizetype>(item.size()));
 }
 
+/// As wide as the sign of a refused field: a tab must not grow and push another out of the window.
+QIcon NoSign(const QSize& size) {
+    QPixmap nothing(size);
+    nothing.fill(Qt::transparent);
+    return QIcon(nothing);
+}
+
 QString AxisCaption(std::size_t axis) {
     return ResQText(static_cast<std::int16_t>(220 + axis));
 }
@@ -156,6 +163,8 @@ QColor Mixed(const QColor& one, const QColor& other) {
 
 ParaPages::ParaPages(QWidget* parent) : QTabWidget(parent) {
     setObjectName(QStringLiteral("SSTabPrm"));
+    // All pages are in sight: the window is made wide enough for them.
+    setUsesScrollButtons(false);
     // No higher than the text: a page that gets its sign must not push the window larger.
     setIconSize({fontMetrics().ascent(), fontMetrics().ascent()});
     for (int page = 0; page < static_cast<int>(kPages.size()); ++page) {
@@ -367,8 +376,8 @@ void ParaPages::showFields() {
     }
     for (int page = 0; page < count(); ++page) {
         const bool wanted = marked[static_cast<std::size_t>(page)];
-        if (tabIcon(page).isNull() == wanted) {
-            setTabIcon(page, wanted ? IconOf(Drawing::LampRed) : QIcon());
+        if (tabIcon(page).isNull() || tabToolTip(page).isEmpty() == wanted) {
+            setTabIcon(page, wanted ? IconOf(Drawing::LampRed) : NoSign(iconSize()));
             setTabToolTip(page, wanted ? ResQText(3077) : QString());
         }
     }
