@@ -202,6 +202,15 @@ bool ParaSetHasMovedOn() {
     return shown != ParaSet;
 }
 
+bool AxesHaveMovedOn() {
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
+        if (ParaStates.axis[axis] == IsSet(AxisOff[axis])) {
+            return true;
+        }
+    }
+    return false;
+}
+
 void CountParaAsKept() {
     ParaEditedFlag = kClear;
     image.kept = ParaSet;

@@ -20,6 +20,8 @@ void GiveUpParaEdits();
 /// True when `ParaSet` was loaded, by something outside the window, since the fields showed it or
 /// gave it last.
 bool ParaSetHasMovedOn();
+/// Fields can be used of an axis that is out of use by now, or the other way round.
+bool AxesHaveMovedOn();
 
 /// True when no text field of an axis in use is empty, nor `txtSmTimeoutTimer` or `txtOneAxis`.
 /// Lists have no part in it, nor has `txtActuator`, which nobody can fill in.

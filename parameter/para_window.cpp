@@ -27,9 +27,13 @@ void LoadParameta2() {
 }
 
 void FollowParaSet() {
-    if (!CommandsTaken() && !IsSet(ParaEditedFlag) && IsSet(ParaLoadedFlag) &&
-        ParaSetHasMovedOn()) {
+    if (CommandsTaken()) {
+        return;
+    }
+    if (!IsSet(ParaEditedFlag) && IsSet(ParaLoadedFlag) && ParaSetHasMovedOn()) {
         ParametaHyoji();
+    } else if (AxesHaveMovedOn()) {
+        YukoJikuHyojiSettei(); // edits of the axes in use stay
     }
 }
 

@@ -5,6 +5,7 @@
 #include "app/string_table.h"
 #include "link/end_of_run.h"
 #include "platform/qt/qt_platform.h"
+#include "platform/qt/work_window.h"
 #include "position/grid_editor.h"
 #include "program/commands.h"
 #include "program/shutdown.h"
@@ -99,8 +100,7 @@ template<typename Window> std::function<void()> Open(std::unique_ptr<Window> Win
             there = std::make_unique<Window>(TheWindows().main.get());
         }
         there->show();
-        there->raise();
-        there->activateWindow();
+        WorkIn(*there);
     };
 }
 

@@ -26,19 +26,30 @@ std::int16_t WholeNumber(FieldReader& fields) {
 }
 
 /// Empty lines behind the last row are no rows, nor is the end mark of old editors.
+constexpr const char* kNothing = " \t\r\n\x1A";
+
 std::string WithoutEmptyEnd(std::string text) {
-    text.resize(text.find_last_not_of(" \t\r\n\x1A") + 1);
+    text.resize(text.find_last_not_of(kNothing) + 1);
     return text;
 }
 
+/// A last row without its line's end may be cut in the middle of a number.
+bool EndsItsLastLine(const std::string& text) {
+    return text.find_first_of("\r\n", text.find_last_not_of(kNothing) + 1) != text.npos;
+}
+
 FileRead Read(const SmallTable& table, const std::string& path) {
-    FieldReader fields(WithoutEmptyEnd(ReadWholeFile(path, kLargestFile)));
+    const std::string text = ReadWholeFile(path, kLargestFile);
+    FieldReader fields(WithoutEmptyEnd(text));
     const std::string controller = fields.next();
     const std::string kind = fields.next();
     const auto& known = table.file.controllers;
     if (kind != table.file.kind ||
         std::find(known.begin(), known.end(), controller) == known.end()) {
         return FileRead::OtherKind;
+    }
+    if (!EndsItsLastLine(text)) {
+        throw Fault("the last line has no end");
     }
     for (int i = 0; i < table.file.sizeFields; ++i) {
         fields.next(); // they decide nothing

@@ -1,5 +1,7 @@
 #include "platform/qt/dialog_parent.h"
 
+#include "platform/qt/work_window.h"
+
 #include <QApplication>
 #include <QWidget>
 
@@ -9,8 +11,8 @@ QWidget* DialogParent() {
     if (QWidget* modal = QApplication::activeModalWidget()) {
         return modal;
     }
-    if (QWidget* active = QApplication::activeWindow()) {
-        return active;
+    if (QWidget* work = WorkWindow()) {
+        return work;
     }
     for (QWidget* window : QApplication::topLevelWidgets()) {
         const Qt::WindowType type = window->windowType();
@@ -19,6 +21,12 @@ QWidget* DialogParent() {
         }
     }
     return nullptr;
+}
+
+void GiveKeysBack(QWidget* parent) {
+    if (parent != nullptr && parent->isVisible()) {
+        parent->activateWindow();
+    }
 }
 
 } // namespace qdw8

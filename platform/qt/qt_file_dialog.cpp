@@ -125,11 +125,13 @@ QStringList NameFilters(const std::string& filter) {
 }
 
 std::optional<FileAnswer> ShowFileDialog(const FileQuestion& question) {
-    const QPointer<QFileDialog> dialog = new FileDialog(DialogParent(), question.defaultExt);
+    const QPointer<QWidget> parent = DialogParent();
+    const QPointer<QFileDialog> dialog = new FileDialog(parent, question.defaultExt);
     SetUp(*dialog, question);
     const bool accepted = dialog->exec() == QDialog::Accepted;
     const QStringList files = dialog ? dialog->selectedFiles() : QStringList();
     delete dialog.data();
+    GiveKeysBack(parent);
     if (!accepted || files.isEmpty()) {
         return std::nullopt;
     }

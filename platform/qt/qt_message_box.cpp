@@ -113,7 +113,8 @@ void ScrollIfLong(QMessageBox& box) {
 
 BoxAnswer ShowBox(const BoxQuestion& question) {
     // The window behind the box may go while it is up, and takes the box with it.
-    const QPointer<QMessageBox> box = new QMessageBox(DialogParent());
+    const QPointer<QWidget> parent = DialogParent();
+    const QPointer<QMessageBox> box = new QMessageBox(parent);
     box->setObjectName(QStringLiteral("MessageBox"));
     box->setWindowTitle(TitleOf(question));
     box->setTextFormat(Qt::PlainText);
@@ -147,6 +148,7 @@ BoxAnswer ShowBox(const BoxQuestion& question) {
         }
         delete box.data();
     }
+    GiveKeysBack(parent);
     return answer;
 }
 

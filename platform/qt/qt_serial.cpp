@@ -289,6 +289,7 @@ void InstallQtSerial() {
     control.DropInput = [line] {
         if (line->open) {
             line->port.clear(QSerialPort::Input);
+            line->port.readAll(); // a full buffer listens again only when it is read
         }
     };
     control.CommEvent = [line] { return line->commEvent; };

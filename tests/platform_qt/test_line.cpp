@@ -130,12 +130,14 @@ private:
     const Verbs verbs{
         {"far", Does([this](auto& text) { farSays(text); })},
         {"slowly", Does([this](auto& text) { slowly(text); })},
-        {"flow", Does([this](auto&) {
-             for (int i = 0; i < 60; ++i) {
-                 farSays(std::string(100, 'x'));
+        {"flow", Does([this](auto& text) {
+             for (int i = std::stoi(text); i > 0; --i) {
+                 farSays(std::string(99, 'x') + text.back());
                  QTest::qWait(1);
              }
          })},
+        {"comes",
+         Does([this](auto&) { EXPECT_TRUE(PumpUntil([&] { return port.InBufferCount() > 0; })); })},
         {"hears", [this](auto&) { return hears(); }},
         {"pull", Does([this](auto&) { ::close(farEnd); })},
         {"plug", Does([this](auto& device) { plug(device); })},

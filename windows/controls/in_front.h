@@ -5,9 +5,6 @@ class QWidget;
 
 namespace qdw8 {
 
-/// From now on the window is the one that the user works in whenever it becomes the active one.
-void CountAsWorkWindow(QWidget& window);
-
 /// What the user works in: the modal window that is up, else the window that the user worked in
 /// last, else `home`.
 QWidget* WindowOfWork(QWidget* home);

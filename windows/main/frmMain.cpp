@@ -1,11 +1,11 @@
 #include "windows/main/frmMain.h"
 
+#include "platform/qt/work_window.h"
 #include "position/flex_grid.h"
 #include "position/grid_clipboard.h"
 #include "position/grid_editor.h"
 #include "position/posi_columns.h"
 #include "windows/controls/icons.h"
-#include "windows/controls/in_front.h"
 #include "windows/controls/labels.h"
 #include "windows/controls/load_form_resources.h"
 #include "windows/controls/texts.h"

@@ -1,8 +1,8 @@
 #include "windows/motion/frmIOCheck.h"
 
 #include "motion/io_check.h"
+#include "platform/qt/work_window.h"
 #include "windows/controls/icons.h"
-#include "windows/controls/in_front.h"
 #include "windows/controls/labels.h"
 #include "windows/controls/load_form_resources.h"
 #include "windows/controls/texts.h"

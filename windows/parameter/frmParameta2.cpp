@@ -3,8 +3,8 @@
 #include "app/command_states.h"
 #include "link/window_command.h"
 #include "parameter/para_window.h"
+#include "platform/qt/work_window.h"
 #include "setup/para_window_commands.h"
-#include "windows/controls/in_front.h"
 #include "windows/controls/load_form_resources.h"
 #include "windows/parameter/frmDevice.h"
 #include "windows/parameter/para_pages.h"
@@ -154,8 +154,7 @@ void frmParameta2::open(bool modal) {
         }
     }
     show();
-    raise();
-    activateWindow();
+    WorkIn(*this);
     if (loads) {
         goToField({});
     }
@@ -191,7 +190,8 @@ void frmParameta2::showState() {
 
 void frmParameta2::goToField(std::optional<ParaPlace> wanted) {
     const bool there = wanted && ParaFieldEnabled(wanted->control, wanted->axis);
-    const auto place = there ? wanted : pages->firstField(false);
+    // A field that can't be used any more leaves the user on its page.
+    const auto place = there ? wanted : wanted ? std::nullopt : pages->firstField(false);
     if (place) {
         pages->goTo(*place);
     } else {

@@ -2,7 +2,7 @@
 
 #include "app/command_states.h"
 #include "link/window_command.h"
-#include "windows/controls/in_front.h"
+#include "platform/qt/work_window.h"
 #include "windows/controls/load_form_resources.h"
 
 #include <QBoxLayout>
