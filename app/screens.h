@@ -44,6 +44,8 @@ struct ScreenFunctions {
     std::function<void()> languageSettled;
     /// Loads and shows `frmMain`, small on a screen of at most 800 pixels' width.
     std::function<void(bool small)> frmMainShow;
+    /// Brings the main window to the front, for a question about its data.
+    std::function<void()> frmMainFront;
     /// Asks the main window to close, as its title bar does.
     std::function<void()> frmMainClose;
     /// Shows and takes away the splash.

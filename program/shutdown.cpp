@@ -51,6 +51,9 @@ bool UserConfirms() {
     if (!std::all_of(kEditors.begin(), kEditors.end(), MayLose)) {
         return false;
     }
+    if (Screens().frmMainFront) {
+        Screens().frmMainFront(); // what is asked from here on is about its data
+    }
     if (!IsSet(PosiDirtyFlag)) {
         return AskBox(ResText(390), BoxButtons::OkCancel) == BoxAnswer::Ok;
     }

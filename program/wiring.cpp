@@ -174,6 +174,7 @@ void WireScreens() {
     screens.frmGiveUp = Tell(&Windows::giveUp, &frmGiveUp::showState);
     screens.languageSettled = DressForLanguage;
     screens.frmMainShow = ShowMain;
+    screens.frmMainFront = [] { WorkIn(*TheWindows().main); };
     screens.frmMainClose = [] { TheWindows().main->close(); };
     screens.frmSplashShow = [] {
         TheWindows().splash = std::make_unique<frmSplash>();

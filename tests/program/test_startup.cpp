@@ -276,6 +276,7 @@ TEST_F(StartUp, EachWindowWithEditsIsAskedAboutBeforeTheEnd) {
     Screens().frmParameta2Show = [&front](bool) { front += "parameters "; };
     Screens().frmGrpShow = [&front] { front += "groups "; };
     Screens().frmSqMcrShow = [&front] { front += "macros "; };
+    Screens().frmMainFront = [&front] { front += "main "; };
     const auto ask = [this](BoxAnswer last) {
         for (const BoxAnswer answer : {BoxAnswer::No, BoxAnswer::No, last}) {
             platform.expectBox("Data have been changed.Save the data into the file?",
@@ -293,6 +294,7 @@ TEST_F(StartUp, EachWindowWithEditsIsAskedAboutBeforeTheEnd) {
     EXPECT_FALSE(frmMain_QueryUnload());
     ask(BoxAnswer::No);
     expectEnd(BoxAnswer::Ok, true);
+    EXPECT_TRUE(front.ends_with("macros main "));
 }
 
 TEST_F(StartUp, ACloseDuringTheStartEndsItAtTheNextStep) {
