@@ -60,11 +60,20 @@ struct CheckedRow {
 void TakePosi(CheckedRow& made, int column, double value) {
     // In mm the nearest pulse is what goes out, and so what the cell shows from now on.
     const auto axis = static_cast<std::size_t>(ColumnOf(column).axis);
-    const AxisDevice& device = DevSetting[axis];
     const double pulse = IsSet(DispMmFlag) ? PulsesOf(axis, value) : value;
     made.row.number[static_cast<std::size_t>(column)] = pulse;
     made.units.pulse[axis] = pulse;
-    made.units.mm[axis] = PulseToMm(device.DevLead, device.DevPPR, pulse);
+}
+
+/// Behind the test of all cells: a device without figures faults here, and must not hide what was
+/// found.
+void TakeMm(CheckedRow& made) {
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
+        if (!IsSet(AxisOff[axis])) {
+            const AxisDevice& device = DevSetting[axis];
+            made.units.mm[axis] = PulseToMm(device.DevLead, device.DevPPR, made.units.pulse[axis]);
+        }
+    }
 }
 
 /// Tests the row's cells and marks what fails. Nothing: the row is not clean.
@@ -124,6 +133,9 @@ void CheckRows() {
         }
     }
     if (PosiErrorCount == 0) {
+        for (CheckedRow& made : rows) {
+            TakeMm(made);
+        }
         Commit(rows);
     }
     ThawGrid();
