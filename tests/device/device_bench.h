@@ -28,11 +28,11 @@ struct DeviceBench : Bench {
     std::string boxes() {
         std::string marks;
         for (const std::string& text : platform.boxes) {
-            marks += text == BoxText("no device list")       ? 'L'
-                     : text == "No device list file." ? 'l'
-                     : text == BoxText("not selected")      ? 'D'
-                     : text == BoxText("wrong data")        ? 'W'
-                                                      : '?';
+            marks += text == BoxText("no device list") ? 'L'
+                     : text == "No device list file."  ? 'l'
+                     : text == BoxText("not selected") ? 'D'
+                     : text == BoxText("wrong data")   ? 'W'
+                                                       : '?';
         }
         platform.boxes.clear();
         return marks;
