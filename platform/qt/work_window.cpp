@@ -49,8 +49,10 @@ void WorkIn(QWidget& window) {
 }
 
 QWidget* WorkWindow() {
-    const auto last = std::find_if(Worked().rbegin(), Worked().rend(),
-                                   [](const auto& one) { return one && one->isVisible(); });
+    const auto last = std::find_if(Worked().rbegin(), Worked().rend(), [](const auto& one) {
+        const QWidget* const window = one.data();
+        return window != nullptr && window->isVisible();
+    });
     return last == Worked().rend() ? nullptr : last->data();
 }
 
