@@ -6,6 +6,7 @@
 #include "tables/table_transfer.h"
 #include "tables_bench.h"
 
+#include <algorithm>
 #include <numeric>
 #include <random>
 
@@ -62,6 +63,20 @@ TEST(Macros, AWriteAtEveryStepCommitsAllOrNothing) {
                                            step.frame == "0CM00");
                            },
                            kFaults);
+}
+
+TEST(Macros, AVerifyAtEveryStepReportsOnlyWhatCameWhole) {
+    const auto verify = std::find_if(SmCommands().begin(), SmCommands().end(), [](const auto& one) {
+        return one.routine == VerifyWithController;
+    });
+    EveryStep<EditedBench>([&verify](EditedBench&) { RunTableCommand(Macros(), *verify); },
+                           [](EditedBench&, const Step& step) {
+                               ASSERT_EQ(step.boxes.size(), 1U);
+                               EXPECT_EQ(step.boxes[0].starts_with("Result of Verify - NG"),
+                                         step.fault.empty());
+                               EXPECT_EQ(Text(Held::Shown), "32" + std::string(638, '0'));
+                           },
+                           {"error=03", "short"});
 }
 
 /// Tables made by chance, the same in every run: what holds for one of them holds for any.
