@@ -68,13 +68,15 @@ void Menu(Told told) {
 void AnswerBox(const QString& text, const QString& button, const QString& picture) {
     WaitFor([] { return BoxOnTop() != nullptr; }, Boxes::AreFine);
     const auto box = OnGui([] { return QPointer<QMessageBox>(BoxOnTop()); });
+    // Made here: once the button is pressed the box may be half gone.
+    const auto window = OnGui([&box] { return QPointer<QWidget>(box.data()); });
     ExpectNow(OnGui([&box] { return box.isNull() ? QString() : box->text(); }), text);
     Picture(picture);
     const auto find = [box, button] {
         return SpotOn(box.isNull() ? nullptr : box->findChild<QPushButton*>(button));
     };
     ClickAt(find, Boxes::AreFine);
-    WaitGone(QPointer<QWidget>(box));
+    WaitGone(window);
 }
 
 /// Presses Ok on whatever boxes come, one at least, until the control can be used.
