@@ -17,7 +17,6 @@
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QStyleFactory>
 #include <QTableView>
 #include <benchmark/benchmark.h>
 #include <memory>
@@ -181,11 +180,3 @@ BENCHMARK(FillAndPaint)->Args({1024, 717})->Args({1920, 1080})->Unit(benchmark::
 
 } // namespace
 } // namespace qdw8
-
-int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

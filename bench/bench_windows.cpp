@@ -10,7 +10,6 @@
 #include "windows/tables/frmSqMcr.h"
 
 #include <QApplication>
-#include <QStyleFactory>
 #include <benchmark/benchmark.h>
 #include <stdexcept>
 
@@ -87,11 +86,3 @@ BENCHMARK(OpenUntilPainted<frmSqMcr>)
 
 } // namespace
 } // namespace qdw8
-
-int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

@@ -32,7 +32,6 @@ struct Rgb {
     std::uint8_t blue = 0;
 };
 Rgb RgbOf(CellColour colour);
-inline constexpr Rgb kBadCell{0xFF, 0x80, 0x80};
 
 /// Where a text written to the current cell goes.
 enum class FillMode : std::uint8_t {

@@ -6,8 +6,6 @@
 namespace qdw8 {
 namespace {
 
-/// As a refused cell of the grid.
-constexpr QRgb kRefusedColour = qRgb(0xFF, 0x80, 0x80);
 /// Dynamic property: the field is coloured.
 constexpr const char* kRefused = "Refused";
 
@@ -18,16 +16,21 @@ void Colour(QWidget& field, bool refused) {
     field.setProperty(kRefused, refused);
     QPalette colours;
     if (refused) {
-        colours.setColor(QPalette::Base, kRefusedColour);
-        colours.setColor(QPalette::Button, kRefusedColour); // of a list
-        // The colour is light, so the text on it is dark on every palette.
-        colours.setColor(QPalette::Text, Qt::black);
-        colours.setColor(QPalette::ButtonText, Qt::black);
+        ColourRefused(colours);
     }
     field.setPalette(colours);
 }
 
 } // namespace
+
+void ColourRefused(QPalette& palette) {
+    for (const auto role : {QPalette::Base, QPalette::Button}) { // a list is a button
+        palette.setColor(role, kRefusedColour);
+    }
+    for (const auto role : {QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, Qt::black);
+    }
+}
 
 void ShowJudgement(QWidget& field, const QString& reason, const QString& limits) {
     Colour(field, !reason.isEmpty());

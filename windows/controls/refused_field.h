@@ -1,10 +1,19 @@
 #pragma once
 
+#include <QRgb>
 #include <QString>
 
+class QPalette;
 class QWidget;
 
 namespace qdw8 {
+
+/// Background of what a check refused, in fields, cells and lists alike. It is light, so the text
+/// on it is dark on every palette.
+inline constexpr QRgb kRefusedColour = qRgb(0xFF, 0x80, 0x80);
+
+/// Gives the palette of a field these colours, for a locked one too.
+void ColourRefused(QPalette& palette);
 
 /// Shows what the last check said of a field: with a reason it is coloured, and the reason is its
 /// tool tip; else the tool tip tells what may be typed. A screen reader says the same behind the

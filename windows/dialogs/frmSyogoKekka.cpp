@@ -6,6 +6,7 @@
 #include "position/posi_table.h"
 #include "windows/controls/group_header.h"
 #include "windows/controls/load_form_resources.h"
+#include "windows/controls/refused_field.h"
 #include "windows/controls/texts.h"
 
 #include <QAbstractTableModel>
@@ -29,7 +30,6 @@ constexpr int kMargin = 12;
 constexpr int kSpacing = 8;
 constexpr int kOffset = 33; ///< 500 twips
 constexpr int kCellPadding = 6;
-constexpr QRgb kFailedColour = qRgb(0xFF, 0x80, 0x80);
 
 /// The axis of a column of the window, or -1 for the number and the columns common to the row.
 int AxisOfColumn(int column) {
@@ -80,7 +80,7 @@ public:
             return number ? QString::number(row.position)
                           : QString(QLatin1Char(failed ? 'X' : 'O'));
         case Qt::TextAlignmentRole: return Qt::AlignCenter;
-        case Qt::BackgroundRole: return failed ? QColor(kFailedColour) : QVariant();
+        case Qt::BackgroundRole: return failed ? QColor(kRefusedColour) : QVariant();
         case Qt::ForegroundRole: return failed ? QColor(Qt::black) : QVariant();
         default: return {};
         }

@@ -1,6 +1,7 @@
 #include "windows/main/grid_delegate.h"
 
 #include "position/flex_grid.h"
+#include "windows/controls/refused_field.h"
 
 #include <QPainter>
 
@@ -36,8 +37,9 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         painter->fillRect(option.rect, option.palette.color(group, QPalette::Highlight));
         text = option.palette.color(group, QPalette::HighlightedText);
     } else if (bad || colour != CellColour::Window) {
-        const Rgb rgb = bad ? kBadCell : RgbOf(colour);
-        painter->fillRect(option.rect, QColor(rgb.red, rgb.green, rgb.blue));
+        const Rgb rgb = RgbOf(colour);
+        painter->fillRect(option.rect,
+                          bad ? QColor(kRefusedColour) : QColor(rgb.red, rgb.green, rgb.blue));
         // The fixed colours are all light, so the text on them is dark on every palette.
         text = Qt::black;
     }
@@ -59,7 +61,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         // A selected cell shows it by a corner.
         const QPoint at = option.rect.topRight();
         painter->setPen(Qt::NoPen);
-        painter->setBrush(QColor(kBadCell.red, kBadCell.green, kBadCell.blue));
+        painter->setBrush(QColor(kRefusedColour));
         painter->drawPolygon(QPolygon({at, at - QPoint(kCorner, 0), at + QPoint(0, kCorner)}));
         painter->setBrush(Qt::NoBrush);
     }

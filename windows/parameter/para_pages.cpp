@@ -7,6 +7,7 @@
 #include "windows/controls/icons.h"
 #include "windows/controls/key_field.h"
 #include "windows/controls/load_form_resources.h"
+#include "windows/controls/refused_field.h"
 #include "windows/controls/texts.h"
 
 #include <QAction>
@@ -36,7 +37,6 @@ constexpr int kActuatorLength = 3;   ///< characters of a size and of a stroke
 constexpr int kFirstAxisColumn = 1;  ///< before them the item
 constexpr QRgb kGreyColour = qRgb(0xE0, 0xE0, 0xE0);
 constexpr QRgb kGreyText = qRgb(0x50, 0x50, 0x50);
-constexpr QRgb kRefusedColour = qRgb(0xFF, 0x40, 0x40);
 
 struct Page {
     const char* frame;
@@ -152,11 +152,6 @@ void ShowActuatorList(QComboBox& list, ParaControl control, std::size_t axis) {
     if (list.currentText() != text) {
         list.setEditText(text);
     }
-}
-
-QColor Mixed(const QColor& one, const QColor& other) {
-    return {(one.red() + other.red()) / 2, (one.green() + other.green()) / 2,
-            (one.blue() + other.blue()) / 2};
 }
 
 } // namespace
@@ -428,14 +423,7 @@ void ParaPages::showLook(Field& field, Look look) {
             palette.setColor(role, QColor(kGreyText));
         }
     } else if (look == Look::Marked) {
-        const QColor colour =
-            Mixed(QApplication::palette().color(QPalette::Base), QColor(kRefusedColour));
-        palette.setColor(QPalette::Base, colour);
-        palette.setColor(QPalette::Button, colour);
-        for (const auto role : {QPalette::Text, QPalette::ButtonText}) { // it may be locked
-            palette.setColor(QPalette::Disabled, role,
-                             QApplication::palette().color(QPalette::Active, role));
-        }
+        ColourRefused(palette);
     }
     field.widget->setPalette(palette);
     // Not by the colour alone.
