@@ -44,8 +44,9 @@ QString Looked(const QWidget& at) {
         const bool refused = base == QColor(0xFF, 0x80, 0x80);
         return seen + (edit->isEnabled() ? "" : " off") + (grey ? " grey" : "") +
                (base == QColor(0xE0E0E0) ? " E0E0E0" : "") +
-               (refused ? " refused: " + edit->toolTip() : "") +
-               (edit->actions().isEmpty() ? "" : " marked");
+               (!refused                    ? QString()
+                : edit->actions().isEmpty() ? " refused: " + edit->toolTip()
+                                            : QStringLiteral(" marked"));
     } else {
         seen = at.property("text").toString();
     }
