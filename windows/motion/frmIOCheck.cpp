@@ -66,7 +66,7 @@ QGridLayout& GridOf(const QGroupBox& box) {
 
 } // namespace
 
-frmIOCheck::frmIOCheck(QWidget* parent) : QDialog(parent) {
+frmIOCheck::frmIOCheck(QWidget* parent) : QDialog(parent), focus(*this) {
     setObjectName(QStringLiteral("frmIOCheck"));
     SetNumbers(*this, kTitle);
     CountAsWorkWindow(*this);
@@ -189,21 +189,6 @@ void frmIOCheck::showLamps() {
     }
 }
 
-/// A control that is locked doesn't hand the focus on: the next key would go to another one.
-void frmIOCheck::setOn(QWidget& control, bool on) {
-    if (!on && focusWidget() == &control) {
-        before = &control;
-        setFocus();
-    }
-    control.setEnabled(on);
-    if (on && before == &control) {
-        before = nullptr;
-        if (focusWidget() == this || focusWidget() == nullptr) {
-            control.setFocus();
-        }
-    }
-}
-
 void frmIOCheck::showState() {
     if (!IoCheckOpen()) {
         QDialog::reject();
@@ -215,9 +200,9 @@ void frmIOCheck::showState() {
         SetNumbers(*monitor, stops ? kStop : kStart);
         LoadFormResources(*this);
     }
-    setOn(*monitor, IoMonitorEnabled());
+    focus.setOn(*monitor, IoMonitorEnabled());
     ignore->setChecked(IsSet(chkIgnore));
-    setOn(*ignore, IgnoreEnabled());
+    focus.setOn(*ignore, IgnoreEnabled());
     const std::int16_t id = IoStateText();
     const QString says = id == 0 ? QString() : ResQText(id);
     if (text->text() != says) {

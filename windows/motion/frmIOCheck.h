@@ -1,9 +1,9 @@
 #pragma once
 
 #include "motion/io_lamps.h"
+#include "windows/controls/kept_focus.h"
 
 #include <QDialog>
-#include <QPointer>
 #include <array>
 
 class QCheckBox;
@@ -38,14 +38,13 @@ private:
     QWidget* makeFoot();
     InputLamp makeInput(const IoLamp& lamp, QGroupBox& box);
     void showLamps();
-    void setOn(QWidget& control, bool on);
 
     std::array<InputLamp, kInputLamps.size()> inputs{};
     std::array<LampButton*, kOutputLamps.size()> outputs{};
     QLabel* text = nullptr;
     QCheckBox* ignore = nullptr;
     QPushButton* monitor = nullptr;
-    QPointer<QWidget> before; ///< had the focus when it was locked
+    KeptFocus focus;
     bool showsStop = false;
 };
 

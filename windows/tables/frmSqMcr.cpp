@@ -1,6 +1,7 @@
 #include "windows/tables/frmSqMcr.h"
 
 #include "tables/macros.h"
+#include "windows/controls/arrows.h"
 #include "windows/controls/key_field.h"
 #include "windows/controls/load_form_resources.h"
 #include "windows/controls/refused_field.h"
@@ -11,11 +12,8 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QSignalBlocker>
 #include <QSpinBox>
-#include <QStyle>
-#include <QStyleOptionSpinBox>
 #include <QVBoxLayout>
 
 namespace qdw8 {
@@ -27,43 +25,12 @@ constexpr int kBlockSteps = 8;
 constexpr int kBlockColumns = 4; ///< step, command, data and the gap behind them
 constexpr int kFieldDigits = 7;  ///< width of a data field
 
-constexpr int kArrowFrame = 3; ///< around the arrows beside the number
-
 struct Head {
     const char* name;
     std::int16_t tag;
 };
 constexpr std::array kHeads{Head{"lblStepMoji", 914}, Head{"lblMereiMoji", 904},
                             Head{"lblDataMoji", 905}};
-
-/// The two arrows of a spin box alone: the number stands in a label.
-class Arrows : public QSpinBox {
-public:
-    explicit Arrows(QWidget* parent) : QSpinBox(parent) {
-        lineEdit()->hide();
-        setRange(1, kMacros);
-        setKeyboardTracking(false);
-    }
-    QSize sizeHint() const override { return minimumSizeHint(); }
-    QSize minimumSizeHint() const override {
-        QStyleOptionSpinBox option;
-        initStyleOption(&option);
-        const int arrows =
-            style()
-                ->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxUp, this)
-                .width();
-        return {arrows + 2 * kArrowFrame, QSpinBox::minimumSizeHint().height()};
-    }
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override {
-        if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) {
-            QSpinBox::keyPressEvent(event);
-        } else {
-            event->ignore();
-        }
-    }
-};
 
 } // namespace
 
@@ -100,8 +67,7 @@ QWidget* frmSqMcr::makeHead() {
     macroNo->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     macroNo->setAlignment(Qt::AlignCenter);
     macroNo->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * kFieldDigits);
-    upDown = new Arrows(head);
-    upDown->setObjectName(QStringLiteral("UpDownSmNo"));
+    upDown = new Arrows(QStringLiteral("UpDownSmNo"), 1, kMacros, head);
     SetNumbers(*upDown, 902);
     caption->setBuddy(upDown);
     connect(upDown, &QSpinBox::valueChanged, this, [](int macro) { ShowMacro(macro); });
