@@ -167,9 +167,7 @@ Reply Inch(Request& r) {
 
 Reply Stop(Request& r) {
     r.data.end();
-    if (Moving(r.machine)) {
-        StopMotion(r.machine, r.now);
-    }
+    StopMotion(r.machine, r.now);
     return r.word();
 }
 

@@ -170,6 +170,25 @@ OrderResult Homing(Desk& desk, const Words& words) {
     return {};
 }
 
+OrderResult Homed(Desk& desk, const Words& words) {
+    const auto axes = words.size() == 2 ? ParseMask(words[1]) : std::nullopt;
+    if (!axes) {
+        return Refusing("homed wants a hexadecimal number from 0 to F");
+    }
+    desk.controller.setHomed(*axes);
+    return {};
+}
+
+OrderResult Place(Desk& desk, const Words& words) {
+    const auto axis = words.size() == 3 ? FromDecimal(words[1], kAxisCountMax) : std::nullopt;
+    const auto pulses = words.size() == 3 ? FromDecimal(words[2], 0xFFFFF) : std::nullopt;
+    if (!axis || *axis < 1 || !pulses ||
+        !desk.controller.place(static_cast<int>(*axis - 1), static_cast<int>(*pulses), desk.now)) {
+        return Refusing("place wants an axis from 1 to 4 and pulses within its stroke, at rest");
+    }
+    return {};
+}
+
 OrderResult OrderFault(Desk& desk, const Words& words) {
     if (words.size() == 2 && words[1] == "clear") {
         desk.controller.clearFaults();
@@ -236,7 +255,21 @@ OrderResult State(Desk& desk, const Words&) {
     return result;
 }
 
-constexpr std::array<Order<Desk>, 17> kOrders{{
+OrderResult Motion(Desk& desk, const Words&) {
+    desk.controller.settle(desk.now);
+    const Machine& machine = desk.controller.machine();
+    OrderResult result{"now " + std::to_string(desk.now) + "\n", ""};
+    for (int axis = 0; axis < kAxisCountMax; ++axis) {
+        const bool moves = AxisMoves(machine, axis, desk.now);
+        result.lines += "axis " + std::to_string(axis + 1) + " at " +
+                        std::to_string(PresentPosition(machine, axis, desk.now)) +
+                        (moves ? " moves" : " stands since ") +
+                        (moves ? "" : std::to_string(StandsSince(machine, axis))) + "\n";
+    }
+    return result;
+}
+
+constexpr std::array<Order<Desk>, 20> kOrders{{
     {"alarm", OrderAlarm, "alarm 0 6 [for MS] [announce]; alarm clear"},
     {"power", Power, "power off, power on"},
     {"axes", Axes, "axes N: the controller has N axes"},
@@ -248,11 +281,14 @@ constexpr std::array<Order<Desk>, 17> kOrders{{
     {"input", Input, "input HHHHHH [on|off]: all input lines as 0RI tells them, or these alone"},
     {"output", Output, "output HHHHHH [on|off]: the same for the output lines, as 0RO tells them"},
     {"homing", Homing, "homing fails, homing works"},
+    {"homed", Homed, "homed HEX: these axes count as homed, without a homing"},
+    {"place", Place, "place N PULSES: where axis N stands"},
     {"turnaround", Turnaround, "turnaround MS: time from a request to its reply"},
     {"say", Say, "say TEXT: TEXT goes out unasked; \\r\\n is CR LF, \\s a blank, \\\\ is \\"},
     {"fault", OrderFault, "fault RULE, fault clear"},
     {"stats", Stats, "stats, stats clear: how often each command came"},
     {"frames", Frames, "frames N: the last N frames, with their time in ms"},
+    {"motion", Motion, "motion: the time in ms; each axis: pulses, moves or since when it stands"},
     {"state", State, "state: power, alarm, mode, motion, positions, outputs, inputs"},
 }};
 

@@ -17,6 +17,7 @@ constexpr const char* kTerminator = "\r\n";
 Controller::Controller(const Memory& memory) {
     body.working = memory;
     body.lasting = memory;
+    LeaveAstray(body);
 }
 
 void Controller::settle(Millis now) {
@@ -135,7 +136,7 @@ void Controller::powerOff(Millis now) {
     if (!isOn) {
         return;
     }
-    StopMotion(body, now);
+    HaltMotion(body, now);
     isOn = false;
     line.clear();
     pending.clear();
@@ -212,6 +213,16 @@ void Controller::setInputs(std::uint32_t inputs, Millis now) {
     qdk8::SetInputs(body, inputs, now);
 }
 
+bool Controller::place(int axis, int pulses, Millis now) {
+    settle(now);
+    if (Moving(body) || pulses < 0 || pulses > StrokeEnd(body.working, axis)) {
+        return false;
+    }
+    const double here = pulses;
+    body.tracks.at(static_cast<std::size_t>(axis)) = Track{here, here, now, now};
+    return true;
+}
+
 bool Controller::addFault(std::string_view rule, std::string& problem) {
     FaultRule fresh;
     if (!ParseFaultRule(rule, fresh, problem)) {
@@ -223,6 +234,11 @@ bool Controller::addFault(std::string_view rule, std::string& problem) {
 
 int Controller::position(int axis, Millis now) const {
     return PresentPosition(body, axis, now);
+}
+
+bool Controller::axisMoves(int axis, Millis now) {
+    settle(now);
+    return AxisMoves(body, axis, now);
 }
 
 int Controller::count(const std::string& word) const {

@@ -88,6 +88,10 @@ public:
     /// The 24 output lines, the first digit of 0RO on top, as if something in the machine had
     /// switched them.
     void setOutputs(std::uint32_t outputs) { body.outputs = outputs & 0xFFFFFFU; }
+    /// These axes, and no others, count as homed, without a homing.
+    void setHomed(unsigned mask) { body.homed = mask; }
+    /// Puts an axis (0 to 3) somewhere within its stroke, in pulses; false while the machine moves.
+    bool place(int axis, int pulses, Millis now);
     /// Time from a request to its reply, 0 at first.
     void setTurnaround(Millis time) { turnaround = time; }
     /// Time that a 0WE takes, 100 at first.
@@ -111,6 +115,12 @@ public:
     void settle(Millis now);
     /// Pulses of an axis, 0 to 3.
     int position(int axis, Millis now) const;
+    /// Whether an axis, 0 to 3, is on its way at this moment.
+    bool axisMoves(int axis, Millis now);
+    /// The moment since which an axis that isn't on its way stands; 0 if it never moved.
+    Millis standsSince(int axis) const {
+        return body.tracks.at(static_cast<std::size_t>(axis)).end;
+    }
     /// Frames in order, the last 20000.
     const std::deque<Received>& frames() const { return heard; }
     /// How often frames came that begin with these three characters.

@@ -3,6 +3,7 @@
 // The state of the machine behind the line: memory, axes in motion, inputs and outputs, the alarm.
 
 #include "simulator/start_memory.h"
+#include "simulator/track.h"
 #include "simulator/wire.h"
 
 #include <array>
@@ -22,17 +23,9 @@ constexpr std::uint32_t kLineOne = 0x010000;            ///< EXP 1, the inputs a
 constexpr std::uint32_t kOutputPositionMask = 0x00FFF0; ///< the number reached, decimal digits
 constexpr std::uint32_t kOutputArrivalMask = 0x000003;  ///< OUT1, OUT2
 
-/// An axis on its way, at an even pace; standing when `from` equals `to`.
-struct Track {
-    double from = 0; ///< pulses
-    double to = 0;
-    Millis start = 0;
-    Millis end = 0;
-};
-
 /// One thing the machine does; a plan is a row of them.
 struct Step {
-    enum class Kind { Home, Go, Macro };
+    enum class Kind { Home, Go, Macro, Brake };
     Kind kind = Kind::Go;
     unsigned mask = 0;                           ///< axes that take part
     std::array<double, kAxisCountMax> targets{}; ///< pulses
@@ -64,7 +57,9 @@ struct Machine {
     std::uint32_t inputs = 0;
     std::uint32_t outputs = kOutputReady | kOutputInPosition;
 
-    std::array<Track, kAxisCountMax> tracks{};
+    std::array<Track, kAxisCountMax> tracks{}; ///< what the controller counts
+    /// Where the slides stand beyond what is counted: before the first homing nobody knows.
+    std::array<double, kAxisCountMax> astray{};
     unsigned homed = 0; ///< axis mask
     std::deque<Step> plan;
     std::optional<Millis> stepEnds; ///< none while a macro waits for an input without limit

@@ -10,8 +10,9 @@ namespace qdk8 {
 namespace {
 
 constexpr double kMmPerSecondPerSetting = 10.0;
-constexpr Millis kShortestMove = 20;
 constexpr Millis kPushTime = 300;
+constexpr int kJogAcceleration = 3;
+constexpr double kHomingRamp = 40;
 constexpr Millis kTick = 100; ///< of a macro's timer and of its time limit
 constexpr Alarm kHomeSensorNotFound{'1', '3', '4'};
 constexpr Alarm kMacroInputTimedOut{'0', '0', 'B'};
@@ -30,19 +31,19 @@ Alarm RefusalOf(char code, int axis = -1) {
     return Alarm{'0', axis < 0 ? '0' : static_cast<char>('1' + axis), code};
 }
 
-double TrackAt(const Track& track, Millis now) {
-    if (now >= track.end) {
-        return track.to;
-    }
-    const double share =
-        static_cast<double>(now - track.start) / static_cast<double>(track.end - track.start);
-    return track.from + (track.to - track.from) * std::max(share, 0.0);
-}
-
 Millis TravelTime(double pulses, double speed) {
     return static_cast<Millis>(std::llround(std::fabs(pulses) / speed * 1000.0));
 }
 
+/// How long an axis takes to find its home: to the end, push, and creep back to the offset.
+Millis HomingTime(const Machine& machine, int axis, double speed, Millis now) {
+    const int block = AxisBlock(axis);
+    const double creep = SpeedOf(machine, axis, Item(machine.working, block, 4));
+    return TravelTime(SlidePosition(machine, axis, now), speed) + kPushTime +
+           TravelTime(Item(machine.working, block, 0, 2), creep);
+}
+
+/// Sets the axes of a step under way; gives when the last of them arrives.
 Millis SetOut(Machine& machine, const Step& step, Millis now) {
     Millis last = now;
     for (int axis = 0; axis < kAxisCountMax; ++axis) {
@@ -50,30 +51,21 @@ Millis SetOut(Machine& machine, const Step& step, Millis now) {
             continue;
         }
         Track& track = machine.tracks[Index(axis)];
-        const double from = TrackAt(track, now);
-        const double to = step.targets[Index(axis)];
-        Millis takes = 0;
+        const double from = PositionAt(track, now);
+        const double speed = step.speeds[Index(axis)];
         if (step.kind == Step::Kind::Home) {
-            // An axis that was never homed may stand anywhere: half the way is a fair guess.
-            const double way =
-                Involves(machine.homed, axis) ? from : StrokeEnd(machine.working, axis) / 2.0;
-            const int block = AxisBlock(axis);
-            const double creep = SpeedOf(machine, axis, Item(machine.working, block, 4));
-            takes = TravelTime(way, step.speeds[Index(axis)]) + kPushTime +
-                    TravelTime(Item(machine.working, block, 0, 2), creep);
-        } else if (std::lround(from) != std::lround(to)) {
-            takes =
-                std::max(TravelTime(to - from, step.speeds[Index(axis)]) + step.ramps[Index(axis)],
-                         kShortestMove);
+            const Millis takes = HomingTime(machine, axis, speed, now);
+            track = Track{from, 0, now, now + takes, kHomingRamp, kHomingRamp};
+        } else if (const double to = step.targets[Index(axis)];
+                   std::lround(from) != std::lround(to)) {
+            track = TrackBetween(from, to, speed, step.ramps[Index(axis)], now);
         }
-        track = Track{from, to, now, now + takes};
         last = std::max(last, track.end);
     }
-    if (step.together) {
-        for (int axis = 0; axis < kAxisCountMax; ++axis) {
-            if (Involves(step.mask, axis)) {
-                machine.tracks[Index(axis)].end = last;
-            }
+    for (int axis = 0; step.together && axis < kAxisCountMax; ++axis) {
+        Track& track = machine.tracks[Index(axis)];
+        if (Involves(step.mask, axis) && MovesAt(track, now)) {
+            track = ArrivingAt(track, last);
         }
     }
     return last;
@@ -148,6 +140,9 @@ void FinishStep(Machine& machine, Millis now) {
     machine.plan.pop_front();
     machine.macroWaits = false;
     if (step.kind == Step::Kind::Home) {
+        for (int axis = 0; axis < kAxisCountMax; ++axis) {
+            machine.astray[Index(axis)] *= Involves(step.mask, axis) ? 0.0 : 1.0;
+        }
         if (machine.homeSensorFails) {
             Raise(machine, kHomeSensorNotFound, now);
             return;
@@ -157,11 +152,21 @@ void FinishStep(Machine& machine, Millis now) {
     } else if (step.toPosition) {
         ShowArrival(machine, step.number, step.out);
     }
-    machine.outputs |= kOutputInPosition;
+    if (step.kind != Step::Kind::Brake) {
+        machine.outputs |= kOutputInPosition;
+    }
     if (machine.plan.empty()) {
         ComeToRest(machine, now);
     } else {
         BeginStep(machine, now);
+    }
+}
+
+/// Before a homing breaks off: what of the way nobody counted it has found by then.
+void FixSlides(Machine& machine, Millis now) {
+    for (int axis = 0; axis < kAxisCountMax; ++axis) {
+        machine.astray[Index(axis)] =
+            SlidePosition(machine, axis, now) - PositionAt(machine.tracks[Index(axis)], now);
     }
 }
 
@@ -302,7 +307,27 @@ bool Moving(const Machine& machine) {
 }
 
 int PresentPosition(const Machine& machine, int axis, Millis now) {
-    return static_cast<int>(std::lround(TrackAt(machine.tracks[Index(axis)], now)));
+    return static_cast<int>(std::lround(PositionAt(machine.tracks[Index(axis)], now)));
+}
+
+double SlidePosition(const Machine& machine, int axis, Millis now) {
+    const Track& track = machine.tracks[Index(axis)];
+    double astray = machine.astray[Index(axis)];
+    // What nobody counted is found as the homing goes on.
+    if (Moving(machine) && machine.plan.front().kind == Step::Kind::Home && MovesAt(track, now)) {
+        astray *=
+            static_cast<double>(track.end - now) / static_cast<double>(track.end - track.start);
+    }
+    return std::clamp(PositionAt(track, now) + astray, 0.0,
+                      static_cast<double>(StrokeEnd(machine.working, axis)));
+}
+
+bool AxisMoves(const Machine& machine, int axis, Millis now) {
+    return MovesAt(machine.tracks[Index(axis)], now);
+}
+
+Millis StandsSince(const Machine& machine, int axis) {
+    return machine.tracks[Index(axis)].end;
 }
 
 void Advance(Machine& machine, Millis now) {
@@ -383,6 +408,7 @@ Refusal BeginJog(Machine& machine, const std::array<int, kAxisCountMax>& directi
         step.mask |= Bit(axis);
         step.speeds[Index(axis)] =
             share * SpeedOf(machine, axis, Item(machine.working, AxisBlock(axis), 6));
+        step.ramps[Index(axis)] = RampOf(kJogAcceleration);
         step.targets[Index(axis)] = direction == 1 ? StrokeEnd(machine.working, axis) : 0;
     }
     if (const Refusal refused = RefuseAxes(machine, step.mask)) {
@@ -412,11 +438,35 @@ Refusal BeginInching(Machine& machine, const Step& step, Millis now) {
 }
 
 void StopMotion(Machine& machine, Millis now) {
+    if (!Moving(machine) || machine.plan.front().kind == Step::Kind::Brake) {
+        return;
+    }
+    FixSlides(machine, now);
+    machine.macroWaits = false;
+    Step step;
+    step.kind = Step::Kind::Brake;
+    Millis last = now;
     for (Track& track : machine.tracks) {
-        const double here = std::round(TrackAt(track, now));
-        track = Track{here, here, now, now};
+        track = Braking(track, now);
+        last = std::max(last, track.end);
+    }
+    machine.plan = {step};
+    machine.stepEnds = last;
+    Advance(machine, now);
+}
+
+void HaltMotion(Machine& machine, Millis now) {
+    FixSlides(machine, now);
+    for (Track& track : machine.tracks) {
+        track = Halted(track, now);
     }
     ComeToRest(machine, now);
+}
+
+void LeaveAstray(Machine& machine) {
+    for (int axis = 0; axis < kAxisCountMax; ++axis) {
+        machine.astray[Index(axis)] = StrokeEnd(machine.working, axis) / 2.0;
+    }
 }
 
 void Raise(Machine& machine, Alarm alarm, Millis now, std::optional<Millis> goesOutAfter) {
@@ -429,7 +479,7 @@ void Raise(Machine& machine, Alarm alarm, Millis now, std::optional<Millis> goes
         }
     }
     if (Moving(machine) || machine.stepEnds) {
-        StopMotion(machine, now);
+        HaltMotion(machine, now);
     }
     machine.outputs = (machine.outputs | kOutputAlarm) & ~kOutputReady;
 }
@@ -461,7 +511,12 @@ void Restart(Machine& machine, Millis now) {
     machine.working = machine.lasting;
     machine.mode = 0;
     machine.homed = 0;
-    machine.tracks = {};
+    // The slides stay where they are, but nobody counts them any more.
+    for (int axis = 0; axis < kAxisCountMax; ++axis) {
+        Track& track = machine.tracks[Index(axis)];
+        machine.astray[Index(axis)] = SlidePosition(machine, axis, now);
+        track.from = track.to = 0;
+    }
     ClearAlarm(machine);
     ComeToRest(machine, now);
     machine.outputs = kOutputReady | kOutputInPosition;

@@ -16,8 +16,15 @@ std::optional<Millis> NextEvent(const Machine& machine);
 
 bool Moving(const Machine& machine);
 
-/// Pulses of an axis (0 to 3) at `now`.
+/// Pulses of an axis (0 to 3) at `now`, as the controller counts them.
 int PresentPosition(const Machine& machine, int axis, Millis now);
+/// Pulses from the home end to where its slide really stands, within the stroke.
+double SlidePosition(const Machine& machine, int axis, Millis now);
+/// Whether the axis itself moves; the machine may be running while it waits for another, or for a
+/// macro.
+bool AxisMoves(const Machine& machine, int axis, Millis now);
+/// The moment since which an axis that doesn't move stands.
+Millis StandsSince(const Machine& machine, int axis);
 
 /// Axis masks.
 unsigned AxesThere(const Machine& machine);
@@ -38,11 +45,16 @@ Refusal BeginInching(Machine& machine, const Step& step, Millis now);
 
 /// Pulses a second of a speed setting (1 to 60).
 double SpeedOf(const Machine& machine, int axis, int setting);
-/// Time lost to an acceleration setting (1 to 3).
+/// Time to full speed, and to stand still from it, of an acceleration setting (1 to 3).
 Millis RampOf(int setting);
 
-/// All axes stand where they are, the rest of the plan is dropped.
+/// The rest of the plan is dropped; the axes slow down and then stand. Nothing while the machine
+/// stands still.
 void StopMotion(Machine& machine, Millis now);
+/// The same without slowing down, as when the drives let go.
+void HaltMotion(Machine& machine, Millis now);
+/// The slides of a machine that was never homed stand half-way along their strokes.
+void LeaveAstray(Machine& machine);
 
 /// Puts an alarm up: motion stops, the outputs show it. It replaces one that stood, unless that one
 /// was not resettable.
