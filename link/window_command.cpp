@@ -2,6 +2,7 @@
 
 #include "app/boxes.h"
 #include "app/command_states.h"
+#include "app/screens.h"
 #include "app/string_table.h"
 #include "link/background.h"
 #include "link/end_of_run.h"
@@ -9,6 +10,25 @@
 #include <exception>
 
 namespace qdw8 {
+namespace {
+
+/// The state of a fresh start.
+bool lineReserved = false;
+
+} // namespace
+
+void ReserveLine(bool reserved) {
+    if (lineReserved != reserved) {
+        lineReserved = reserved;
+        if (Screens().frmMainCommands) {
+            Screens().frmMainCommands();
+        }
+    }
+}
+
+bool LineReserved() {
+    return lineReserved;
+}
 
 void RunWindowCommand(const std::function<void()>& routine) {
     WhenLineIsFree([routine] {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 
 /// How a command of the user begins and ends, whatever window it was chosen in.
@@ -10,6 +11,12 @@ namespace qdw8 {
 /// with the commands of all windows away and nothing beginning on the line under its boxes; then
 /// `RunToItsEnd` sees to the rest.
 void RunWindowCommand(const std::function<void()>& routine);
+
+/// A window that acts on the machine is open and has the line for itself: the windows of
+/// parameters, groups and macros do nothing on it meanwhile. The windows are told when it changes.
+void ReserveLine(bool reserved);
+bool LineReserved();
+inline constexpr std::int16_t kLineReserved = 3177; ///< text: which windows are to be closed first
 
 /// Edits that are neither in a file nor in the controller are about to be lost: asks whether to
 /// save them first, with nothing beginning on the line under the question. `save` tells whether it

@@ -1,5 +1,7 @@
 #include "motion/motion_window.h"
 
+#include "link/window_command.h"
+
 namespace qdw8 {
 namespace {
 
@@ -11,12 +13,14 @@ MotionWindow open = nullptr;
 void OpenMotionWindow(MotionWindow window) {
     if (open == nullptr) {
         open = window;
+        ReserveLine(true);
     }
     (Screens().*open)();
 }
 
 void MotionWindowClosed() {
     open = nullptr;
+    ReserveLine(false);
 }
 
 } // namespace qdw8

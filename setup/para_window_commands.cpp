@@ -6,6 +6,7 @@
 #include "app/screens.h"
 #include "app/string_table.h"
 #include "link/batch.h"
+#include "link/window_command.h"
 #include "parameter/para_device.h"
 #include "parameter/para_field_check.h"
 #include "parameter/para_fields.h"
@@ -27,9 +28,9 @@ namespace qdw8 {
 namespace {
 
 constexpr std::array<ParaCommandRow, 10> kButtons = {{
-    {"cmdParaRead", 613, cmdParaRead_Click},
-    {"cmdParaWrite", 614, cmdParaWrite_Click},
-    {"cmdConpareCT", 615, cmdConpareCT_Click},
+    {"cmdParaRead", 613, cmdParaRead_Click, true},
+    {"cmdParaWrite", 614, cmdParaWrite_Click, true},
+    {"cmdConpareCT", 615, cmdConpareCT_Click, true},
     {"cmdReadParaFile", 616, cmdReadParaFile_Click},
     {"cmdSaveParaFile", 617, cmdSaveParaFile_Click},
     {"cmdConpareFile", 618, cmdConpareFile_Click},
@@ -83,7 +84,7 @@ std::span<const ParaCommandRow> ParaCommands() {
 }
 
 bool ParaCommandEnabled(const ParaCommandRow& command) {
-    if (CommandsTaken()) {
+    if (CommandsTaken() || (command.onLine && LineReserved())) {
         return false;
     }
     if (command.routine == cmdParaPrint_Click || command.routine == cmdParaFilePrint_Click) {

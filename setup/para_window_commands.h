@@ -11,10 +11,12 @@ struct ParaCommandRow {
     const char* name;    ///< of the button
     std::int16_t textId; ///< its caption, 0 for none
     void (*routine)();
+    bool onLine = false; ///< it talks to the controller
 };
 /// The buttons in the order in which the eye finds them.
 std::span<const ParaCommandRow> ParaCommands();
-/// True for a button that may be used now. One that prints needs somebody who prints.
+/// True for a button that may be used now. One that prints needs somebody who prints,
+/// one that talks to the controller the line.
 bool ParaCommandEnabled(const ParaCommandRow& command);
 
 void cmdParaRead_Click();

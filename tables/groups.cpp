@@ -59,14 +59,14 @@ const SmallTable& Groups() {
 
 const TableCommands& GrpCommands() {
     static constexpr TableCommands commands{{
-        {"cmdReadGrp", 805, ReadTable},
+        {"cmdReadGrp", 805, ReadTable, Wants::Line},
         {"cmdGrpFileOpen", 806, OpenTable},
-        {"cmdWriteGrp", 807, WriteTable},
+        {"cmdWriteGrp", 807, WriteTable, Wants::Line},
         {"cmdGrpFileSave", 808, SaveTable},
-        {"cmdGrpCtVerify", 809, VerifyWithController},
+        {"cmdGrpCtVerify", 809, VerifyWithController, Wants::Line},
         {"cmdGrpFileVerify", 810, VerifyWithFile},
-        {"cmdGrpDataPrint", 811, PrintShown, true},
-        {"cmdGrpFilePrint", 812, PrintFile, true},
+        {"cmdGrpDataPrint", 811, PrintShown, Wants::Printing},
+        {"cmdGrpFilePrint", 812, PrintFile, Wants::Printing},
     }};
     return commands;
 }

@@ -59,14 +59,14 @@ const SmallTable& Macros() {
 
 const TableCommands& SmCommands() {
     static constexpr TableCommands commands{{
-        {"cmdReadSMfromCt", 906, ReadTable},
-        {"cmdWriteSMtoCt", 907, WriteTable},
-        {"cmdSmCTShogo", 908, VerifyWithController},
+        {"cmdReadSMfromCt", 906, ReadTable, Wants::Line},
+        {"cmdWriteSMtoCt", 907, WriteTable, Wants::Line},
+        {"cmdSmCTShogo", 908, VerifyWithController, Wants::Line},
         {"cmdSmFileOpen", 909, OpenTable},
         {"cmdSmFileSave", 910, SaveTable},
         {"cmdSmFileShogo", 911, VerifyWithFile},
-        {"cmdSMDispPrint", 912, PrintShown, true},
-        {"cmdSMFilePrint", 913, PrintFile, true},
+        {"cmdSMDispPrint", 912, PrintShown, Wants::Printing},
+        {"cmdSMFilePrint", 913, PrintFile, Wants::Printing},
     }};
     return commands;
 }

@@ -136,7 +136,8 @@ private:
 
 bool IsEnabled(const SmallTable& table, const TableCommand& command) {
     return !table.state.commandsOff && !CommandsTaken() &&
-           (!command.prints || Screens().*table.print);
+           (command.wants != Wants::Line || !LineReserved()) &&
+           (command.wants != Wants::Printing || Screens().*table.print);
 }
 
 void RunTableCommand(const SmallTable& table, const TableCommand& command) {

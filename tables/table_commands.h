@@ -15,15 +15,17 @@
 namespace qdw8 {
 
 /// What a button of the window stands for.
+/// What a command wants besides its table.
+enum class Wants : std::uint8_t { Nothing, Line, Printing };
 struct TableCommand {
     const char* control;
     std::int16_t captionId;
     void (*routine)(const SmallTable&);
-    bool prints = false;
+    Wants wants = Wants::Nothing;
 };
 using TableCommands = std::array<TableCommand, 8>;
 
-/// The command may be used now: no command runs in any window, and printing stands if it prints.
+/// The command may be used now: no command runs in any window, and what it wants is there.
 bool IsEnabled(const SmallTable& table, const TableCommand& command);
 
 /// The click on the button: runs the command as `RunWindowCommand` does. A command that isn't

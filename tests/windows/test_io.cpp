@@ -1,9 +1,11 @@
 // The I/O window: lamps, mouse and keys, against the simulated controller on the clock of the
 // tests.
 
+#include "motion/motion_window.h"
 #include "support/simulated_line.h"
 #include "window_fixture.h"
 #include "windows/motion/frmIOCheck.h"
+#include "windows/tables/frmGrp.h"
 
 #include <QApplication>
 #include <QTest>
@@ -48,6 +50,17 @@ TEST_F(IoWindow, KeysStartSwitchAndStop) {
     EXPECT_TRUE(form.isVisible()) << "it stops first";
     platform.run(300);
     EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(IoWindow, KeepsTheLineForItself) {
+    frmGrp groups;
+    Screens().frmIOCheckShow = [] {};
+    Screens().frmMainCommands = [&groups] { groups.showState(); };
+    OpenMotionWindow(&ScreenFunctions::frmIOCheckShow);
+    const auto& read = Get<QWidget>(groups, "cmdReadGrp");
+    EXPECT_TRUE(!read.isEnabled() && Get<QWidget>(groups, "cmdGrpFileOpen").isEnabled());
+    form.close();
+    EXPECT_TRUE(read.isEnabled());
 }
 
 } // namespace

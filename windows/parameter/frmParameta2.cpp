@@ -6,6 +6,7 @@
 #include "platform/qt/work_window.h"
 #include "setup/para_window_commands.h"
 #include "windows/controls/load_form_resources.h"
+#include "windows/controls/texts.h"
 #include "windows/parameter/frmDevice.h"
 #include "windows/parameter/para_pages.h"
 
@@ -175,6 +176,8 @@ void frmParameta2::showState() {
     pages->showFields();
     for (const Button& button : buttons) {
         button.control->setEnabled(ParaCommandEnabled(*button.command));
+        const bool kept = button.command->onLine && LineReserved();
+        button.control->setToolTip(kept ? ResQText(kLineReserved) : QString());
     }
     if (back && isVisible()) {
         // To what its check refused, else where the user was, but not to a button: a key that was

@@ -4,6 +4,7 @@
 #include "link/window_command.h"
 #include "platform/qt/work_window.h"
 #include "windows/controls/load_form_resources.h"
+#include "windows/controls/texts.h"
 
 #include <QBoxLayout>
 #include <QDialog>
@@ -101,6 +102,8 @@ void TableButtons::showState(QWidget& fields) {
     }
     for (std::size_t i = 0; i < buttons.size(); ++i) {
         buttons[i]->setEnabled(IsEnabled(table, commands[i]));
+        const bool kept = commands[i].wants == Wants::Line && LineReserved();
+        buttons[i]->setToolTip(kept ? ResQText(kLineReserved) : QString());
     }
     closeButton->setEnabled(free);
     fields.setEnabled(free);
