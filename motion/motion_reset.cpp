@@ -2,11 +2,13 @@
 
 #include "motion/io_check.h"
 #include "motion/motion_window.h"
+#include "motion/teach_chart.h"
 
 namespace qdw8 {
 
 void ResetMotion() {
     ResetIoCheck();
+    ResetTeachChart();
     MotionWindowClosed();
 }
 

@@ -55,13 +55,17 @@ bool IsShownForm(const std::string& text) {
 
 /// The row of the grid takes what the table holds.
 void ShowTableRow(int position) {
-    const int gridRow = position - GridFirst + kGridHeadRows;
     for (int column = 0; column <= kComment; ++column) {
-        SetGridText(gridRow, column + 1, CellText(static_cast<std::size_t>(position), column));
+        ShowTableCell(position, column);
     }
 }
 
 } // namespace
+
+void ShowTableCell(int position, int tableColumn) {
+    SetGridText(position - GridFirst + kGridHeadRows, tableColumn + 1,
+                CellText(static_cast<std::size_t>(position), tableColumn));
+}
 
 std::string MmText(double mm) {
     return PadLeft(FixedDecimals(mm, 3), 7);
@@ -90,7 +94,7 @@ void ShowCommittedRow(int position) {
         const bool inMm = ColumnOf(column).item == kPosi && IsSet(DispMmFlag);
         if (column == kComment || inMm || IsOffColumn(column) ||
             !IsShownForm(GridText(gridRow, column + 1))) {
-            SetGridText(gridRow, column + 1, CellText(static_cast<std::size_t>(position), column));
+            ShowTableCell(position, column);
         }
     }
 }

@@ -17,6 +17,8 @@ void ShowTable();
 /// The same for one row of the table that took its values from the grid's very cells: a cell that
 /// shows its number as it would be shown stays as it is.
 void ShowCommittedRow(int position);
+/// The cell of a row that the grid shows takes what the table holds.
+void ShowTableCell(int position, int tableColumn);
 /// `ShowTable` for another document: it begins with its first row, and no cell is current.
 void QdDataHyoji_3();
 
