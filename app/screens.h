@@ -84,6 +84,8 @@ struct ScreenFunctions {
     std::function<void()> frmIOCheckShow;
     /// What the I/O window shows has changed: lamps, buttons, its own state; or it is to go.
     std::function<void()> frmIOCheck;
+    /// What the teaching window shows has changed, but for its chart.
+    std::function<void()> frmJOG;
 
     /// Print what the compare table of the groups, of the macros, `ParaRowTable` holds, under a
     /// file name; empty while there is no printing.

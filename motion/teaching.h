@@ -1,0 +1,106 @@
+#pragma once
+
+#include "app/Module1.h"
+#include "platform/timer.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+/// Teaching: what stands behind the window `frmJOG`, but for its chart (teach_chart.h).
+///
+/// A press or a release only changes the queue; the tick of `timerTusin` sends. A release is a stop
+/// that the line itself serves in front of everything (link/stop.h). While the window is open the
+/// commands of all other windows are away, and the alarm poll with them.
+namespace qdw8 {
+
+inline constexpr std::size_t kJogButtons = 8; ///< `cmdJOG(0)` to `cmdJOG(7)`
+
+/// Where teaching stands.
+enum class Teaching : std::uint8_t {
+    NotStarted,
+    Starting, ///< the controller is asked
+    Homing,   ///< all axes move home
+    Started,
+    Failed,   ///< it was started; after a failure nothing goes out any more until the next start
+    Completed ///< ended by `cmdJOGend`; it can be started again
+};
+
+/// What is known of the last stop.
+enum class StopSign : std::uint8_t {
+    None,        ///< none was due, or the axes have stopped
+    Stopping,    ///< due, and not yet confirmed
+    NotConfirmed ///< not confirmed in time, or failed: only the machine's own stop is certain
+};
+
+/// What the window shows, all of it. Texts are ids of the string table, 0 for none.
+struct TeachingForm {
+    Teaching state = Teaching::NotStarted;
+    StopSign stop = StopSign::None;
+    std::int16_t stateText = 0; ///< the line beside the buttons: what happens, what Start will do
+    std::int16_t stopText = 0;  ///< of the sign; nothing but the sign itself may hide it
+    /// `lblPosi1` to `lblPosi4`, in the display unit; empty for an axis out of use and where no
+    /// reading stands.
+    std::array<std::string, kAxes> lblPosi;
+    std::int16_t lblGenzaitiHyoji = 0; ///< caption over them, by the display unit
+    std::string lblJogVEL;
+    int optJOG = 0; ///< the chosen way of moving, 0 to 3
+
+    bool cmdJOGST = false; ///< enabled states
+    bool cmdJOGend = false;
+    bool cmdJOGWrite = false;
+    bool flgdJOGPosi = false; ///< the chart and its row choice
+    std::array<bool, kJogButtons> cmdJOG{};
+};
+TeachingForm TheTeachingForm();
+
+/// Last present position in pulses; none for an axis out of use and where no reading stands.
+extern std::array<std::optional<std::int32_t>, kAxes>& JogPresentPos;
+
+extern Timer timerTusin;      ///< 50 ms, on from the start of teaching: sends the queue and polls
+extern Timer TimerDelay;      ///< 300 ms from a press: until the next one counts
+extern Timer TimerBosoKansi;  ///< 100 ms, on while the window is open: the sign of the stop
+std::int16_t JogQueueCount(); ///< index of the last entry that waits, -1 when there is none
+
+/// The window opens: settings read, nothing started, nothing chosen but JOG, the commands away.
+void LoadJog();
+/// The window is gone: timers off, the port closed unless it is kept, the commands back. A stop
+/// that is due must be out before (`LetStopOut`). Ends the program where that was confirmed.
+void UnloadJog();
+/// Between the two.
+bool JogOpen();
+
+/// Begins teaching: controller's mode, axes in use, homing where it is needed, stroke ends. Runs as
+/// soon as the line is free, and returns when it has ended. A failure of any step ends it, told,
+/// with the timer off.
+void cmdJOGST_Click();
+/// Ends teaching, behind a stop that is due; the chart stays. During the start it breaks that off,
+/// with a stop where axes are homing.
+void cmdJOGend_Click();
+
+/// Chooses the way of moving: 0 JOG, 1 to 3 inching by 1, 10, 100 pulses.
+void optJOG_Click(int way);
+
+/// The button (0 to 7) goes down, by mouse or key; key auto-repeat is none. Index / 2 is the axis,
+/// an even one plus. Nothing is sent here, and nothing comes of it while another button is held or
+/// within 300 ms of the last press.
+void JogPressed(int button);
+/// The button that is held is let go, or may have been: window and program call it for each real
+/// and each lost release. A second call, and one with nothing held, does nothing. Sends nothing
+/// here: the stop goes out with the next look of the line, which is at once.
+void JogReleased();
+
+/// Counts as a release. Lets the stop that is due out (a stop that was not confirmed is tried once
+/// more), then runs `then`: before this returns, or, called out of the wait of an exchange, behind
+/// it. Window closing, end of the program, going off line, change of the port begin with it.
+void LetStopOut(const std::function<void()>& then);
+
+/// The tick of `timerTusin`.
+void timerTusin_Tick();
+
+void ResetTeaching();
+
+} // namespace qdw8
