@@ -6,15 +6,15 @@ namespace qdw8 {
 
 namespace {
 
-/// The state of a fresh start.
+/// The state of a fresh start: not read yet. A value in range would pass for a stored one, and the
+/// options would write it over what the user has set.
 struct MoveDefaults {
-    std::int16_t VelOf100Pls = 20;
-    std::int16_t AccOf100Pls = 3;
-    std::int16_t AccOf100Pls2 = 3;
-    std::int16_t AccOfJog = 3;
-    std::int16_t AccOfJog2 = 2;
+    std::int16_t VelOf100Pls = 0;
+    std::int16_t AccOf100Pls = 0;
+    std::int16_t AccOf100Pls2 = 0;
+    std::int16_t AccOfJog = 0;
+    std::int16_t AccOfJog2 = 0;
 };
-constexpr MoveDefaults kFresh;
 MoveDefaults state;
 
 } // namespace
@@ -35,11 +35,11 @@ std::int16_t JogAcceleration(const char* key, std::int16_t fallback) {
 } // namespace
 
 void ReadMoveDefaults() {
-    VelOf100Pls = SettingNumber("VelOf100Pls", kFresh.VelOf100Pls);
-    AccOf100Pls = SettingNumber("AccOf100Pls", kFresh.AccOf100Pls);
-    AccOf100Pls2 = SettingNumber("AccOf100Pls2", kFresh.AccOf100Pls2);
-    AccOfJog = JogAcceleration("AccOfJog", kFresh.AccOfJog);
-    AccOfJog2 = JogAcceleration("AccOfJog2", kFresh.AccOfJog2);
+    VelOf100Pls = SettingNumber("VelOf100Pls", kVelOf100Pls);
+    AccOf100Pls = SettingNumber("AccOf100Pls", kAccOf100Pls);
+    AccOf100Pls2 = SettingNumber("AccOf100Pls2", kAccOf100Pls);
+    AccOfJog = JogAcceleration("AccOfJog", 3);
+    AccOfJog2 = JogAcceleration("AccOfJog2", 2);
 }
 
 void ResetMoveDefaults() {

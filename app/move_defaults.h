@@ -6,6 +6,11 @@
 /// acceleration of each pair is that of the model `QD-61F`.
 namespace qdw8 {
 
+/// Where nothing is stored.
+inline constexpr std::int16_t kVelOf100Pls = 20;
+inline constexpr std::int16_t kAccOf100Pls = 3; ///< both of them
+
+/// 0 each until they have been read or set.
 extern std::int16_t& VelOf100Pls; ///< speed of a pulse feed, 1 to 60
 extern std::int16_t& AccOf100Pls; ///< acceleration of a pulse feed, 1 to 3
 extern std::int16_t& AccOf100Pls2;

@@ -87,6 +87,10 @@ struct ScreenFunctions {
     /// What the teaching window shows has changed, but for its chart.
     std::function<void()> frmJOG;
 
+    /// Modal options, and modal information about the program.
+    std::function<void()> frmOptions2Show;
+    std::function<void()> frmAboutShow;
+
     /// Print what the compare table of the groups, of the macros, `ParaRowTable` holds, under a
     /// file name; empty while there is no printing.
     std::function<void(const std::string& fileName)> PrintGrpData;

@@ -50,4 +50,21 @@ std::string ResText(std::int16_t id) {
     return std::string(row->second);
 }
 
+std::string ResText(std::int16_t id, std::initializer_list<std::string> words) {
+    std::string made;
+    const std::string text = ResText(id);
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const std::size_t word = text[at] == '%' && at + 1 < text.size()
+                                     ? static_cast<std::size_t>(text[at + 1] - '1')
+                                     : words.size();
+        if (word < words.size()) {
+            made += words.begin()[word];
+            ++at;
+        } else {
+            made += text[at];
+        }
+    }
+    return made;
+}
+
 } // namespace qdw8

@@ -13,8 +13,12 @@ std::string BesideProgram(const std::string& fileName) {
     return ThePlatform().programFolder + "/" + fileName;
 }
 
+std::string LinkOfPort(int portNo) {
+    return ThePlatform().settingsFolder + "/ports/com" + std::to_string(portNo);
+}
+
 std::string DeviceOfPort(int portNo) {
-    const std::string link = ThePlatform().settingsFolder + "/ports/com" + std::to_string(portNo);
+    std::string link = LinkOfPort(portNo);
     std::error_code error;
     // A link whose device is gone counts too: opening it fails and says so, where the built-in
     // port would silently talk to something else.

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace qdw8 {
 
@@ -39,6 +40,19 @@ struct ScreenSize {
     int height = 0;
 };
 
+/// A serial device that is there.
+struct SerialDevice {
+    std::string path; ///< "/dev/ttyUSB0"
+    std::string name; ///< for reading, as the adapter tells it; may be empty
+};
+
+/// What a report of a fault has to tell of the machine, for reading.
+struct DesktopFacts {
+    std::string system;
+    std::string screen;
+    std::vector<std::string> libraries; ///< each with its version
+};
+
 /// What the program needs of a desktop. One platform is in force at a time: the real one on Qt,
 /// or a scripted one with a clock of its own in tests.
 struct Platform {
@@ -59,6 +73,9 @@ struct Platform {
     std::function<void(bool open)> ImeSetOpenStatus;
     std::function<void()> Beep;
     std::function<ScreenSize()> GetScreenSize;
+    /// By their paths. Takes some milliseconds.
+    std::function<std::vector<SerialDevice>()> ListSerialDevices;
+    std::function<DesktopFacts()> GetDesktopFacts;
     /// Ends the process at once; no other window gets a chance to ask. On the scripted platform
     /// it notes the end and returns.
     std::function<void()> EndProgram;
@@ -83,6 +100,8 @@ inline SerialControl& MSComm1() {
 /// Path of a file that lies beside the program.
 std::string BesideProgram(const std::string& fileName);
 
+/// Where the link of a port number lies if there is one: `ports/comN` in the user's settings folder.
+std::string LinkOfPort(int portNo);
 /// The device that stands behind a port number: `ports/comN` in the user's settings folder if
 /// there is such a link, else the built-in port /dev/ttyS(N-1).
 std::string DeviceOfPort(int portNo);

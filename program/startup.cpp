@@ -34,6 +34,7 @@
 #include "setup/detail_edit.h"
 #include "setup/device_bytes.h"
 #include "setup/repaint_axes.h"
+#include "setup/system_info.h"
 
 #include <array>
 #include <exception>
@@ -270,9 +271,7 @@ void frmMain_Load() {
     LoadErrorList();
     Set_MainFormStr();
     ShowAxisDevices();
-    SetPanel(&MainPanel::lblFileName, ResText(201) + " Ver" + std::to_string(QDW8_MAJOR) + "." +
-                                          std::to_string(QDW8_MINOR) +
-                                          std::to_string(QDW8_REVISION) + "E");
+    SetPanel(&MainPanel::lblFileName, ProductLine());
     PosiFirst = PosiLast = GridRowCount = 1;
     const bool small = ThePlatform().GetScreenSize().width <= kSmallScreenWidth;
     if (small) {

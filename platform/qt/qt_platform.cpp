@@ -12,6 +12,7 @@ void InstallQtPlatform() {
     InstallQtPrinter();
     InstallQtSettings();
     InstallQtDesktop();
+    InstallQtMachine();
     InstallQtInputMethod();
     InstallQtDialogPlaces();
 }

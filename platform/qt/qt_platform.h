@@ -47,6 +47,9 @@ void InstallQtSettings();
 /// Clipboard, beep, screen size, program folder and the end of the process.
 void InstallQtDesktop();
 
+/// The machine: its serial devices, and the facts for a report.
+void InstallQtMachine();
+
 /// Switching of the input method.
 void InstallQtInputMethod();
 

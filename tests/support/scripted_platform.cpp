@@ -60,6 +60,10 @@ ScriptedPlatform::ScriptedPlatform() {
     platform.ImeSetOpenStatus = [this](bool open) { imeOpen = open; };
     platform.Beep = [this] { ++beeps; };
     platform.GetScreenSize = [this] { return screen; };
+    platform.ListSerialDevices = [this] { return serialDevices; };
+    platform.GetDesktopFacts = [] {
+        return DesktopFacts{"System 1", "1280 x 1024", {"Library 2", "Library 3"}};
+    };
     platform.EndProgram = [this] { ended = true; };
     platform.programFolder = QDW8_DATA_DIR;
     platform.settingsFolder = testing::TempDir();
