@@ -90,6 +90,8 @@ struct ScreenFunctions {
     /// Modal options, and modal information about the program.
     std::function<void()> frmOptions2Show;
     std::function<void()> frmAboutShow;
+    /// Opens the manual at its first page, or says that there is none.
+    std::function<void()> frmHelpShow;
 
     /// Print what the compare table of the groups, of the macros, `ParaRowTable` holds, under a
     /// file name; empty while there is no printing.

@@ -48,6 +48,10 @@ void OpenIoMonitor() {
     OpenMotionWindow(&ScreenFunctions::frmIOCheckShow);
 }
 
+void OpenHelp() {
+    Screens().frmHelpShow();
+}
+
 /// The printer dialog for the page set-up; what was chosen stands when something is printed.
 void PageSetup() {
     constexpr int kPageSetup = 64;
@@ -177,7 +181,10 @@ constexpr std::array kRows{
     CommandRow{.routine = mnuFuncGetAxis_Click, .entry = {{mnuFuncGetAxis, Menu::FunctionCt, 288}}},
     CommandRow{.entry = {{mnuFuncExternal, Menu::FunctionCt, 295, "", true}}},
 
-    CommandRow{.entry = {{mnuHelpContents, Menu::Help, 291, "F1"}}},
+    CommandRow{.routine = OpenHelp,
+               .runs = Here,
+               .editedCell = LeftAlone,
+               .entry = {{mnuHelpContents, Menu::Help, 291, "F1"}}},
     CommandRow{.entry = {{mnuHelpVersion, Menu::Help, 292}}},
 };
 

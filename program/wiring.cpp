@@ -3,6 +3,7 @@
 #include "app/Module1.h"
 #include "app/screens.h"
 #include "app/string_table.h"
+#include "link/background.h"
 #include "link/end_of_run.h"
 #include "platform/qt/qt_platform.h"
 #include "platform/qt/work_window.h"
@@ -23,6 +24,8 @@
 #include "windows/dialogs/frmSplash.h"
 #include "windows/dialogs/frmSyogoKekka.h"
 #include "windows/dialogs/frmTrance.h"
+#include "windows/help/frmHelp.h"
+#include "windows/help/help_key.h"
 #include "windows/main/frmMain.h"
 #include "windows/motion/frmIOCheck.h"
 #include "windows/parameter/frmParameta2.h"
@@ -51,6 +54,7 @@ struct Windows {
     std::unique_ptr<frmGrp> groups;
     std::unique_ptr<frmSqMcr> macros;
     std::unique_ptr<frmIOCheck> inputOutput;
+    std::unique_ptr<frmHelp> help;
 };
 
 Windows& TheWindows() {
@@ -144,6 +148,11 @@ bool QueryUnload() {
     return frmMain_QueryUnload();
 }
 
+void OpenHelp(const HelpAsked& asked) {
+    const PollHeld held; // nothing begins on the line under the box that there is no manual
+    ShowHelp(TheWindows().help, asked);
+}
+
 void ShowMain(bool small) {
     Windows& windows = TheWindows();
     windows.main = std::make_unique<frmMain>(
@@ -200,6 +209,8 @@ void WireScreens() {
     screens.frmSqMcr = Tell(&Windows::macros, &frmSqMcr::showState);
     screens.frmIOCheckShow = Open(&Windows::inputOutput);
     screens.frmIOCheck = Tell(&Windows::inputOutput, &frmIOCheck::showState);
+    screens.frmHelpShow = [] { OpenHelp({}); };
+    InstallHelpKey(*qApp, OpenHelp);
 }
 
 } // namespace qdw8

@@ -18,6 +18,7 @@
 #include "windows/dialogs/frmSelection.h"
 #include "windows/dialogs/frmSyogoKekka.h"
 #include "windows/dialogs/frmTrance.h"
+#include "windows/help/frmHelp.h"
 #include "windows/motion/frmIOCheck.h"
 #include "windows/parameter/frmDevice.h"
 #include "windows/parameter/frmParameta2.h"

@@ -36,6 +36,7 @@ protected:
         Screens().frmGrpShow = [this] { note("frmGrp"); };
         Screens().frmSqMcrShow = [this] { note("frmSqMcr"); };
         Screens().frmIOCheckShow = [this] { note("frmIOCheck"); };
+        Screens().frmHelpShow = [this] { note("frmHelp"); };
         Screens().frmParameta2Show = [this](bool modal) { note(modal ? "" : "frmParameta2"); };
         Screens().frmMainClose = [this] { note("close"); };
         Screens().frmDataShogo = [this] {
@@ -83,6 +84,7 @@ protected:
 
 TEST_F(CommandRows, EveryControlDoesWhatItsRowSays) {
     std::string all;
+    std::size_t presses = 0;
     for (const CommandRow& row : Commands().rows) {
         std::set<std::string> does;
         for (const auto& place : {row.button ? std::optional(row.button->name) : std::nullopt,
@@ -91,6 +93,7 @@ TEST_F(CommandRows, EveryControlDoesWhatItsRowSays) {
             if (place) {
                 const std::string name(NameOf(*place));
                 EXPECT_EQ(isOn(QString::fromStdString(name)), row.built()) << name;
+                presses += row.routine != nullptr ? 1U : 0U;
                 does.insert(whatHappens(name));
                 all += (all.empty() || all.ends_with('\n') ? "" : " ") + name;
             }
@@ -100,7 +103,7 @@ TEST_F(CommandRows, EveryControlDoesWhatItsRowSays) {
     }
     const std::string told = ReadWholeFile(QDW8_SOURCE_DIR "/tests/windows/commands.txt");
     EXPECT_EQ(all, told.substr(told.find("mnuFileNew")));
-    EXPECT_EQ(commands.size(), 53U) << "each control that is on has handed its command out";
+    EXPECT_EQ(commands.size(), presses) << "each control that is on has handed its command out";
 }
 
 } // namespace

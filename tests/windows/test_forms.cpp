@@ -149,6 +149,9 @@ protected:
         add<frmGrp>("frmGrp");
         add<frmSqMcr>("frmSqMcr");
         add<frmIOCheck>("frmIOCheck");
+        ThePlatform().programFolder = QDW8_SOURCE_DIR;
+        add<frmHelp>("frmHelp", ReadManual().value_or(Manual{}));
+        ThePlatform().programFolder = QDW8_DATA_DIR;
     }
 
     QString all;
