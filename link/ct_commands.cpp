@@ -5,6 +5,7 @@
 #include "link/line_state.h"
 #include "link/port.h"
 #include "link/receiver.h"
+#include "link/stop.h"
 #include "platform/platform.h"
 
 #include <optional>
@@ -149,8 +150,16 @@ std::int16_t InchingMove(const std::string& data) {
 }
 
 std::int16_t StopMotion() {
-    // A stop that waits without limit would keep the next one from going out.
-    return Once("0SP", 5, {}, ReplyTimeoutMs == 0 ? kReplyMs : ReplyTimeoutMs);
+    WishStop();
+    // Out of the wait of an exchange, that exchange lets it follow: waiting here for the gate would
+    // keep it from ending.
+    if (IsSet(CtBusyFlag)) {
+        return 1;
+    }
+    CtBusyFlag = kSet;
+    const std::int16_t result = SendStop();
+    CtBusyFlag = kClear;
+    return result;
 }
 
 std::int16_t ReadPresentPosition() {

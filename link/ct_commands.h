@@ -42,10 +42,11 @@ std::int16_t ReadAxisVersion(int axis);
 std::int16_t MoveToPosition(int position, int kind);
 /// `0MG`: returns only when the controller answers.
 std::int16_t RunGroup(int group);
-/// `0JR`, `0MV`, `0SP`: these take the time limit that the command before left. A stop without any
-/// limit gets 1000 ms.
+/// `0JR`, `0MV`: these take the time limit that the command before left.
 std::int16_t JogRun(const std::string& data);
 std::int16_t InchingMove(const std::string& data);
+/// `0SP`: 0 answered, with the same time limit, or 1000 ms where that was none. Out of the wait of
+/// an exchange it comes back at once with 1, and the stop follows that exchange (link/stop.h).
 std::int16_t StopMotion();
 /// `0RC`: present positions of the axes in use, in `ReplyText`.
 std::int16_t ReadPresentPosition();

@@ -9,6 +9,7 @@
 #include "link/line_state.h"
 #include "link/port.h"
 #include "link/receiver.h"
+#include "link/stop.h"
 #include "platform/platform.h"
 
 #include <exception>
@@ -24,6 +25,31 @@ enum class Manner {
     Once,   ///< tells the user
     Quiet   ///< no box at all
 };
+
+struct Request {
+    std::string word;
+    std::int16_t length = 0;
+    std::string data;
+    std::size_t echoed = 0;
+    Manner manner = Manner::Once;
+};
+
+/// How an exchange ends.
+enum class Ending {
+    Good,
+    Overtaken,  ///< by a stop: not sent, or not sent again
+    NoPort,     ///< the port can't be opened
+    PortGone,   ///< it closed itself under the exchange
+    Fault,      ///< of the port
+    Timeout,    ///< no reply
+    ErrorReply, ///< in `ReplyText`
+    GivenUp,    ///< the wait for the answer to the plain question
+    WrongEcho,  ///< a reply that can't be believed; `ReplyText` is what the plain question brought
+    WrongLength,
+    WrongData ///< the answer to another request
+};
+
+constexpr const char* kStop = "0SP";
 
 /// Nobody is told of a line any more when the program is about to end.
 bool IsTalking(Manner manner) {
@@ -104,6 +130,11 @@ void LeaveIfNotResettable() {
     }
 }
 
+/// A stop goes out before anything is told, and before a wait that has no end.
+bool StopGoesFirst() {
+    return StopIsWished() || IsSet(AxisMayMove);
+}
+
 void FailPort(Manner manner) {
     LastLoss = LineLoss::Port;
     LineAnswers = false;
@@ -148,34 +179,43 @@ void FailErrorReply(Manner manner) {
 }
 
 /// Waits for the reply or for the user who gives the wait up; the time limit only brings the offer
-/// to do so, where somebody waits. A controller that runs a group answers when the group is done.
-/// False: given up.
+/// to do so, where somebody waits, or ends the wait where a stop is to follow. A controller that
+/// runs a group answers when the group is done. False: given up.
 bool WaitForAnswerOrUser() {
     struct Offer {
         ~Offer() { WithdrawGiveUp(); }
     };
     const Offer offer;
     PumpUntil([] {
-        if (IsSet(TimeoutFlag) && UserWaitsForLine()) {
+        const bool late = IsSet(TimeoutFlag);
+        if (late && !StopGoesFirst() && UserWaitsForLine()) {
             OfferGiveUp();
         }
-        return IsSet(ReplyDoneFlag) || IsSet(GrpMoveStopFlag) || IsSet(ProgramEndFlag);
+        return IsSet(ReplyDoneFlag) || IsSet(GrpMoveStopFlag) || IsSet(ProgramEndFlag) ||
+               (late && StopGoesFirst());
     });
-    const bool givenUp = IsSet(GrpMoveStopFlag) || !IsSet(ReplyDoneFlag);
+    const bool givenUp = IsSet(GrpMoveStopFlag) || (IsSet(ProgramEndFlag) && !IsSet(ReplyDoneFlag));
     GrpMoveStopFlag = kClear;
     return !givenUp;
 }
 
 /// A reply that can't be believed: asks the controller for a plain answer, to find out whether it
-/// is in alarm or the line is disturbed.
-void Recover(Manner manner, bool wrongLength) {
-    Send("0CM0", ReplyTimeoutMs > 0 ? ReplyTimeoutMs : kRecoveryMs);
-    if (!WaitForAnswerOrUser()) {
-        LastLoss = LineLoss::GivenUp;
-        LineAnswers = false;
-        SetOfflineState();
-        return;
+/// is in alarm or the line is disturbed. The answer to a stop that is due tells as much.
+Ending Recover(Ending why) {
+    if (StopIsWished()) {
+        return why;
     }
+    Send("0CM0", ReplyTimeoutMs > 0 ? ReplyTimeoutMs : kRecoveryMs);
+    return WaitForAnswerOrUser() ? why : Ending::GivenUp;
+}
+
+void FailGivenUp() {
+    LastLoss = LineLoss::GivenUp;
+    LineAnswers = false;
+    SetOfflineState();
+}
+
+void FailRecovered(Manner manner, bool wrongLength) {
     if (ReplyText.starts_with("0%%")) {
         DecodeReply(manner);
         if (IsTalking(manner)) {
@@ -195,89 +235,180 @@ void Recover(Manner manner, bool wrongLength) {
     }
 }
 
-std::int16_t Exchange(const std::string& word, std::int16_t length, const std::string& data,
-                      std::size_t echoed, Manner manner) {
-    if (OpenCtPortWithTries() != 0) {
-        FailPort(manner);
-        return 1;
+void FailFault(Manner manner) {
+    LineAnswers = false;
+    if (IsTalking(manner)) {
+        ShowTexts({108});
     }
-    const std::string frame = word + data;
+    CloseCtPortForce();
+    SetOfflineState();
+}
+
+/// The answers to what a stop has overtaken come in front of its own, up to `late` lines.
+void SkipLateAnswers(const std::string& word, int late) {
+    while (late-- > 0 && IsSet(ReplyDoneFlag) && !ReplyText.starts_with(word) &&
+           !ReplyText.starts_with("0%%")) {
+        ReplyText.erase(0, ReplyText.find("\r\n") + 2);
+        if (ReplyText.empty()) {
+            ReplyDoneFlag = kClear;
+            EnableTimer(timerTimeout);
+            WaitForReply();
+        }
+    }
+}
+
+/// Sends and judges; nobody is told anything yet. `sent` counts what went out.
+Ending Talk(const Request& request, int late, int& sent) {
+    if (OpenCtPortWithTries() != 0) {
+        return Ending::NoPort;
+    }
+    const std::string frame = request.word + request.data;
     for (std::int16_t resends = 0;; ++resends) {
+        if (StopIsWished()) {
+            return Ending::Overtaken;
+        }
         CommErrorFlag = kClear;
+        ++sent;
         Send(frame, ReplyTimeoutMs);
         WaitForReply();
+        SkipLateAnswers(request.word, late);
         if (IsSet(ReplyDoneFlag)) {
             break;
         }
-        if (manner != Manner::Resend || resends == kRetries || IsSet(ProgramEndFlag)) {
-            FailTimeout(manner);
-            return 1;
+        if (request.manner != Manner::Resend || resends == kRetries || IsSet(ProgramEndFlag)) {
+            return Ending::Timeout;
         }
     }
     if (ReplyText.starts_with("0%%")) {
-        FailErrorReply(manner);
-        return 1;
+        return Ending::ErrorReply;
     }
     if (ReplyText.compare(0, kWord, frame, 0, kWord) != 0) {
-        Recover(manner, false);
-        return 1;
+        return Recover(Ending::WrongEcho);
     }
-    if (ReplyText.size() != static_cast<std::size_t>(length)) {
-        Recover(manner, true);
-        return 1;
+    if (ReplyText.size() != static_cast<std::size_t>(request.length)) {
+        return Recover(Ending::WrongLength);
     }
-    if (ReplyText.compare(0, kWord + echoed, frame, 0, kWord + echoed) != 0) {
+    const std::size_t repeated = kWord + request.echoed;
+    return ReplyText.compare(0, repeated, frame, 0, repeated) == 0 ? Ending::Good
+                                                                   : Ending::WrongData;
+}
+
+Ending Attempt(const Request& request, int late, int& sent) {
+    try {
+        return Talk(request, late, sent);
+    } catch (const PortGone&) {
+        return Ending::PortGone;
+    } catch (const std::exception&) {
+        DisableTimer(timerTimeout);
+        return MSComm1().PortOpen() ? Ending::Fault : Ending::PortGone;
+    }
+}
+
+/// What an ending means for the line and the alarm, and what is told of it.
+void Conclude(Ending ending, Manner manner) {
+    switch (ending) {
+    case Ending::Good:
+        AlarmFlag = kClear;
+        ClearAlarmDisplay();
+        SetOnlineState();
+        break;
+    case Ending::Overtaken: LastLoss = LineLoss::Overtaken; break;
+    case Ending::NoPort: FailPort(manner); break;
+    case Ending::PortGone: FailPortGone(manner); break;
+    case Ending::Fault: FailFault(manner); break;
+    case Ending::Timeout: FailTimeout(manner); break;
+    case Ending::ErrorReply: FailErrorReply(manner); break;
+    case Ending::GivenUp: FailGivenUp(); break;
+    case Ending::WrongEcho: FailRecovered(manner, false); break;
+    case Ending::WrongLength: FailRecovered(manner, true); break;
+    case Ending::WrongData:
         if (IsTalking(manner)) {
             ShowWrongData();
         }
-        return 1;
+        break;
     }
-    AlarmFlag = kClear;
-    ClearAlarmDisplay();
-    SetOnlineState();
-    return 0;
 }
 
-std::int16_t ExchangeGuarded(const std::string& word, std::int16_t length, const std::string& data,
-                             std::size_t echoed, Manner manner) {
+/// `0SP`, behind an exchange whose reply stays. Up to `late` answers to that exchange may still
+/// come. A failure is told where the exchange has nothing to tell.
+void ServeStop(int late, bool tells) {
+    const std::string reply = ReplyText;
+    const std::int16_t limit = ReplyTimeoutMs;
+    if (ReplyTimeoutMs == 0) {
+        ReplyTimeoutMs = kRecoveryMs;
+    }
+    Ending ending = Ending::Good;
+    do {
+        LastStop = Stop::Sent;
+        // The answer must be heard, whatever has become of the line.
+        OffLineFlag = kClear;
+        OnLineFlag = kSet;
+        int sent = 0;
+        ending = Attempt({kStop, 5, {}, 0, Manner::Once}, late, sent);
+        late = ending == Ending::Good ? 0 : late + sent;
+    } while (StopIsWished());
+    LastStop = ending == Ending::Good ? Stop::Answered : Stop::Failed;
+    Conclude(ending, tells ? Manner::Once : Manner::Quiet);
+    ReplyTimeoutMs = limit;
+    ReplyText = reply;
+}
+
+/// A stop that is wished meanwhile follows the exchange, and before it tells of a failure one goes
+/// out in any case while an axis may move.
+std::int16_t Exchange(const Request& request) {
+    int sent = 0;
+    const Ending ending = Attempt(request, 0, sent);
+    const bool good = ending == Ending::Good;
+    if (good) {
+        Conclude(ending, request.manner);
+    }
+    if (StopIsWished() || (!good && IsSet(AxisMayMove))) {
+        ServeStop(sent - (good ? 1 : 0), good || ending == Ending::Overtaken);
+    }
+    if (!good) {
+        Conclude(ending, request.manner);
+    }
+    return good ? 0 : 1;
+}
+
+/// What even a conclusion throws is a fault of the port.
+template<typename Run> std::int16_t Guarded(Manner manner, Run run) {
     LastLoss = LineLoss::None;
     LineAnswers = true;
     try {
-        return Exchange(word, length, data, echoed, manner);
-    } catch (const PortGone&) {
-        FailPortGone(manner);
-        return 1;
+        return run();
     } catch (const std::exception&) {
-        DisableTimer(timerTimeout);
-        if (!MSComm1().PortOpen()) {
-            FailPortGone(manner);
-            return 1;
-        }
-        LineAnswers = false;
-        if (IsTalking(manner)) {
-            ShowTexts({108});
-        }
-        CloseCtPortForce();
-        SetOfflineState();
+        FailFault(manner);
         return 1;
     }
+}
+
+std::int16_t ExchangeGuarded(const Request& request) {
+    return Guarded(request.manner, [&request] { return Exchange(request); });
 }
 
 } // namespace
 
 std::int16_t SendCtCommand(const std::string& word, std::int16_t length, const std::string& data,
                            std::size_t echoed) {
-    return ExchangeGuarded(word, length, data, echoed, Manner::Resend);
+    return ExchangeGuarded({word, length, data, echoed, Manner::Resend});
 }
 
 std::int16_t SendCtCommandOnce(const std::string& word, std::int16_t length,
                                const std::string& data, std::size_t echoed) {
-    return ExchangeGuarded(word, length, data, echoed, Manner::Once);
+    return ExchangeGuarded({word, length, data, echoed, Manner::Once});
 }
 
 std::int16_t SendCtCommandQuiet(const std::string& word, std::int16_t length,
                                 const std::string& data, std::size_t echoed) {
-    return ExchangeGuarded(word, length, data, echoed, Manner::Quiet);
+    return ExchangeGuarded({word, length, data, echoed, Manner::Quiet});
+}
+
+std::int16_t SendStop() {
+    return Guarded(Manner::Once, [] {
+        ServeStop(0, true);
+        return static_cast<std::int16_t>(LastStop == Stop::Answered ? 0 : 1);
+    });
 }
 
 void ShowWrongData() {

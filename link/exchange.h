@@ -22,6 +22,11 @@ namespace qdw8 {
 /// can't be believed the wait for the controller's answer has no end of its own; from one time
 /// limit on the user is offered to give it up (`OfferGiveUp`), which ends it with 1, off line.
 ///
+/// A stop that is wished (link/stop.h) goes before the exchange, or follows it before anything is
+/// told. One that it went before, or that was not sent again for its sake, ends with 1 and
+/// `LineLoss::Overtaken` and tells nothing itself; one that was good stays good, whatever became of
+/// the stop (`LastStop`).
+///
 /// `echoed` characters of the data come back behind the word. Others there are the answer to
 /// another request: the result is 1 with the box of `ShowWrongData`, and line and alarm stay as
 /// they are.
@@ -35,6 +40,11 @@ std::int16_t SendCtCommandOnce(const std::string& word, std::int16_t length,
 /// Never sends twice and shows no box: for background traffic.
 std::int16_t SendCtCommandQuiet(const std::string& word, std::int16_t length,
                                 const std::string& data = {}, std::size_t echoed = 0);
+
+/// `0SP`, sent once, with the time limit that the last command left, 1000 ms where that was none:
+/// 0 answered, 1 failed, and the user has been told. Goes on line first. Like those above it is
+/// called behind the gate (`StopMotion`).
+std::int16_t SendStop();
 
 /// The box for a reply that can't belong to the request.
 void ShowWrongData();

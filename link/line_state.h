@@ -18,8 +18,9 @@ extern Flag& HomedFlag;     ///< the controller has been homed in this run
 /// What the last exchange met that no further try mends.
 enum class LineLoss : std::uint8_t {
     None,
-    Port,   ///< the port is gone, or can't be opened
-    GivenUp ///< the wait for an answer was given up
+    Port,     ///< the port is gone, or can't be opened
+    GivenUp,  ///< the wait for an answer was given up
+    Overtaken ///< a stop went out instead
 };
 extern LineLoss& LastLoss;
 /// The controller was heard in the last exchange, if not to its liking, and can be talked to: the

@@ -5,6 +5,7 @@
 #include "link/line_state.h"
 #include "link/port.h"
 #include "link/receiver.h"
+#include "link/stop.h"
 #include "link/supervision.h"
 
 namespace qdw8 {
@@ -14,6 +15,7 @@ void ResetModule3Tusin() {
     ResetPort();
     ResetAlarmState();
     ResetReceiver();
+    ResetStop();
     ResetBackground();
     ResetSupervision();
 }

@@ -14,6 +14,7 @@
 #include "link/link_fixture.h"
 #include "link/port.h"
 #include "link/receiver.h"
+#include "link/stop.h"
 #include "link/supervision.h"
 #include "platform/fault.h"
 #include "platform/whole_file.h"
@@ -89,7 +90,8 @@ std::int16_t ReadAndFail() {
 const std::map<std::string, std::reference_wrapper<Flag>> kFlags{
     NAMED(OffLineFlag),          NAMED(AlarmNotResettableFlag), NAMED(CtBusyFlag),
     NAMED(ErrorListMissingFlag), NAMED(CommErrorFlag),          NAMED(PortOccupyFlag),
-    NAMED(ProgramEndFlag),       NAMED(GrpMoveStopFlag),        NAMED(TransferCancelFlag)};
+    NAMED(ProgramEndFlag),       NAMED(GrpMoveStopFlag),        NAMED(TransferCancelFlag),
+    NAMED(AxisMayMove)};
 
 const Routines kRoutines{NAMED(OpenCtPort),
                          NAMED(OpenCtPortForBatch),
@@ -275,6 +277,15 @@ private:
              return its.code + " " + its.message;
          }},
         {">", [this](auto&) { return bench.story(); }},
+        {"frames",
+         [this](auto&) {
+             std::string text;
+             for (const std::string& frame : platform.sent) {
+                 text += (text.empty() ? "" : " ") + frame;
+             }
+             return text;
+         }},
+        {"stopped", [](auto&) { return On(LastStop == Stop::Answered); }},
         {"state", [](auto&) { return LinkBench::state(); }},
         {"reply", [](auto&) { return ReplyText; }},
         {"buffer", [](auto&) { return ReplyBuffer; }},
