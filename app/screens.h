@@ -84,7 +84,9 @@ struct ScreenFunctions {
     std::function<void()> frmIOCheckShow;
     /// What the I/O window shows has changed: lamps, buttons, its own state; or it is to go.
     std::function<void()> frmIOCheck;
-    /// What the teaching window shows has changed, but for its chart.
+    /// Opens the teaching window, or brings it to the front.
+    std::function<void()> frmJOGShow;
+    /// What the teaching window shows has changed, but for its chart; or it is to go.
     std::function<void()> frmJOG;
 
     /// Modal options, and modal information about the program.

@@ -10,6 +10,8 @@
 #include "position/posi_columns.h"
 #include "position/posi_table.h"
 
+#include <memory>
+
 namespace qdw8 {
 namespace {
 
@@ -20,6 +22,8 @@ struct TeachChartState {
     Flag TeachingDataFlag = kClear;
     std::int16_t lblPosiNo = 0;
     std::map<std::int16_t, TaughtPosition> rows;
+
+    std::unique_ptr<GridLock> grid;
 };
 TeachChartState state;
 
@@ -57,6 +61,7 @@ const std::map<std::int16_t, TaughtPosition>& TeachChart() {
 
 void LoadTeachChart() {
     state = {};
+    state.grid = std::make_unique<GridLock>();
     ChooseTeachRow(GridFirst);
     ChooseTeachRow(flgdData().row - kGridHeadRows + GridFirst);
 }

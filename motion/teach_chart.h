@@ -12,8 +12,7 @@
 /// the position table until the user takes them over.
 ///
 /// A row of the chart stands for the row of the table with the same position number. Only rows that
-/// the grid of the main window shows are offered; nobody may add or remove any while the chart is
-/// in use.
+/// the grid of the main window shows are offered; the grid is locked while the chart is in use.
 namespace qdw8 {
 
 /// One row that holds a position.
@@ -29,7 +28,7 @@ extern std::int16_t& lblPosiNo; ///< position number of the chosen row; 0: no ro
 const std::map<std::int16_t, TaughtPosition>& TeachChart();
 
 /// An empty chart for the rows that the grid shows now. The row of the grid's cursor is chosen,
-/// else the first one.
+/// else the first one. The grid is locked until `ResetTeachChart`.
 void LoadTeachChart();
 /// Chooses a row; nothing happens for one that isn't offered.
 void ChooseTeachRow(int position);
@@ -46,6 +45,7 @@ bool MayLeaveTeachChart();
 /// out of use by now keeps what it has.
 void AdoptTeachingData();
 
+/// The chart is no longer in use: empty, no row offered.
 void ResetTeachChart();
 
 } // namespace qdw8

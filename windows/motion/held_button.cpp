@@ -1,0 +1,114 @@
+#include "windows/motion/held_button.h"
+
+#include <QAbstractButton>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWindow>
+#include <algorithm>
+#include <utility>
+
+namespace qdw8 {
+namespace {
+
+bool IsLeftPress(const QEvent& event) {
+    return (event.type() == QEvent::MouseButtonPress ||
+            event.type() == QEvent::MouseButtonDblClick) &&
+           static_cast<const QMouseEvent&>(event).button() == Qt::LeftButton;
+}
+
+bool IsSpace(const QEvent& event, QEvent::Type type) {
+    if (event.type() != type) {
+        return false;
+    }
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    return key.key() == Qt::Key_Space && !key.isAutoRepeat();
+}
+
+} // namespace
+
+HeldButton::HeldButton(std::vector<QAbstractButton*> all, QWidget& of, Events what)
+    : QObject(&of), buttons(std::move(all)), window(of), events(std::move(what)) {
+    // In front of every receiver: no control's own handling can keep a release back.
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+HeldButton::~HeldButton() {
+    release();
+}
+
+void HeldButton::begin(int index, By with) {
+    held = buttons[static_cast<std::size_t>(index)];
+    by = with;
+    holding = true;
+    events.pressed(index);
+}
+
+void HeldButton::release() {
+    if (!std::exchange(holding, false)) {
+        return;
+    }
+    events.released();
+    if (held) {
+        held->setDown(false); // it looks like what goes on
+    }
+}
+
+bool HeldButton::isReleased(const QEvent& event) const {
+    if (by == By::Key) {
+        return IsSpace(event, QEvent::KeyRelease);
+    }
+    switch (event.type()) {
+    case QEvent::MouseButtonRelease:
+        return static_cast<const QMouseEvent&>(event).button() == Qt::LeftButton;
+    case QEvent::MouseMove: {
+        const auto& mouse = static_cast<const QMouseEvent&>(event);
+        return !mouse.buttons().testFlag(Qt::LeftButton) || !held ||
+               !held->rect().contains(held->mapFromGlobal(mouse.globalPosition().toPoint()));
+    }
+    default: return false;
+    }
+}
+
+bool HeldButton::isLost(const QObject* watched, const QEvent& event) const {
+    const bool ofButton = watched == held;
+    const bool ofWindow = watched == &window || watched == window.windowHandle();
+    switch (event.type()) {
+    case QEvent::FocusOut:
+    case QEvent::UngrabMouse: return ofButton;
+    case QEvent::EnabledChange: return ofButton && !held->isEnabled();
+    case QEvent::Hide:
+    case QEvent::Close: return ofButton || ofWindow;
+    case QEvent::WindowDeactivate:
+    case QEvent::WindowBlocked: return ofWindow;
+    case QEvent::WindowStateChange: return ofWindow && window.isMinimized();
+    case QEvent::ApplicationStateChange:
+        return static_cast<const QApplicationStateChangeEvent&>(event).applicationState() !=
+               Qt::ApplicationActive;
+    case QEvent::Quit: return true;
+    default: return false;
+    }
+}
+
+bool HeldButton::eventFilter(QObject* watched, QEvent* event) {
+    if (holding && (!held || isReleased(*event) || isLost(watched, *event))) {
+        release();
+    }
+    const auto found = std::find(buttons.begin(), buttons.end(), watched);
+    if (found == buttons.end()) {
+        return false;
+    }
+    const auto index = static_cast<int>(found - buttons.begin());
+    if (!holding && (*found)->isEnabled()) {
+        if (IsLeftPress(*event)) {
+            begin(index, By::Mouse);
+        } else if (IsSpace(*event, QEvent::KeyPress)) {
+            begin(index, By::Key);
+        }
+    }
+    // A button that is no longer held must not look so when the mouse comes back to it.
+    return event->type() == QEvent::MouseMove && !holding;
+}
+
+} // namespace qdw8
