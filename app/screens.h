@@ -84,6 +84,12 @@ struct ScreenFunctions {
     std::function<void()> frmIOCheckShow;
     /// What the I/O window shows has changed: lamps, buttons, its own state; or it is to go.
     std::function<void()> frmIOCheck;
+    /// Opens the move test, or brings it to the front.
+    std::function<void()> frmMoveShow;
+    /// What the move test shows has changed.
+    std::function<void()> frmMove;
+    /// Gives the start button of the group run the focus.
+    std::function<void()> cmdGrpMoveFocus;
     /// Opens the teaching window, or brings it to the front.
     std::function<void()> frmJOGShow;
     /// What the teaching window shows has changed, but for its chart; or it is to go.

@@ -2,6 +2,7 @@
 
 #include "motion/io_check.h"
 #include "motion/motion_window.h"
+#include "motion/move_test.h"
 #include "motion/teach_chart.h"
 
 namespace qdw8 {
@@ -9,6 +10,7 @@ namespace qdw8 {
 void ResetMotion() {
     ResetIoCheck();
     ResetTeachChart();
+    ResetMoveTest();
     MotionWindowClosed();
 }
 
