@@ -4,6 +4,7 @@
 #include "motion/motion_window.h"
 #include "motion/move_test.h"
 #include "motion/teach_chart.h"
+#include "motion/teaching.h"
 
 namespace qdw8 {
 
@@ -11,6 +12,7 @@ void ResetMotion() {
     ResetIoCheck();
     ResetTeachChart();
     ResetMoveTest();
+    ResetTeaching();
     MotionWindowClosed();
 }
 

@@ -1,13 +1,15 @@
 #pragma once
 
 #include "app/Module1.h"
+#include "motion/jog_position.h"
+#include "motion/jog_queue.h"
+#include "motion/stop_sign.h"
 #include "platform/timer.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <optional>
 #include <string>
 
 /// Teaching: what stands behind the window `frmJOG`, but for its chart (teach_chart.h).
@@ -27,13 +29,6 @@ enum class Teaching : std::uint8_t {
     Started,
     Failed,   ///< it was started; after a failure nothing goes out any more until the next start
     Completed ///< ended by `cmdJOGend`; it can be started again
-};
-
-/// What is known of the last stop.
-enum class StopSign : std::uint8_t {
-    None,        ///< none was due, or the axes have stopped
-    Stopping,    ///< due, and not yet confirmed
-    NotConfirmed ///< not confirmed in time, or failed: only the machine's own stop is certain
 };
 
 /// What the window shows, all of it. Texts are ids of the string table, 0 for none.
@@ -57,13 +52,8 @@ struct TeachingForm {
 };
 TeachingForm TheTeachingForm();
 
-/// Last present position in pulses; none for an axis out of use and where no reading stands.
-extern std::array<std::optional<std::int32_t>, kAxes>& JogPresentPos;
-
-extern Timer timerTusin;      ///< 50 ms, on from the start of teaching: sends the queue and polls
-extern Timer TimerDelay;      ///< 300 ms from a press: until the next one counts
-extern Timer TimerBosoKansi;  ///< 100 ms, on while the window is open: the sign of the stop
-std::int16_t JogQueueCount(); ///< index of the last entry that waits, -1 when there is none
+extern Timer timerTusin;     ///< 50 ms, on from the start of teaching: sends the queue and polls
+extern Timer TimerBosoKansi; ///< 100 ms, on while the window is open: the sign of the stop
 
 /// The window opens: settings read, nothing started, nothing chosen but JOG, the commands away.
 void LoadJog();
@@ -87,7 +77,7 @@ void optJOG_Click(int way);
 /// The button (0 to 7) goes down, by mouse or key; key auto-repeat is none. Index / 2 is the axis,
 /// an even one plus. Nothing is sent here, and nothing comes of it while another button is held or
 /// within 300 ms of the last press.
-void JogPressed(int button);
+void JogPressed(int index);
 /// The button that is held is let go, or may have been: window and program call it for each real
 /// and each lost release. A second call, and one with nothing held, does nothing. Sends nothing
 /// here: the stop goes out with the next look of the line, which is at once.

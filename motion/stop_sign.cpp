@@ -1,0 +1,87 @@
+#include "motion/stop_sign.h"
+
+#include "link/stop.h"
+
+#include <optional>
+
+namespace qdw8 {
+namespace {
+
+constexpr int kLateTicks = 2; ///< of 100 ms
+
+/// The state of a fresh start.
+struct StopSignState {
+    bool due = false;
+    bool late = false; ///< stays until a stop has been confirmed
+    int ticks = 0;
+    bool byItself = false;
+    std::optional<AxisPulses> reading; ///< the last one behind the answer, or behind the move
+};
+StopSignState state;
+
+} // namespace
+
+StopSign TheStopSign() {
+    if (state.late || (IsSet(AxisMayMove) && LastStop == Stop::Failed)) {
+        return StopSign::NotConfirmed;
+    }
+    return state.due ? StopSign::Stopping : StopSign::None;
+}
+
+bool StopIsDue() {
+    return state.due;
+}
+
+void LetStopBeDue() {
+    state.due = true;
+    state.ticks = 0;
+    state.reading.reset();
+    WishStop();
+}
+
+void StopSignTick() {
+    if (state.due && ++state.ticks >= kLateTicks && IsSet(AxisMayMove)) {
+        state.late = true;
+    }
+}
+
+void SeeMove(bool byItself) {
+    state = {};
+    state.byItself = byItself;
+    LastStop = Stop::None;
+    AxisMayMove = kSet;
+}
+
+void SeeReading() {
+    if (state.due ? LastStop != Stop::Answered : !state.byItself) {
+        return;
+    }
+    if (state.reading == JogPresentPos) {
+        NothingMoves();
+    } else {
+        state.reading = JogPresentPos;
+    }
+}
+
+void SeeFailure(bool answerDecides) {
+    const bool answered = LastStop == Stop::Answered && (answerDecides || !state.due);
+    if (!IsSet(AxisMayMove) || answered) {
+        NothingMoves();
+        return;
+    }
+    state.due = true;
+    state.late = true;
+    LastStop = Stop::Failed;
+}
+
+void NothingMoves() {
+    state = {};
+    LastStop = Stop::None;
+    AxisMayMove = kClear;
+}
+
+void ResetStopSign() {
+    state = {};
+}
+
+} // namespace qdw8

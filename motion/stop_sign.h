@@ -1,0 +1,43 @@
+#pragma once
+
+#include "motion/jog_position.h"
+
+#include <cstdint>
+
+/// The truth about a stop: an axis that was let go counts as moving until `0SP` has been answered
+/// and two readings of the position agree.
+namespace qdw8 {
+
+enum class StopSign : std::uint8_t {
+    None,        ///< none was due, or the axes have stopped
+    Stopping,    ///< due, and not yet confirmed
+    NotConfirmed ///< not confirmed in time, or failed: only the machine's own stop is certain
+};
+StopSign TheStopSign();
+
+/// A stop is due, and not yet confirmed.
+bool StopIsDue();
+/// From now on; wishes it (link/stop.h).
+void LetStopBeDue();
+/// 100 ms have passed: 200 ms behind a stop that is due it counts as not confirmed, where an axis
+/// may move at all.
+void StopSignTick();
+
+/// An axis is about to be moved: until a stop is confirmed, or, with `byItself`, to the end of a
+/// step.
+void SeeMove(bool byItself);
+/// A reading came. Two in turn that are equal confirm a stop that has been answered, and end a step
+/// that ran by itself: no axis moves any more.
+void SeeReading();
+/// An exchange has failed, and no more readings come. Where an axis may move, a stop that was due
+/// is not confirmed by anything any more. The stop that the exchange itself has sent counts where
+/// it was answered and no other was due; with `answerDecides`, for a failed `0JR` or `0MV`, its
+/// answer is enough in any case.
+void SeeFailure(bool answerDecides);
+
+/// The axes stand still: no stop is due, and none is wished any more.
+void NothingMoves();
+
+void ResetStopSign();
+
+} // namespace qdw8
