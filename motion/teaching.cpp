@@ -342,7 +342,7 @@ TeachingForm TheTeachingForm() {
     form.cmdJOGST = state.open && !IsStarting() && state.state != Teaching::Started;
     form.cmdJOGend = IsStarting() || ButtonsStay();
     form.flgdJOGPosi = ButtonsStay();
-    form.cmdJOGWrite = ButtonsStay() && PositionStands();
+    form.cmdJOGWrite = ButtonsStay() && PositionStands() && !IsSet(AxisMayMove);
     for (std::size_t button = 0; button < kJogButtons; ++button) {
         form.cmdJOG[button] =
             ButtonsStay() && !IsSet(AxisOff[button / 2]) && form.stop != StopSign::NotConfirmed;

@@ -46,7 +46,7 @@ struct TeachingForm {
 
     bool cmdJOGST = false; ///< enabled states
     bool cmdJOGend = false;
-    bool cmdJOGWrite = false;
+    bool cmdJOGWrite = false; ///< a reading stands, and no axis may be on its way
     bool flgdJOGPosi = false; ///< the chart and its row choice
     std::array<bool, kJogButtons> cmdJOG{};
 };
