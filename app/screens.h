@@ -100,9 +100,14 @@ struct ScreenFunctions {
     std::function<void()> frmAboutShow;
     /// Opens the manual at its first page, or says that there is none.
     std::function<void()> frmHelpShow;
+    /// Modal: what to print. It leaves the choice in `PrintSelect`.
+    std::function<void()> frmPrintSelect;
+    /// Modal: a look at the pages of the document before they are printed. 1 to be printed, 2 the
+    /// printer dialog is to come again, 0 left.
+    std::function<std::int16_t()> frmPrintPreview;
 
     /// Print what the compare table of the groups, of the macros, `ParaRowTable` holds, under a
-    /// file name; empty while there is no printing.
+    /// file name. What prints stands above the rooms of these tables.
     std::function<void(const std::string& fileName)> PrintGrpData;
     std::function<void(const std::string& fileName)> PrintSmData;
     std::function<void(const std::string& fileName)> PrintParaData;

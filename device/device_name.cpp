@@ -16,13 +16,6 @@ constexpr std::size_t kCodeLength = 7;
 constexpr std::size_t kMostOptions = 3;
 constexpr std::size_t kToEnd = std::string::npos;
 
-struct NameParts {
-    std::string size;
-    std::string speed;
-    std::int16_t stroke = 0;
-    std::string options;
-};
-
 /// The digits of the name from the position on, counted from 1.
 std::string_view DigitsAt(std::string_view name, std::size_t from) {
     std::string_view digits = Mid(name, from, kToEnd);
@@ -31,26 +24,6 @@ std::string_view DigitsAt(std::string_view name, std::size_t from) {
         ++count;
     }
     return digits.substr(0, count);
-}
-
-/// Takes the name apart. The option letters stand at a fixed place, so behind a stroke of fewer
-/// than three digits they are not seen. Throws `Fault` for a stroke that no number holds.
-NameParts SplitName(std::string_view name) {
-    NameParts parts;
-    if (Mid(name, 7, 1) == "-") {
-        parts.size = PadLeft(Mid(name, 4, 2), 3);
-        parts.speed = Mid(name, 6, 1);
-        if (name.size() >= 9) {
-            parts.stroke = ToInt16(NumberFromText(DigitsAt(name, 8)));
-        }
-        parts.options = Mid(name, 11, kToEnd);
-    } else {
-        parts.size = Mid(name, 4, 3);
-        parts.speed = Mid(name, 7, 1);
-        parts.stroke = ToInt16(NumberFromText(Mid(name, 9, 3)));
-        parts.options = Mid(name, 12, kToEnd);
-    }
-    return parts;
 }
 
 bool Holds(const std::string& letters, char letter) {
@@ -92,7 +65,7 @@ std::int16_t ParseInto(AxisDevice& device, std::string& family, const std::strin
         family = "QD";
     }
 
-    const NameParts parts = SplitName(name);
+    const DeviceNameParts parts = SplitDeviceName(name);
     if (CheckDeviceKey(parts.size, parts.speed, parts.stroke) != 0) {
         throw Fault("the name is of no device");
     }
@@ -115,6 +88,24 @@ std::int16_t ParseInto(AxisDevice& device, std::string& family, const std::strin
 }
 
 } // namespace
+
+DeviceNameParts SplitDeviceName(std::string_view name) {
+    DeviceNameParts parts;
+    if (Mid(name, 7, 1) == "-") {
+        parts.size = PadLeft(Mid(name, 4, 2), 3);
+        parts.speed = Mid(name, 6, 1);
+        if (name.size() >= 9) {
+            parts.stroke = ToInt16(NumberFromText(DigitsAt(name, 8)));
+        }
+        parts.options = Mid(name, 11, kToEnd);
+    } else {
+        parts.size = Mid(name, 4, 3);
+        parts.speed = Mid(name, 7, 1);
+        parts.stroke = ToInt16(NumberFromText(Mid(name, 9, 3)));
+        parts.options = Mid(name, 12, kToEnd);
+    }
+    return parts;
+}
 
 std::int16_t ParseFileDevices() {
     for (std::size_t axis = 0; axis < DevSettei.size(); ++axis) {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 /// The name of a device, and its code of seven characters.
 ///
@@ -26,6 +27,16 @@ std::int16_t ParseFileDevice(std::size_t axis);
 /// 1 it isn't of seven characters or there is no such axis, and nothing changed. A stroke that is
 /// no number counts as 0.
 std::int16_t ParseDeviceCode(int axis, const std::string& code);
+
+/// What a name says.
+struct DeviceNameParts {
+    std::string size; ///< three characters
+    std::string speed;
+    std::int16_t stroke = 0; ///< mm
+    std::string options;     ///< letters; those behind a stroke of fewer than three digits are lost
+};
+/// Takes a name apart, of whatever family. Faults for a stroke that no number holds.
+DeviceNameParts SplitDeviceName(std::string_view name);
 
 /// A code in three parts for printing.
 struct DeviceCodeTexts {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -31,18 +32,24 @@ struct FileAnswer {
     std::string title; ///< file name with extension, without the folder
 };
 
-/// The printer dialog's outcome.
+inline constexpr int kPageSetup = 64; ///< flag of the printer dialog: page set-up only
+
+/// What the printer dialog asks.
 struct PrinterQuestion {
-    int flags = 0; ///< 64: page set-up only
-    int copies = 1;
+    int flags = 0;
+    bool offersPreview = false; ///< it has a button for a look at the pages
+};
+enum class PrinterAnswer : std::uint8_t {
+    Cancel, ///< the dialog's error 32755
+    Print,
+    Preview ///< what goes to the printer is to be looked at first
 };
 
 struct CommonDialog {
     /// Nothing when the user cancelled (the dialog's error 32755).
     std::function<std::optional<FileAnswer>(const FileQuestion&)> ShowFile;
-    /// Number of copies, or nothing when the user cancelled. The printer chosen is the one that
-    /// the next printed page goes to.
-    std::function<std::optional<int>(const PrinterQuestion&)> ShowPrinter;
+    /// The printer, the paper and the number of copies chosen are those of the next document.
+    std::function<PrinterAnswer(const PrinterQuestion&)> ShowPrinter;
 };
 
 } // namespace qdw8

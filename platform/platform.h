@@ -53,6 +53,16 @@ struct DesktopFacts {
     std::vector<std::string> libraries; ///< each with its version
 };
 
+/// Date and time on the user's clock.
+struct LocalTime {
+    int year = 0;
+    int month = 0; ///< 1 to 12
+    int day = 0;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+};
+
 /// What the program needs of a desktop. One platform is in force at a time: the real one on Qt,
 /// or a scripted one with a clock of its own in tests.
 struct Platform {
@@ -76,6 +86,7 @@ struct Platform {
     /// By their paths. Takes some milliseconds.
     std::function<std::vector<SerialDevice>()> ListSerialDevices;
     std::function<DesktopFacts()> GetDesktopFacts;
+    std::function<LocalTime()> GetLocalTime;
     /// Ends the process at once; no other window gets a chance to ask. On the scripted platform
     /// it notes the end and returns.
     std::function<void()> EndProgram;

@@ -54,9 +54,8 @@ void OpenHelp() {
 
 /// The printer dialog for the page set-up; what was chosen stands when something is printed.
 void PageSetup() {
-    constexpr int kPageSetup = 64;
     const PollHeld held; // nothing begins on the line under the dialog
-    ThePlatform().CommonDialog1.ShowPrinter({kPageSetup, 1});
+    ThePlatform().CommonDialog1.ShowPrinter({kPageSetup, false});
 }
 
 constexpr std::array kMenus{

@@ -10,6 +10,7 @@
 #include "motion/motion_reset.h"
 #include "parameter/para_reset.h"
 #include "position/position_reset.h"
+#include "print/print_reset.h"
 #include "setup/detail_edit.h"
 #include "tables/tables_reset.h"
 
@@ -27,6 +28,7 @@ void InitTables() {
     ResetParameters();
     ResetPositions();
     ResetTables();
+    ResetPrint();
     ResetDetailEdit();
 }
 

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDateTime>
 #include <QScreen>
 
 #include <cmath>
@@ -24,6 +25,13 @@ ScreenSize PrimaryScreenSize() {
     const QSize size = screen->geometry().size();
     return {static_cast<int>(std::lround(size.width() * ratio)),
             static_cast<int>(std::lround(size.height() * ratio))};
+}
+
+LocalTime TimeOfDay() {
+    const QDateTime now = QDateTime::currentDateTime();
+    const QDate date = now.date();
+    const QTime time = now.time();
+    return {date.year(), date.month(), date.day(), time.hour(), time.minute(), time.second()};
 }
 
 /// The end comes out of the main window's unload, and the wait loops of an exchange may still be
@@ -85,6 +93,7 @@ void InstallQtDesktop() {
     platform.TheClipboard.Clear = [] { QGuiApplication::clipboard()->clear(); };
     platform.Beep = [] { QApplication::beep(); };
     platform.GetScreenSize = PrimaryScreenSize;
+    platform.GetLocalTime = TimeOfDay;
     platform.EndProgram = EndTheProcess;
     platform.programFolder = QCoreApplication::applicationDirPath().toStdString();
 }

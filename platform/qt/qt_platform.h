@@ -65,6 +65,7 @@ struct StandardTexts {
     std::string folder = "Look in:";
     std::string fileName = "File name:";
     std::string fileType = "Files of type:";
+    std::string preview = "Pre&view";
 };
 
 /// Takes effect with the next box or dialog.

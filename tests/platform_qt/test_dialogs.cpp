@@ -142,8 +142,9 @@ private:
         WhenShown("CommonDialog1", [accept = text.ends_with("accept")](QDialog& dialog) {
             dialog.done(accept ? QDialog::Accepted : QDialog::Rejected);
         });
-        const auto copies = ThePlatform().CommonDialog1.ShowPrinter({std::stoi(text), 1});
-        return copies ? std::to_string(*copies) : "-";
+        const PrinterAnswer answer =
+            ThePlatform().CommonDialog1.ShowPrinter({std::stoi(text), false});
+        return std::to_string(static_cast<int>(answer));
     }
 
     QTemporaryDir folder;

@@ -43,8 +43,8 @@ protected:
 };
 
 TEST_F(QtPrinter, MeasuresInMillimetres) {
-    EXPECT_NEAR(paper.ScaleWidth(), 210.0, 0.5);
-    EXPECT_NEAR(paper.ScaleHeight(), 297.0, 0.5);
+    EXPECT_NEAR(paper.ScaleWidth(), 200.0, 0.5); // of 210, the margins left out
+    EXPECT_NEAR(paper.ScaleHeight(), 287.0, 0.5);
     const double width = paper.TextWidth("A");
     EXPECT_NEAR(paper.TextWidth("iW-0."), 5.0 * width, 0.1) << "the font has no fixed width";
     paper.SetFontSize(22);
@@ -58,16 +58,19 @@ TEST_F(QtPrinter, PagesAndPlacesComeOutAsDrawn) {
     paper.NewPage();
     paper.Print(20, 30, "位置 No.1");
     EXPECT_TRUE(pdf().isEmpty()) << "nothing is printed before the document ends";
-    paper.EndDoc();
+    paper.EndDoc({});
     EXPECT_TRUE(pdf().contains("/Count 2"));
-    // A line from one point to another in units of the page, which a matrix turns into points.
+    // A line from one point to another in the units of two matrices, page and sheet.
     const QRegularExpression form("([\\d.]+) 0 0 -[\\d.]+ 0 [\\d.]+ cm[\\s\\S]*?"
+                                  "([\\d.]+) 0 0 [\\d.]+ ([\\d.]+) [\\d.]+ cm[^c]*?"
                                   "([\\d.]+) ([\\d.]+) m\\s+([\\d.]+) ([\\d.]+) l");
     const QStringList found = form.match(drawing()).capturedTexts();
-    ASSERT_EQ(found.size(), 6) << drawing().left(500).toStdString();
+    ASSERT_EQ(found.size(), 8) << drawing().left(500).toStdString();
+    const double margin = 5;
     const double places[] = {10, 20, 200, 20};
     for (int i = 0; i < 4; ++i) {
-        EXPECT_NEAR(found[i + 2].toDouble() * found[1].toDouble() / 72.0 * 25.4, places[i], 0.1);
+        const double units = found[i + 4].toDouble() * found[2].toDouble() + found[3].toDouble();
+        EXPECT_NEAR(units * found[1].toDouble() / 72.0 * 25.4, margin + places[i], 0.1);
     }
 }
 
@@ -77,17 +80,17 @@ TEST_F(QtPrinter, ADroppedOrFailedDocumentPrintsNothingAndTheNextOneIsFresh) {
     paper.KillDoc();
     SetPrinterOutputFile(folder.filePath("missing/page.pdf").toStdString());
     paper.Print(20, 30, "lost");
-    EXPECT_THROW(paper.EndDoc(), Fault);
+    EXPECT_THROW(paper.EndDoc({}), Fault);
     SetPrinterOutputFile(file.toStdString());
-    paper.EndDoc();
+    paper.EndDoc({});
     EXPECT_FALSE(QFile::exists(file));
     paper.Print(20, 30, "second");
-    paper.EndDoc();
+    paper.EndDoc({});
     EXPECT_TRUE(pdf().contains("/Count 1"));
     if (QPrinterInfo::availablePrinterNames().isEmpty()) {
         SetPrinterOutputFile("");
         paper.Print(20, 30, "nowhere");
-        EXPECT_THROW(paper.EndDoc(), Fault);
+        EXPECT_THROW(paper.EndDoc({}), Fault);
     }
 }
 

@@ -64,6 +64,7 @@ ScriptedPlatform::ScriptedPlatform() {
     platform.GetDesktopFacts = [] {
         return DesktopFacts{"System 1", "1280 x 1024", {"Library 2", "Library 3"}};
     };
+    platform.GetLocalTime = [] { return LocalTime{2024, 11, 21, 9, 5, 7}; };
     platform.EndProgram = [this] { ended = true; };
     platform.programFolder = QDW8_DATA_DIR;
     platform.settingsFolder = testing::TempDir();

@@ -26,7 +26,7 @@ protected:
                                        },
                                        [this](const PrinterQuestion& question) {
                                            note("printer " + std::to_string(question.flags));
-                                           return std::nullopt;
+                                           return PrinterAnswer::Cancel;
                                        }};
         platform.onOutput = [this](const std::string& frame) {
             note("sends " + frame.substr(0, frame.size() - 2));
