@@ -332,12 +332,8 @@ void frmHelp::open(const HelpAsked& asked) {
 }
 
 void frmHelp::print() {
-    const auto copies = ThePlatform().CommonDialog1.ShowPrinter({0, 1});
-    bool good = true;
-    for (int copy = 0; good && copy < copies.value_or(0); ++copy) {
-        good = PrintManual(manual, SharedPrinter());
-    }
-    if (!good) {
+    const PrinterAnswer answer = ThePlatform().CommonDialog1.ShowPrinter({0, false});
+    if (answer != PrinterAnswer::Cancel && !PrintManual(manual, SharedPrinter())) {
         ShowTexts({kNotPrinted});
     }
     activateWindow();
