@@ -12,6 +12,7 @@
 #include "position/posi_file.h"
 #include "position/posi_new.h"
 #include "position/posi_verify.h"
+#include "print/print_command.h"
 #include "setup/change_device.h"
 #include "setup/line_commands.h"
 #include "setup/posi_open.h"
@@ -96,7 +97,8 @@ constexpr std::array kRows{
     CommandRow{.routine = PosiDataFileShogo2, .entry = {{mnuFileShogoFile, Menu::FileShogo, 258}}},
     CommandRow{.routine = PosiDataCtShogo, .entry = {{mnuFileShogoCt, Menu::FileShogo, 259}}},
     CommandRow{.routine = PageSetup, .entry = {{mnuFilePageSetup, Menu::File, 260, "", true}}},
-    CommandRow{.entry = {{mnuFilePrint, Menu::File, 261, "Ctrl+P"}},
+    CommandRow{.routine = PrintPosiCommand,
+               .entry = {{mnuFilePrint, Menu::File, 261, "Ctrl+P"}},
                .tool = {{tbPrint, 5, 303, Drawing::Print}}},
     // There is no text for closing the document.
     CommandRow{.routine = mnuFileClose_Click,

@@ -8,6 +8,9 @@
 #include "platform/qt/qt_platform.h"
 #include "platform/qt/work_window.h"
 #include "position/grid_editor.h"
+#include "print/grp_print.h"
+#include "print/para_print.h"
+#include "print/sm_print.h"
 #include "program/commands.h"
 #include "program/shutdown.h"
 #include "windows/controls/icons.h"
@@ -29,6 +32,8 @@
 #include "windows/main/frmMain.h"
 #include "windows/motion/frmIOCheck.h"
 #include "windows/parameter/frmParameta2.h"
+#include "windows/print/frmPrintPreview.h"
+#include "windows/print/frmPrintSelect.h"
 #include "windows/tables/frmGrp.h"
 #include "windows/tables/frmSqMcr.h"
 
@@ -74,7 +79,7 @@ void DressForLanguage() {
     }
     SetStandardTexts({ResText(1403), ResText(1404), ResText(3070) + "(&Y)", ResText(3071) + "(&N)",
                       ResText(3072) + "(&O)", ResText(3073) + "(&S)", ResText(3074), ResText(3075),
-                      ResText(3076)});
+                      ResText(3076), ResText(3250) + "(&V)"});
     QFont font = QApplication::font();
     font.setFamilies({"Noto Sans CJK JP", "IPAGothic", font.family()});
     QApplication::setFont(font);
@@ -208,6 +213,11 @@ void WireScreens() {
     screens.frmSqMcrShow = Open(&Windows::macros);
     screens.frmSqMcr = Tell(&Windows::macros, &frmSqMcr::showState);
     screens.frmIOCheckShow = Open(&Windows::inputOutput);
+    screens.frmPrintSelect = [] { ShowPrintSelect(Parent()); };
+    screens.frmPrintPreview = [] { return ShowPrintPreview(Parent()); };
+    screens.PrintGrpData = PrintGrpData;
+    screens.PrintSmData = PrintSmData;
+    screens.PrintParaData = PrintParaData;
     screens.frmIOCheck = Tell(&Windows::inputOutput, &frmIOCheck::showState);
     screens.frmHelpShow = [] { OpenHelp({}); };
     InstallHelpKey(*qApp, OpenHelp);

@@ -22,5 +22,7 @@
 #include "windows/motion/frmIOCheck.h"
 #include "windows/parameter/frmDevice.h"
 #include "windows/parameter/frmParameta2.h"
+#include "windows/print/frmPrintPreview.h"
+#include "windows/print/frmPrintSelect.h"
 #include "windows/tables/frmGrp.h"
 #include "windows/tables/frmSqMcr.h"

@@ -38,6 +38,7 @@ protected:
         Screens().frmIOCheckShow = [this] { note("frmIOCheck"); };
         Screens().frmHelpShow = [this] { note("frmHelp"); };
         Screens().frmParameta2Show = [this](bool modal) { note(modal ? "" : "frmParameta2"); };
+        Screens().frmPrintSelect = [this] { note("frmPrintSelect"); };
         Screens().frmMainClose = [this] { note("close"); };
         Screens().frmDataShogo = [this] {
             note("frmDataShogo");

@@ -6,6 +6,7 @@
 #include "parameter/para_window.h"
 #include "platform/whole_file.h"
 #include "position/grid_display.h"
+#include "print/print_select.h"
 #include "program/commands.h"
 #include "windows/dialogs/frmSplash.h"
 
@@ -149,6 +150,9 @@ protected:
         add<frmGrp>("frmGrp");
         add<frmSqMcr>("frmSqMcr");
         add<frmIOCheck>("frmIOCheck");
+        LoadPrintSelect();
+        add<frmPrintSelect>("frmPrintSelect");
+        add<frmPrintPreview>("frmPrintPreview");
         ThePlatform().programFolder = QDW8_SOURCE_DIR;
         add<frmHelp>("frmHelp", ReadManual().value_or(Manual{}));
         ThePlatform().programFolder = QDW8_DATA_DIR;
