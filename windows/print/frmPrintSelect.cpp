@@ -161,7 +161,7 @@ void frmPrintSelect::showSource(const Source& source, bool on, int option,
     for (QRadioButton* each : source.options) {
         each->setEnabled(on);
     }
-    source.name->setValue(source.check->text(), QString::fromStdString(name));
+    source.name->setValue(source.options[1]->text(), QString::fromStdString(name));
     source.name->setEnabled(on && option == 1);
     source.browse->setEnabled(on && option == 1);
 }
