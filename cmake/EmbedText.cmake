@@ -15,9 +15,9 @@ endwhile()
 file(WRITE "${TARGET}"
 "// Made from ${LANGUAGE}.txt by the build.
 #include <string_view>
-namespace qdw8 {
+namespace ${NAMESPACE} {
 extern const std::string_view k_${LANGUAGE}_rows;
 const std::string_view k_${LANGUAGE}_rows =
 ${pieces};
-} // namespace qdw8
+} // namespace ${NAMESPACE}
 ")

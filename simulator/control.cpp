@@ -194,6 +194,10 @@ OrderResult OrderFault(Desk& desk, const Words& words) {
         desk.controller.clearFaults();
         return {};
     }
+    if (words.size() == 3 && words[2] == "off") {
+        return desk.controller.removeFault(words[1]) ? OrderResult{}
+                                                     : Refusing("there is no such rule");
+    }
     std::string problem;
     if (words.size() != 2 || !desk.controller.addFault(words[1], problem)) {
         return Refusing(problem.empty() ? "fault wants a rule or \"clear\"" : problem);
@@ -285,7 +289,7 @@ constexpr std::array<Order<Desk>, 20> kOrders{{
     {"place", Place, "place N PULSES: where axis N stands"},
     {"turnaround", Turnaround, "turnaround MS: time from a request to its reply"},
     {"say", Say, "say TEXT: TEXT goes out unasked; \\r\\n is CR LF, \\s a blank, \\\\ is \\"},
-    {"fault", OrderFault, "fault RULE, fault clear"},
+    {"fault", OrderFault, "fault RULE, fault RULE off, fault clear"},
     {"stats", Stats, "stats, stats clear: how often each command came"},
     {"frames", Frames, "frames N: the last N frames, with their time in ms"},
     {"motion", Motion, "motion: the time in ms; each axis: pulses, moves or since when it stands"},

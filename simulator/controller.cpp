@@ -232,6 +232,16 @@ bool Controller::addFault(std::string_view rule, std::string& problem) {
     return true;
 }
 
+bool Controller::removeFault(std::string_view rule) {
+    const auto found = std::find_if(rules.begin(), rules.end(),
+                                    [&](const FaultRule& r) { return r.text == rule; });
+    if (found == rules.end()) {
+        return false;
+    }
+    rules.erase(found);
+    return true;
+}
+
 int Controller::position(int axis, Millis now) const {
     return PresentPosition(body, axis, now);
 }

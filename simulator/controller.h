@@ -107,6 +107,9 @@ public:
     /// The same from its text; false with a line in `problem` when it cannot be read.
     bool addFault(std::string_view rule, std::string& problem);
     void clearFaults() { rules.clear(); }
+    /// The first rule of this text goes; false if there is none.
+    bool removeFault(std::string_view rule);
+    const std::vector<FaultRule>& faults() const { return rules; }
 
     // --- looking on ---
 

@@ -137,6 +137,7 @@ bool ParseFaultRule(std::string_view text, FaultRule& rule, std::string& problem
         return false;
     }
     FaultRule fresh;
+    fresh.text = text;
     const std::string_view command = text.substr(0, one);
     if (command != "*") {
         if (!IsCommandWord(command.substr(0, 3))) {

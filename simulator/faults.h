@@ -44,11 +44,14 @@ struct Fault {
 };
 
 struct FaultRule {
+    std::string text;    ///< as it was given
     std::string command; ///< empty: every frame
     long first = 1;
     long last = std::numeric_limits<long>::max();
     Fault fault;
     long seen = 0; ///< frames that the rule has met so far
+
+    bool spent() const { return seen >= last; }
 };
 
 /// Reads a rule. On failure gives false, leaves `rule` as it was and tells in one line why.

@@ -7,6 +7,7 @@
 #include "simulator/terminal.h"
 
 #include <deque>
+#include <mutex>
 #include <string>
 
 namespace qdk8 {
@@ -37,6 +38,11 @@ struct Front {
     unsigned savedChanges = 0;
     std::string typed; ///< control input, not yet a whole line
     bool ended = false;
+
+    // Whoever serves the line sleeps without the lock; a second thread, which shows the machine in
+    // a window, takes it for everything above and wakes the other one behind an order.
+    std::mutex lock;
+    int wake = -1; ///< an event file, -1 while there is no second thread
 };
 
 /// Microseconds since the first call, on a clock that is never set.

@@ -42,6 +42,12 @@ The machine
                       whole reply, such as 0%%134. With :MS behind it a
                       resettable alarm (class 0) goes out by itself, as in 06:3000
 
+The window
+    --window          show the machine: the axes on their strokes, inputs to switch,
+                      outputs, alarms, power, cable and faults of the line; closing
+                      it ends the simulator. Only this needs a desktop
+    --language WHICH  of the window, en or ja; else that of the desktop
+
 Faults
     --fault RULE      may be given often; of several rules that fit, the first
                       counts. RULE is COMMAND:OCCURRENCE:FAULT, as in

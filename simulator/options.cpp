@@ -67,6 +67,11 @@ const std::vector<Valued>& ValuedOptions() {
              o.handful = ParseHandful(v);
              return o.handful.has_value();
          }},
+        {"--language", "en or ja",
+         [](const std::string& v, Options& o) {
+             o.language = v;
+             return v == "en" || v == "ja";
+         }},
         {"--alarm", "class and code or an error reply, and :MS only for class 0", TakeAlarm},
         {"--turnaround", "a time in ms",
          [](const std::string& v, Options& o) {
@@ -95,6 +100,9 @@ bool* FlagOf(const std::string& name, Options& options) {
     }
     if (name == "--homing-fails") {
         return &options.homingFails;
+    }
+    if (name == "--window") {
+        return &options.window;
     }
     return nullptr;
 }

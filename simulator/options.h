@@ -24,6 +24,8 @@ struct Options {
     bool trace = false;
     bool blank = false;
     bool homingFails = false;
+    bool window = false;
+    std::string language; ///< of the window: "en", "ja", or empty for that of the desktop
     std::string link;
     std::string memoryFile;
     std::optional<int> axes;

@@ -7,8 +7,10 @@
 #include <array>
 #include <cmath>
 #include <csignal>
+#include <cstdint>
 #include <cstdio>
 #include <ctime>
+#include <mutex>
 #include <poll.h>
 #include <string>
 #include <sys/prctl.h>
@@ -47,10 +49,11 @@ void ReadControl(Front& front) {
     }
 }
 
-void SleepUntilDue(Front& front, const sigset_t& signals) {
-    std::array<pollfd, 3> files{{{front.terminal.master, POLLIN, 0},
+void SleepUntilDue(Front& front, std::unique_lock<std::mutex>& held, const sigset_t& signals) {
+    std::array<pollfd, 4> files{{{front.terminal.master, POLLIN, 0},
                                  {front.terminal.watch, POLLIN, 0},
-                                 {front.options.control ? STDIN_FILENO : -1, POLLIN, 0}}};
+                                 {front.options.control ? STDIN_FILENO : -1, POLLIN, 0},
+                                 {front.wake, POLLIN, 0}}};
     timespec wait{};
     const auto next = NextMoment(front);
     if (next) {
@@ -58,8 +61,15 @@ void SleepUntilDue(Front& front, const sigset_t& signals) {
         wait.tv_sec = static_cast<time_t>(left / 1e9);
         wait.tv_nsec = static_cast<long>(std::fmod(left, 1e9));
     }
-    if (::ppoll(files.data(), files.size(), next ? &wait : nullptr, &signals) <= 0) {
+    held.unlock();
+    const int ready = ::ppoll(files.data(), files.size(), next ? &wait : nullptr, &signals);
+    held.lock();
+    if (ready <= 0) {
         return;
+    }
+    if (files[3].revents != 0) {
+        std::uint64_t times = 0;
+        static_cast<void>(::read(front.wake, &times, sizeof times));
     }
     if (files[1].revents != 0) {
         NoteOpenings(front.terminal);
@@ -72,36 +82,45 @@ void SleepUntilDue(Front& front, const sigset_t& signals) {
     }
 }
 
+constexpr std::array kEndSignals{SIGINT, SIGTERM, SIGHUP};
+
 /// The signals come only while the loop sleeps, so none falls between a look at the flag and sleep.
+/// Gives what is held back meanwhile.
 sigset_t TakeSignals() {
+    HoldSignals();
     struct sigaction action {};
     action.sa_handler = AskEnd;
-    sigset_t ends{};
-    ::sigemptyset(&ends);
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    sigset_t asleep{};
+    ::pthread_sigmask(SIG_BLOCK, nullptr, &asleep);
+    for (const int signal : kEndSignals) {
         ::sigaction(signal, &action, nullptr);
-        ::sigaddset(&ends, signal);
-    }
-    sigset_t before{};
-    ::sigprocmask(SIG_BLOCK, &ends, &before);
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        ::sigdelset(&before, signal);
+        ::sigdelset(&asleep, signal);
     }
     action.sa_handler = SIG_IGN;
     ::sigaction(SIGPIPE, &action, nullptr);
-    return before;
+    return asleep;
 }
 
 } // namespace
+
+void HoldSignals() {
+    sigset_t ends{};
+    ::sigemptyset(&ends);
+    for (const int signal : kEndSignals) {
+        ::sigaddset(&ends, signal);
+    }
+    ::pthread_sigmask(SIG_BLOCK, &ends, nullptr);
+}
 
 int Serve(Front& front) {
     const sigset_t signals = TakeSignals();
     // A character on the line takes a millisecond; the system may not be late by a twentieth of it.
     ::prctl(PR_SET_TIMERSLACK, 1UL);
+    std::unique_lock held(front.lock);
     TellPlace(front, "ready");
     while (!front.ended && endAsked == 0) {
         ServeDue(front);
-        SleepUntilDue(front, signals);
+        SleepUntilDue(front, held, signals);
     }
     Unplug(front.terminal);
     return KeepMemoryOrTell(front) ? 0 : 1;

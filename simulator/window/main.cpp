@@ -1,6 +1,7 @@
 #include "simulator/front.h"
 #include "simulator/help.h"
 #include "simulator/serve.h"
+#include "simulator/window/run_window.h"
 
 #include <cstdio>
 #include <exception>
@@ -25,7 +26,7 @@ int main(int count, char** texts) {
             std::fprintf(stderr, "qd-k8-sim: %s\n", problem.c_str());
             return 1;
         }
-        return qdk8::Serve(front);
+        return front.options.window ? qdk8::RunWithWindow(front, count, texts) : qdk8::Serve(front);
     } catch (const std::exception& fault) {
         std::fprintf(stderr, "qd-k8-sim: %s\n", fault.what());
         return 1;
