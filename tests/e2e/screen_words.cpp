@@ -122,6 +122,15 @@ void WaitProgress(Told told) {
     });
 }
 
+/// CONTROL NAME: the window of the control, without what a window manager puts around it.
+void Portrait(Told told) {
+    WaitReady(told.value(0));
+    OnGui([&] {
+        return Ready(told[0])->window()->grab().save(qEnvironmentVariable("QDW8_USER_PICTURES") +
+                                                     u'/' + told.value(1) + ".png");
+    });
+}
+
 void Close() {
     WaitFor([] { return Seen("frmMain") != nullptr; });
     CloseWindow(OnGui([] { return Seen("frmMain"); }));
@@ -159,6 +168,7 @@ Words ScreenWords() {
         {"question", ExpectQuestion},
         {"clipboard", SetClipboard},
         {"picture", [](Told told) { Picture(told.value(0)); }},
+        {"portrait", Portrait},
         {"close", [](Told) { Close(); }},
         {"end", End},
     };
