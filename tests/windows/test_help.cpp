@@ -28,7 +28,7 @@ protected:
     Help() { ThePlatform().programFolder = QDW8_SOURCE_DIR; }
 
     /// What leads nowhere, and what is said in numbers that have no row.
-    static QStringList faultsOf(const Manual& manual) {
+    static std::string faultsOf(const Manual& manual) {
         QStringList faults;
         QStringList leads = manual.names.values();
         for (const auto& [word, place] : manual.words) {
@@ -58,22 +58,15 @@ protected:
             faults << (leads.contains("pictures/" + name) ? QString() : name);
         }
         faults.removeAll(QString());
-        return faults;
+        return faults.join(' ').toStdString();
     }
 };
 
 TEST_F(Help, TheManualIsWhole) {
-    QStringList files;
     for (const std::int16_t base : {std::int16_t{10000}, std::int16_t{0}}) {
         speak(base);
         const Manual manual = ReadManual().value_or(Manual{});
-        EXPECT_EQ(faultsOf(manual), QStringList());
-        QStringList now;
-        for (const ManualPage& row : manual.rows) {
-            now << row.file << (row.title.isEmpty() ? "no title" : "");
-        }
-        EXPECT_TRUE(files.isEmpty() || files == now) << "both languages have the same pages";
-        files = now;
+        EXPECT_EQ(faultsOf(manual), "");
     }
 }
 
@@ -88,7 +81,7 @@ TEST_F(Help, F1OpensThePageOfWhatIsInFront) {
     ThePlatform().programFolder = QDW8_SOURCE_DIR;
     key(Qt::Key_F1);
     const auto* page = help->findChild<QTextBrowser*>();
-    EXPECT_EQ(page->source().fileName(), "start.html");
+    EXPECT_EQ(page->source().fileName().toStdString(), "main.html");
 }
 
 } // namespace
