@@ -49,6 +49,10 @@ void OpenIoMonitor() {
     OpenMotionWindow(&ScreenFunctions::frmIOCheckShow);
 }
 
+void OpenMoveTest() {
+    OpenMotionWindow(&ScreenFunctions::frmMoveShow);
+}
+
 void OpenHelp() {
     Screens().frmHelpShow();
 }
@@ -144,7 +148,8 @@ constexpr std::array kRows{
                .button = {{cmdOpenIoWin, 244, 309, Frame::Controller, 0, 0}},
                .entry = {{mnuViewInputOutput, Menu::View, 273, "", true}},
                .tool = {{tbInputOutput, 16, 309, Drawing::InputOutput}}},
-    CommandRow{.button = {{cmdOpenMoveWin, 245, 310, Frame::Controller, 1, 0}},
+    CommandRow{.routine = OpenMoveTest,
+               .button = {{cmdOpenMoveWin, 245, 310, Frame::Controller, 1, 0}},
                .entry = {{mnuViewMoveTest, Menu::View, 274}},
                .tool = {{tbMoveTest, 18, 310, Drawing::MoveTest}}},
     CommandRow{.routine = OpenGroups,

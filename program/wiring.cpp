@@ -31,6 +31,7 @@
 #include "windows/help/help_key.h"
 #include "windows/main/frmMain.h"
 #include "windows/motion/frmIOCheck.h"
+#include "windows/motion/frmMove.h"
 #include "windows/parameter/frmParameta2.h"
 #include "windows/print/frmPrintPreview.h"
 #include "windows/print/frmPrintSelect.h"
@@ -59,6 +60,7 @@ struct Windows {
     std::unique_ptr<frmGrp> groups;
     std::unique_ptr<frmSqMcr> macros;
     std::unique_ptr<frmIOCheck> inputOutput;
+    std::unique_ptr<frmMove> moveTest;
     std::unique_ptr<frmHelp> help;
 };
 
@@ -130,6 +132,9 @@ void TellCommands() {
     }
     if (windows.inputOutput) {
         windows.inputOutput->showState();
+    }
+    if (windows.moveTest) {
+        windows.moveTest->showState();
     }
 }
 
@@ -219,6 +224,9 @@ void WireScreens() {
     screens.PrintSmData = PrintSmData;
     screens.PrintParaData = PrintParaData;
     screens.frmIOCheck = Tell(&Windows::inputOutput, &frmIOCheck::showState);
+    screens.frmMoveShow = Open(&Windows::moveTest);
+    screens.frmMove = Tell(&Windows::moveTest, &frmMove::showState);
+    screens.cmdGrpMoveFocus = Tell(&Windows::moveTest, &frmMove::focusGroupMove);
     screens.frmHelpShow = [] { OpenHelp({}); };
     InstallHelpKey(*qApp, OpenHelp);
 }

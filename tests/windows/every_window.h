@@ -20,6 +20,7 @@
 #include "windows/dialogs/frmTrance.h"
 #include "windows/help/frmHelp.h"
 #include "windows/motion/frmIOCheck.h"
+#include "windows/motion/frmMove.h"
 #include "windows/parameter/frmDevice.h"
 #include "windows/parameter/frmParameta2.h"
 #include "windows/print/frmPrintPreview.h"

@@ -37,6 +37,7 @@ protected:
         Screens().frmSqMcrShow = [this] { note("frmSqMcr"); };
         Screens().frmIOCheckShow = [this] { note("frmIOCheck"); };
         Screens().frmHelpShow = [this] { note("frmHelp"); };
+        Screens().frmMoveShow = [this] { note("frmMove"); };
         Screens().frmParameta2Show = [this](bool modal) { note(modal ? "" : "frmParameta2"); };
         Screens().frmPrintSelect = [this] { note("frmPrintSelect"); };
         Screens().frmMainClose = [this] { note("close"); };

@@ -150,6 +150,7 @@ protected:
         add<frmGrp>("frmGrp");
         add<frmSqMcr>("frmSqMcr");
         add<frmIOCheck>("frmIOCheck");
+        add<frmMove>("frmMove");
         LoadPrintSelect();
         add<frmPrintSelect>("frmPrintSelect");
         add<frmPrintPreview>("frmPrintPreview");
