@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <memory>
 
 /// The controller at the other end, the simulator as a process of its own, plugged in as COM1; and
@@ -73,15 +74,12 @@ void WaitPolls(Told told) {
     }
 }
 
-/// The positions among the last frames that went to the controller.
-QString Written() {
+/// The positions in the frames of this kind that went to the controller.
+QString PositionsOf(const char* kind) {
     QStringList numbers;
-    for (const QString& frame : Tell("frames 200")) {
-        const qsizetype at = frame.indexOf("0WP");
-        // The reply echoes the word; the request goes on with the row.
-        if (at >= 0 && frame.size() - at > 40) {
-            numbers += QString::number(frame.mid(at + 3, 3).toInt(nullptr, 16));
-        }
+    const QRegularExpression frame(QString("-> (?:%1)([0-9A-F]{3})").arg(kind));
+    for (const auto& match : frame.globalMatch(QString::fromLatin1(ContentOf(TraceFile())))) {
+        numbers += QString::number(match.captured(1).toInt(nullptr, 16));
     }
     return numbers.join(u' ');
 }
@@ -117,7 +115,8 @@ Words ControllerWords() {
              ExpectNow(Tell("state").filter(told.value(0) + u' ').join(u' '), told.join(u' '));
          }},
         {"polls", WaitPolls},
-        {"written", [](Told told) { ExpectNow(Written(), told.join(u' ')); }},
+        {"written", [](Told told) { ExpectNow(PositionsOf("0WP"), told.join(u' ')); }},
+        {"moved", [](Told told) { ExpectNow(PositionsOf("0MM|0MP"), told.join(u' ')); }},
         {"last-heard", [](Told told) { ExpectNow(LastHeard(), told.value(0)); }},
         {"copy-file", CopyFile},
         {"saved", ExpectSaved},

@@ -81,8 +81,8 @@ void ReadTexts(const QString& language) {
     }
 }
 
-/// {374} is that text of the program, {work} the folder it runs in, <NAME> a parameter, <...> all
-/// that were told beyond the named ones.
+/// {374} is that text of the program, {3204:9} one with a number in it, {work} the folder it runs
+/// in, <NAME> a parameter, <...> all that were told beyond the named ones.
 QStringList Meant(const QStringList& words, const QStringList& names, const QStringList& told) {
     QStringList meant;
     for (QString word : words) {
@@ -94,13 +94,14 @@ QStringList Meant(const QStringList& words, const QStringList& names, const QStr
             word.replace(u'<' + names[i] + u'>', told.value(i));
         }
         word.replace("{work}", QDir::currentPath());
-        static const QRegularExpression number("\\{(\\d+)\\}");
+        static const QRegularExpression number("\\{(\\d+)(?::(\\d+))?\\}");
         for (auto match = number.match(word); match.hasMatch(); match = number.match(word)) {
             const int id = match.captured(1).toInt();
             if (!texts.contains(id)) {
                 Fail(QString("there is no text %1").arg(id));
             }
-            word.replace(match.capturedStart(), match.capturedLength(), texts[id]);
+            word.replace(match.capturedStart(), match.capturedLength(),
+                         QString(texts[id]).replace("%1", match.captured(2)));
         }
         meant += word;
     }

@@ -4,6 +4,7 @@
 
 #include "app/string_table.h"
 #include "main_form.h"
+#include "motion/motion_window.h"
 #include "platform/whole_file.h"
 
 #include <optional>
@@ -69,6 +70,7 @@ protected:
                    (Get<QWidget>(*window, "sbStatusBar").isHidden() ? "status bar" : "");
         };
         first.clear();
+        MotionWindowClosed(); // of the command before
         press(QString::fromStdString(control));
         if (flgdData().rows.size() != 5) {
             note(std::to_string(flgdData().rows.size()) + " rows");

@@ -246,11 +246,11 @@ void frmMove::makeRangePage() {
 }
 
 void frmMove::makeGroupPage() {
-    QVBoxLayout* layout = addPage(kGroupMove, 'g');
+    QVBoxLayout* layout = addPage(kGroupMove, 'G');
     auto* numbers = new QGridLayout;
     layout->addLayout(numbers);
     group = new NumberSlider(
-        {"lblGrpNoMoji", "lblGrpNo", "sldrGrpNo", "UpDown2", kGroup, 'n', kGroupLimits},
+        {"lblGrpNoMoji", "lblGrpNo", "sldrGrpNo", "UpDown2", kGroup, 'N', kGroupLimits},
         kHighestGroup, GrpNo_Change, *numbers, 0);
     layout->addStretch();
     makeRun(*layout, kOfGroup);
@@ -278,9 +278,9 @@ void frmMove::makeWay(QBoxLayout& page, Tab tab) {
         connect(made, &QCheckBox::clicked, this, tick);
         return made;
     };
-    way.repeat = box(row.repeat, kRepeat, 'r', row.tickRepeat);
+    way.repeat = box(row.repeat, kRepeat, 'R', row.tickRepeat);
     way.noSqMcr = box(row.noSqMcr, kNoSqMcr, 'k', row.tickNoSqMcr);
-    way.timerUse = box(row.timerUse, kTimer, 't', row.tickTimerUse, kTimerTip);
+    way.timerUse = box(row.timerUse, kTimer, 'T', row.tickTimerUse, kTimerTip);
     way.timer = new KeyField(QLatin1String(row.timer), kTimerDigits, IsDigit, nullptr);
     way.timer->setFixedWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * kTimerWidth);
     SetNumbers(*way.timer, kWait, kUnitTip);
@@ -311,18 +311,18 @@ void frmMove::makeRun(QBoxLayout& page, Tab tab) {
         });
         return made;
     };
-    run.move = button(row.move, kMove, 'm', row.start);
+    run.move = button(row.move, kMove, 'M', row.start);
     if (row.pause != nullptr) {
-        run.pause = button(row.pause, kPause, 'p', row.hold, kStopTip);
+        run.pause = button(row.pause, kPause, 'P', row.hold, kStopTip);
     }
-    run.stop = button(row.stop, kStop, 's', row.end, row.stopTip);
+    run.stop = button(row.stop, kStop, 'S', row.end, row.stopTip);
     run.homing = AddText(*line, Named("lblHoming", static_cast<int>(tab)), 2);
     line->setStretchFactor(run.homing, 1);
 }
 
 void frmMove::makeFoot(QBoxLayout& layout) {
     QHBoxLayout* line = Row(&layout);
-    home = Add<QPushButton>(*line, QStringLiteral("cmdHome"), kHome, 'h', kHomeTip);
+    home = Add<QPushButton>(*line, QStringLiteral("cmdHome"), kHome, 'H', kHomeTip);
     connect(home, &QPushButton::clicked, this, [this] {
         takeTyped();
         cmdHome_Click();
@@ -357,7 +357,7 @@ void frmMove::makeFoot(QBoxLayout& layout) {
     reached->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     line->addWidget(reached);
     line->addStretch();
-    auto* close = Add<QPushButton>(*line, QStringLiteral("cmdMoveWinClose"), kClose, 'c');
+    auto* close = Add<QPushButton>(*line, QStringLiteral("cmdMoveWinClose"), kClose, 'C');
     connect(close, &QPushButton::clicked, this, [this] { leave(); });
     text = AddText(layout, QStringLiteral("lblMoveState"), 2);
 }

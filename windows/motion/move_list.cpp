@@ -68,7 +68,9 @@ MoveList::MoveList(QWidget* parent)
     verticalHeader()->setSectionsClickable(false);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
     for (int column = 0; column < columnCount(); ++column) {
-        setHorizontalHeaderItem(column, new QTableWidgetItem(QString::number(column + 1)));
+        auto* number = new QTableWidgetItem(QString::number(column + 1));
+        number->setData(Qt::AccessibleTextRole, number->text());
+        setHorizontalHeaderItem(column, number);
         auto* cell = new QTableWidgetItem;
         cell->setTextAlignment(Qt::AlignCenter);
         setItem(0, column, cell);
