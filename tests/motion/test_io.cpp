@@ -1,18 +1,11 @@
 // The I/O monitor: stories/io.txt, and every frame of a monitoring with every fault of the line.
 
-#include "app/command_states.h"
 #include "app/string_table.h"
-#include "link/background.h"
-#include "link/line_state.h"
-#include "link/supervision.h"
 #include "motion/io_check.h"
+#include "motion/motion_story.h"
 #include "motion/motion_window.h"
-#include "support/boxes.h"
 #include "support/every_step.h"
-#include "support/story.h"
 
-#include <memory>
-#include <set>
 #include <utility>
 
 namespace qdw8::test {
@@ -21,21 +14,47 @@ namespace {
 constexpr std::int64_t kTick = 300; // ms
 
 /// The window just opened.
-struct IoBench : LineBench {
-    IoBench() {
+template<typename TheBench> struct Opened : TheBench {
+    Opened() {
         Screens().frmIOCheckShow = [this] { IoCheckOpen() ? void(++shown) : LoadIoCheck(); };
         OpenMotionWindow(&ScreenFunctions::frmIOCheckShow);
     }
     int shown = 0; ///< how often it was brought to the front
 };
+using IoBench = Opened<LineBench>;
 
-std::uint32_t Hex(Args& args) {
-    return static_cast<std::uint32_t>(std::stoul(Word(args), nullptr, 16));
-}
-
-class Story : public IoBench {
+class Story : public Opened<MotionStory> {
 public:
-    void tell(const std::string& statement) { TellStatement(words, values, statement); }
+    Story() {
+        add(
+            {
+                {"tick", [this](Args&) { platform.run(kTick); }},
+                {"click", [](Args&) { cmdIoMonitor_Click(); }},
+                {"ignore", [](Args&) { chkIgnore_Click(!IsSet(chkIgnore)); }},
+                {"lamp",
+                 [](Args& a) {
+                     for (const std::string name = Word(a); const IoLamp& lamp : kOutputLamps) {
+                         lamp.name == name ? OutputLamp_Click(lamp.slot) : void();
+                     }
+                 }},
+                {"close", [](Args&) { CloseIoCheck(); }},
+                {"open", [](Args&) { OpenMotionWindow(&ScreenFunctions::frmIOCheckShow); }},
+                {"open-another", [](Args&) { OpenMotionWindow(&ScreenFunctions::frmGrpShow); }},
+            },
+            {
+                {"in", [](Args&) { return lit(kInputLamps, IoInputState); }},
+                {"out", [](Args&) { return lit(kOutputLamps, IoOutputState); }},
+                {"says", [](Args&) { return IoStateText() == 0 ? "" : ResText(IoStateText()); }},
+                {"button", [](Args&) { return IoMonitorEnabled() ? "on" : "off"; }},
+                {"ticked",
+                 [](Args&) {
+                     return std::string(IsSet(chkIgnore) ? "yes" : "no") +
+                            (IgnoreEnabled() ? "" : ", off");
+                 }},
+                {"window",
+                 [this](Args&) { return IoCheckOpen() ? std::to_string(shown) : "gone"; }},
+            });
+    }
 
 private:
     template<std::size_t count>
@@ -48,76 +67,6 @@ private:
         }
         return text;
     }
-    std::string frames() {
-        std::string text;
-        for (const std::string& frame : std::exchange(platform.sent, {})) {
-            text += (text.empty() ? "" : " ") + frame;
-        }
-        return text;
-    }
-    /// Something happens while the program waits for the answer to a frame, once.
-    void during(Args& args) {
-        platform.onOutput = [this, frame = Word(args), what = Rest(args),
-                             send = platform.onOutput](const std::string& text) {
-            if (text.starts_with(frame) && done.insert(frame + what).second) {
-                platform.after(0, [this, what] { tell(what); });
-            }
-            send(text);
-        };
-    }
-
-    std::set<std::string> done;
-    std::unique_ptr<PollHeld> held;
-    std::unique_ptr<CommandsAway> command;
-    const StoryWords words{
-        {"tick", [this](Args&) { platform.run(kTick); }},
-        {"wait", [this](Args& a) { platform.run(Number(a)); }},
-        {"click", [](Args&) { cmdIoMonitor_Click(); }},
-        {"ignore", [](Args&) { chkIgnore_Click(!IsSet(chkIgnore)); }},
-        {"lamp",
-         [](Args& a) {
-             for (const std::string name = Word(a); const IoLamp& lamp : kOutputLamps) {
-                 lamp.name == name ? OutputLamp_Click(lamp.slot) : void();
-             }
-         }},
-        {"close", [](Args&) { CloseIoCheck(); }},
-        {"open", [](Args&) { OpenMotionWindow(&ScreenFunctions::frmIOCheckShow); }},
-        {"open-another", [](Args&) { OpenMotionWindow(&ScreenFunctions::frmGrpShow); }},
-        {"confirm-end", [](Args&) { ProgramEndFlag = kSet; }},
-        {"give-up", [this](Args&) { AnswerByItself(platform); }},
-        {"offline", [](Args&) { SetOfflineState(); }},
-        {"during", [this](Args& a) { during(a); }},
-        {"box", [this](Args& a) { platform.expectBox(BoxText(Rest(a))); }},
-        {"fault", [this](Args& a) { addFault(Word(a)); }},
-        {"mend", [this](Args&) { line.controller.clearFaults(); }},
-        {"cable", [this](Args&) { platform.breakLine(); }},
-        {"alarm",
-         [this](Args&) {
-             EnableTimer(Timer1);
-             platform.arrive(0, "0%%006\r\n");
-         }},
-        {"inputs", [this](Args& a) { line.controller.setInputs(Hex(a), platform.now); }},
-        {"outputs", [this](Args& a) { line.controller.setOutputs(Hex(a)); }},
-        {"hold", [this](Args&) { held = std::make_unique<PollHeld>(); }},
-        {"release", [this](Args&) { held.reset(); }},
-        {"command", [this](Args&) { command = std::make_unique<CommandsAway>(); }},
-        {"command-ends", [this](Args&) { command.reset(); }},
-        {"at-rest", [this](Args&) { ExpectAtRest(platform); }},
-    };
-    const StoryValues values{
-        {"sent", [this](Args&) { return frames(); }},
-        {"in", [](Args&) { return lit(kInputLamps, IoInputState); }},
-        {"out", [](Args&) { return lit(kOutputLamps, IoOutputState); }},
-        {"says", [](Args&) { return IoStateText() == 0 ? "" : ResText(IoStateText()); }},
-        {"button", [](Args&) { return IoMonitorEnabled() ? "on" : "off"; }},
-        {"ticked",
-         [](Args&) {
-             return std::string(IsSet(chkIgnore) ? "yes" : "no") + (IgnoreEnabled() ? "" : ", off");
-         }},
-        {"commands", [](Args&) { return CommandsTaken() ? "away" : "there"; }},
-        {"window", [this](Args&) { return IoCheckOpen() ? std::to_string(shown) : "gone"; }},
-        {"program", [this](Args&) { return platform.ended ? "ended" : "runs"; }},
-    };
 };
 
 TEST(IoMonitor, GoesAsTold) {

@@ -1,0 +1,76 @@
+#include "motion/motion_story.h"
+
+#include "app/command_states.h"
+#include "link/line_state.h"
+#include "link/supervision.h"
+#include "support/boxes.h"
+#include "support/every_step.h"
+
+#include <utility>
+
+namespace qdw8::test {
+namespace {
+
+std::uint32_t Hex(Args& args) {
+    return static_cast<std::uint32_t>(std::stoul(Word(args), nullptr, 16));
+}
+
+} // namespace
+
+MotionStory::MotionStory()
+    : words{
+          {"wait", [this](Args& a) { platform.run(Number(a)); }},
+          {"confirm-end", [](Args&) { ProgramEndFlag = kSet; }},
+          {"give-up", [this](Args&) { AnswerByItself(platform); }},
+          {"offline", [](Args&) { SetOfflineState(); }},
+          {"during", [this](Args& a) { during(a); }},
+          {"box", [this](Args& a) { platform.expectBox(BoxText(Rest(a))); }},
+          {"fault", [this](Args& a) { addFault(Word(a)); }},
+          {"mend", [this](Args&) { line.controller.clearFaults(); }},
+          {"cable", [this](Args&) { platform.breakLine(); }},
+          {"alarm",
+           [this](Args&) {
+               EnableTimer(Timer1);
+               platform.arrive(0, "0%%006\r\n");
+           }},
+          {"inputs", [this](Args& a) { line.controller.setInputs(Hex(a), platform.now); }},
+          {"outputs", [this](Args& a) { line.controller.setOutputs(Hex(a)); }},
+          {"hold", [this](Args&) { held = std::make_unique<PollHeld>(); }},
+          {"release", [this](Args&) { held.reset(); }},
+          {"command", [this](Args&) { command = std::make_unique<CommandsAway>(); }},
+          {"command-ends", [this](Args&) { command.reset(); }},
+          {"at-rest", [this](Args&) { ExpectAtRest(platform); }},
+      },
+      values{
+          {"sent", [this](Args&) { return frames(); }},
+          {"commands", [](Args&) { return CommandsTaken() ? "away" : "there"; }},
+          {"program", [this](Args&) { return platform.ended ? "ended" : "runs"; }},
+      } {}
+
+MotionStory::~MotionStory() = default;
+
+void MotionStory::add(const StoryWords& more, const StoryValues& moreValues) {
+    words.insert(more.begin(), more.end());
+    values.insert(moreValues.begin(), moreValues.end());
+}
+
+std::string MotionStory::frames() {
+    std::string text;
+    for (const std::string& frame : std::exchange(platform.sent, {})) {
+        text += (text.empty() ? "" : " ") + frame;
+    }
+    return text;
+}
+
+/// Once.
+void MotionStory::during(Args& args) {
+    platform.onOutput = [this, frame = Word(args), what = Rest(args),
+                         send = platform.onOutput](const std::string& text) {
+        if (text.starts_with(frame) && done.insert(frame + what).second) {
+            platform.after(0, [this, what] { tell(what); });
+        }
+        send(text);
+    };
+}
+
+} // namespace qdw8::test

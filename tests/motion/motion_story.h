@@ -1,0 +1,41 @@
+#pragma once
+
+#include "link/background.h"
+#include "support/bench.h"
+#include "support/story.h"
+
+#include <memory>
+#include <set>
+
+namespace qdw8 {
+class CommandsAway;
+}
+
+/// What the stories of all windows that act on the machine say: time, the line and its faults, what
+/// the controller does, other commands, the end of the program. "sent" are the frames since it was
+/// asked last; "during FRAME WORDS" lets something happen in the wait for the answer to the next
+/// frame that begins so.
+namespace qdw8::test {
+
+class MotionStory : public LineBench {
+public:
+    MotionStory();
+    ~MotionStory();
+    void tell(const std::string& statement) { TellStatement(words, values, statement); }
+
+protected:
+    /// Those of one window.
+    void add(const StoryWords& more, const StoryValues& moreValues);
+
+private:
+    std::string frames();
+    void during(Args& args);
+
+    std::set<std::string> done;
+    std::unique_ptr<PollHeld> held;
+    std::unique_ptr<CommandsAway> command;
+    StoryWords words;
+    StoryValues values;
+};
+
+} // namespace qdw8::test
