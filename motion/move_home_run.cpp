@@ -13,7 +13,9 @@ void RunMoveHome() {
     for (int failed = 0; failed < kRetries && OpenCtPort() != 0; ++failed) {
         MsecTimer(kRetryPauseMs);
     }
-    if (CheckCtStatus() == 0 && StandsStillForMove()) {
+    if (CheckCtStatus() != 0) {
+        FailMove();
+    } else if (StandsStillForMove()) {
         HomeForMove([] {
             CloseCtPort();
             TellFailedHoming();

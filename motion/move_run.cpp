@@ -25,13 +25,6 @@ bool WindowIsGone() {
     return !TheMove().open;
 }
 
-bool Fail() {
-    const MovePhase phase = TheMove().phase;
-    const bool moves = phase != MovePhase::Between && phase != MovePhase::Waits;
-    TheMove().outcome = moves ? MoveOutcome::FailedMoving : MoveOutcome::Failed;
-    return false;
-}
-
 void Enter(MovePhase phase, int target = 0) {
     TheMove().phase = phase;
     TheMove().target = target;
@@ -48,14 +41,14 @@ void ShowLamps(bool out1, bool out2) {
 bool ShowArrival(int position) {
     Enter(MovePhase::Between, position);
     if (ReadOutputs() != 0) {
-        return Fail();
+        return FailMove();
     }
     // A digit that is none is not guessed.
     constexpr std::string_view kDigits = "0123456789ABCDEF";
     const std::size_t code = kDigits.find(Mid(ReplyText, 9, 1));
     if (code == std::string_view::npos) {
         ShowWrongData();
-        return Fail();
+        return FailMove();
     }
     TheMove().lblkanryoNo = std::to_string(position);
     ShowLamps(code == 1 || code == 3, code == 2 || code == 3);
@@ -64,7 +57,7 @@ bool ShowArrival(int position) {
 
 /// What became of a motion.
 bool Judge(MotionEnd end) {
-    return end == MotionEnd::Arrived || (end == MotionEnd::Failed && Fail());
+    return end == MotionEnd::Arrived || (end == MotionEnd::Failed && FailMove());
 }
 
 bool MoveTo(int position, bool noSqMcr) {
@@ -100,12 +93,19 @@ bool MoveMustEnd() {
            IsSet(ProgramEndFlag);
 }
 
+bool FailMove() {
+    const MovePhase phase = TheMove().phase;
+    const bool moves = phase != MovePhase::Between && phase != MovePhase::Waits;
+    TheMove().outcome = moves ? MoveOutcome::FailedMoving : MoveOutcome::Failed;
+    return false;
+}
+
 bool StandsStillForMove() {
     const std::int16_t arrived = ReadArrivalStatus();
     if (arrived == 0) {
         TheMove().outcome = MoveOutcome::StillMoving;
     }
-    return arrived == 1 || (arrived < 0 && Fail());
+    return arrived == 1 || (arrived < 0 && FailMove());
 }
 
 bool MakeReadyForMove() {
@@ -114,7 +114,7 @@ bool MakeReadyForMove() {
     }
     if (ReadHomeStatus() != 0) {
         CommErrorFlag = kClear;
-        return Fail();
+        return FailMove();
     }
     return IsSet(HomedFlag) || HomeForMove();
 }
@@ -145,11 +145,11 @@ bool RunMotion(MovePhase phase, int target, const std::function<std::int16_t()>&
         return false;
     }
     if (TellLostLine()) {
-        return Fail();
+        return FailMove();
     }
     ShowLamps(false, false);
     Enter(phase, target);
-    return start() == 0 ? Judge(WaitForArrival(WindowIsGone)) : Fail();
+    return start() == 0 ? Judge(WaitForArrival(WindowIsGone)) : FailMove();
 }
 
 void RunWalk(const MoveWalk& walk) {

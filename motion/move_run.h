@@ -12,6 +12,9 @@ namespace qdw8 {
 /// No further motion is to be started: a Stop, a Pause, a closed window, the end of the program.
 bool MoveMustEnd();
 
+/// Notes that a failure ends the run, with or without axes on their way. False.
+bool FailMove();
+
 /// `0RA`: the axes stand still.
 bool StandsStillForMove();
 /// What stands before the first move of a run: the axes stand still, and are homed, if need be by a

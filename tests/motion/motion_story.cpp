@@ -20,6 +20,11 @@ std::uint32_t Hex(Args& args) {
 MotionStory::MotionStory()
     : words{
           {"wait", [this](Args& a) { platform.run(Number(a)); }},
+          {"in",
+           [this](Args& a) {
+               const int ms = Number(a);
+               later(ms, Rest(a));
+           }},
           {"confirm-end", [](Args&) { ProgramEndFlag = kSet; }},
           {"give-up", [this](Args&) { AnswerByItself(platform); }},
           {"offline", [](Args&) { SetOfflineState(); }},
@@ -42,7 +47,8 @@ MotionStory::MotionStory()
           {"at-rest", [this](Args&) { ExpectAtRest(platform); }},
       },
       values{
-          {"sent", [this](Args&) { return frames(); }},
+          {"sent", [this](Args&) { return frames(false); }},
+          {"frames", [this](Args&) { return frames(true); }},
           {"commands", [](Args&) { return CommandsTaken() ? "away" : "there"; }},
           {"program", [this](Args&) { return platform.ended ? "ended" : "runs"; }},
       } {}
@@ -54,23 +60,37 @@ void MotionStory::add(const StoryWords& more, const StoryValues& moreValues) {
     values.insert(moreValues.begin(), moreValues.end());
 }
 
-std::string MotionStory::frames() {
+std::string MotionStory::frames(bool pollsAsOne) {
     std::string text;
+    std::string before;
     for (const std::string& frame : std::exchange(platform.sent, {})) {
-        text += (text.empty() ? "" : " ") + frame;
+        if (!pollsAsOne || frame != before) {
+            text += (text.empty() ? "" : " ") + frame;
+        }
+        before = frame;
     }
     return text;
 }
 
-/// Once.
 void MotionStory::during(Args& args) {
-    platform.onOutput = [this, frame = Word(args), what = Rest(args),
-                         send = platform.onOutput](const std::string& text) {
-        if (text.starts_with(frame) && done.insert(frame + what).second) {
-            platform.after(0, [this, what] { tell(what); });
+    const std::string frame = Word(args);
+    const std::size_t mark = frame.find(':');
+    const int number = mark == std::string::npos ? 1 : std::stoi(frame.substr(mark + 1));
+    platform.onOutput = [this, begins = frame.substr(0, mark), left = number, what = Rest(args),
+                         send = platform.onOutput](const std::string& text) mutable {
+        if (text.starts_with(begins) && --left == 0) {
+            later(0, what);
         }
         send(text);
     };
+}
+
+void MotionStory::later(std::int64_t ms, const std::string& what) {
+    platform.after(ms, [this, what] {
+        for (const std::string& statement : Split(what, ';')) {
+            tell(statement);
+        }
+    });
 }
 
 } // namespace qdw8::test

@@ -5,7 +5,6 @@
 #include "support/story.h"
 
 #include <memory>
-#include <set>
 
 namespace qdw8 {
 class CommandsAway;
@@ -13,8 +12,8 @@ class CommandsAway;
 
 /// What the stories of all windows that act on the machine say: time, the line and its faults, what
 /// the controller does, other commands, the end of the program. "sent" are the frames since it was
-/// asked last; "during FRAME WORDS" lets something happen in the wait for the answer to the next
-/// frame that begins so.
+/// asked last, "frames" the same with equal ones in a row as one; "during FRAME WORDS" lets
+/// something happen in the wait for the answer to the next frame that begins so.
 namespace qdw8::test {
 
 class MotionStory : public LineBench {
@@ -28,10 +27,10 @@ protected:
     void add(const StoryWords& more, const StoryValues& moreValues);
 
 private:
-    std::string frames();
+    std::string frames(bool pollsAsOne);
     void during(Args& args);
+    void later(std::int64_t ms, const std::string& what);
 
-    std::set<std::string> done;
     std::unique_ptr<PollHeld> held;
     std::unique_ptr<CommandsAway> command;
     StoryWords words;
