@@ -40,12 +40,6 @@ struct ScreenSize {
     int height = 0;
 };
 
-/// A serial device that is there.
-struct SerialDevice {
-    std::string path; ///< "/dev/ttyUSB0"
-    std::string name; ///< for reading, as the adapter tells it; may be empty
-};
-
 /// What a report of a fault has to tell of the machine, for reading.
 struct DesktopFacts {
     std::string system;
@@ -83,8 +77,6 @@ struct Platform {
     std::function<void(bool open)> ImeSetOpenStatus;
     std::function<void()> Beep;
     std::function<ScreenSize()> GetScreenSize;
-    /// By their paths. Takes some milliseconds.
-    std::function<std::vector<SerialDevice>()> ListSerialDevices;
     std::function<DesktopFacts()> GetDesktopFacts;
     std::function<LocalTime()> GetLocalTime;
     /// Ends the process at once; no other window gets a chance to ask. On the scripted platform
@@ -93,6 +85,8 @@ struct Platform {
 
     /// Folder of the program, in which the list files lie; no separator at the end.
     std::string programFolder;
+    /// Where the system tells of its serial devices.
+    std::string serialClassFolder = "/sys/class/tty";
     /// Folder of the user's settings; no separator at the end.
     std::string settingsFolder;
 };
@@ -111,7 +105,8 @@ inline SerialControl& MSComm1() {
 /// Path of a file that lies beside the program.
 std::string BesideProgram(const std::string& fileName);
 
-/// Where the link of a port number lies if there is one: `ports/comN` in the user's settings folder.
+/// Where the link of a port number lies if there is one: `ports/comN` in the user's settings
+/// folder.
 std::string LinkOfPort(int portNo);
 /// The device that stands behind a port number: `ports/comN` in the user's settings folder if
 /// there is such a link, else the built-in port /dev/ttyS(N-1).

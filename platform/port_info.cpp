@@ -2,12 +2,14 @@
 
 #include "platform/platform.h"
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <fstream>
 #include <grp.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace qdw8 {
 namespace {
@@ -26,10 +28,31 @@ std::string EndOf(const std::string& link) {
 }
 
 /// The system keeps names for built-in ports that no machine has; it knows those as of no type.
-bool IsNameAlone(const std::string& device) {
-    std::ifstream file("/sys/class/tty/" + fs::path(device).filename().string() + "/type");
+bool IsNameAlone(const fs::path& device) {
+    std::ifstream file(fs::path(ThePlatform().serialClassFolder) / device.filename() / "type");
     int type = 0;
     return file >> type && type == 0;
+}
+
+std::string LineOf(const fs::path& path) {
+    std::ifstream file(path);
+    std::string line;
+    std::getline(file, line);
+    return line;
+}
+
+/// What the adapter tells of itself stands some steps above its serial line: "USB UART (Maker)".
+std::string NameOfAdapter(const fs::path& device) {
+    constexpr int kSteps = 4;
+    std::error_code error;
+    fs::path at = fs::canonical(device, error);
+    for (int step = 0; !error && step < kSteps; ++step, at = at.parent_path()) {
+        if (const std::string product = LineOf(at / "product"); !product.empty()) {
+            const std::string maker = LineOf(at / "manufacturer");
+            return product + (maker.empty() ? "" : " (" + maker + ")");
+        }
+    }
+    return {};
 }
 
 std::string GroupThatMayOpen(const struct stat& device) {
@@ -45,6 +68,24 @@ std::string GroupThatMayOpen(const struct stat& device) {
 }
 
 } // namespace
+
+std::vector<SerialDevice> SerialDevices() {
+    std::vector<SerialDevice> devices;
+    std::error_code error;
+    for (fs::directory_iterator at(ThePlatform().serialClassFolder, error), end; at != end;
+         at.increment(error)) {
+        // Consoles and pseudo-terminals have no device behind them.
+        const fs::path device = at->path() / "device";
+        if (fs::exists(device, error) && !IsNameAlone(at->path())) {
+            devices.push_back({"/dev/" + at->path().filename().string(), NameOfAdapter(device)});
+        }
+    }
+    std::sort(devices.begin(), devices.end(), [](const auto& one, const auto& other) {
+        const auto order = [](const std::string& path) { return std::pair(path.size(), path); };
+        return order(one.path) < order(other.path);
+    });
+    return devices;
+}
 
 PortInfo LookAtPort(int portNo) {
     PortInfo info;

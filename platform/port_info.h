@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 /// What stands behind a port number on this machine, and whether it can be used.
 namespace qdw8 {
@@ -22,6 +23,15 @@ struct PortInfo {
     /// `NotAllowed`: the group whose members may open it; empty if there is none.
     std::string group;
 };
+
+/// A serial device that is there, opened by nobody or somebody.
+struct SerialDevice {
+    std::string path; ///< "/dev/ttyUSB0"
+    std::string name; ///< for reading, as the adapter tells it; empty for a built-in port
+};
+
+/// By their paths. Looks, and opens nothing: that would disturb a line that another program uses.
+std::vector<SerialDevice> SerialDevices();
 
 /// Looks, and opens nothing. `portNo` is the number behind COM; other than 1 to 9 has no device.
 PortInfo LookAtPort(int portNo);

@@ -1,5 +1,6 @@
 #include "program/commands.h"
 
+#include "app/boxes.h"
 #include "app/screens.h"
 #include "link/background.h"
 #include "link/window_command.h"
@@ -55,6 +56,15 @@ void OpenMoveTest() {
 
 void OpenHelp() {
     Screens().frmHelpShow();
+}
+
+void OpenOptions() {
+    const PollHeld held; // another port is closed with nothing going on in it
+    ShowModal(Screens().frmOptions2Show);
+}
+
+void OpenAbout() {
+    ShowModal(Screens().frmAboutShow);
 }
 
 /// The printer dialog for the page set-up; what was chosen stands when something is printed.
@@ -162,7 +172,7 @@ constexpr std::array kRows{
                .tool = {{tbSqMacro, 22, 312, Drawing::SqMacro}}},
     CommandRow{.button = {{cmdJogTeach, 210, 320, Frame::Position, 2, 1}},
                .entry = {{mnuViewTeaching, Menu::View, 277}}},
-    CommandRow{.entry = {{mnuViewOption, Menu::View, 278, "", true}}},
+    CommandRow{.routine = OpenOptions, .entry = {{mnuViewOption, Menu::View, 278, "", true}}},
 
     CommandRow{.routine = mnuSettingsDeviceOnline_Click,
                .entry = {{mnuSettingsDeviceOnline, Menu::Settings, 281}}},
@@ -191,7 +201,9 @@ constexpr std::array kRows{
                .runs = Here,
                .editedCell = LeftAlone,
                .entry = {{mnuHelpContents, Menu::Help, 291, "F1"}}},
-    CommandRow{.entry = {{mnuHelpVersion, Menu::Help, 292}}},
+    CommandRow{.routine = OpenAbout,
+               .editedCell = LeftAlone,
+               .entry = {{mnuHelpVersion, Menu::Help, 292}}},
 };
 
 bool EditedCellAllows(EditedCell editedCell) {

@@ -27,11 +27,13 @@
 #include "windows/dialogs/frmSplash.h"
 #include "windows/dialogs/frmSyogoKekka.h"
 #include "windows/dialogs/frmTrance.h"
+#include "windows/help/frmAbout.h"
 #include "windows/help/frmHelp.h"
 #include "windows/help/help_key.h"
 #include "windows/main/frmMain.h"
 #include "windows/motion/frmIOCheck.h"
 #include "windows/motion/frmMove.h"
+#include "windows/options/frmOptions2.h"
 #include "windows/parameter/frmParameta2.h"
 #include "windows/print/frmPrintPreview.h"
 #include "windows/print/frmPrintSelect.h"
@@ -227,6 +229,8 @@ void WireScreens() {
     screens.frmMoveShow = Open(&Windows::moveTest);
     screens.frmMove = Tell(&Windows::moveTest, &frmMove::showState);
     screens.cmdGrpMoveFocus = Tell(&Windows::moveTest, &frmMove::focusGroupMove);
+    screens.frmOptions2Show = [] { ShowOptions2(TheWindows().main.get()); };
+    screens.frmAboutShow = [] { ShowAbout(TheWindows().main.get()); };
     screens.frmHelpShow = [] { OpenHelp({}); };
     InstallHelpKey(*qApp, OpenHelp);
 }

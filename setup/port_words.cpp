@@ -1,8 +1,9 @@
 #include "setup/port_words.h"
 
 #include "app/string_table.h"
-#include "platform/platform.h"
 #include "platform/port_info.h"
+
+#include <map>
 
 namespace qdw8 {
 namespace {
@@ -18,17 +19,6 @@ std::int16_t TextOf(const PortInfo& info) {
     return info.group.empty() ? 3307 : 3289;
 }
 
-/// The numbers that stand for the device, "COM1, COM3".
-std::string NumbersOf(const std::string& path) {
-    std::string numbers;
-    for (int portNo = 1; portNo <= 9; ++portNo) {
-        if (LookAtPort(portNo).device == path) {
-            numbers += (numbers.empty() ? "COM" : ", COM") + std::to_string(portNo);
-        }
-    }
-    return numbers;
-}
-
 } // namespace
 
 std::string PortSentence(std::int16_t portNo, const PortInfo& info) {
@@ -37,12 +27,13 @@ std::string PortSentence(std::int16_t portNo, const PortInfo& info) {
 
 std::vector<std::string> SerialDeviceLines() {
     std::vector<std::string> lines;
-    for (const SerialDevice& device : ThePlatform().ListSerialDevices()) {
-        std::string line = device.path;
-        for (const std::string& more : {device.name, NumbersOf(device.path)}) {
-            line += more.empty() ? "" : " - " + more;
-        }
-        lines.push_back(line);
+    std::map<std::string, std::string> numbers;
+    for (int portNo = 1; portNo <= 9; ++portNo) {
+        numbers[LookAtPort(portNo).device] += " - COM" + std::to_string(portNo);
+    }
+    for (const SerialDevice& device : SerialDevices()) {
+        lines.push_back(device.path + " - " + (device.name.empty() ? ResText(3291) : device.name) +
+                        numbers[device.path]);
     }
     return lines.empty() ? std::vector{ResText(3283)} : lines;
 }

@@ -3,37 +3,14 @@
 
 #include <QGuiApplication>
 #include <QScreen>
-#include <QSerialPortInfo>
 #include <QStringList>
 #include <QSysInfo>
 
-#include <algorithm>
 #include <gnu/libc-version.h>
 #include <string>
-#include <vector>
 
 namespace qdw8 {
 namespace {
-
-/// "FT232R USB UART, FTDI"; what the adapter doesn't tell is left out.
-std::string NameOf(const QSerialPortInfo& port) {
-    QStringList parts{port.description(), port.manufacturer()};
-    parts.removeAll(QString());
-    parts.removeDuplicates();
-    return parts.join(QLatin1String(", ")).toStdString();
-}
-
-std::vector<SerialDevice> SerialDevices() {
-    std::vector<SerialDevice> devices;
-    const QList<QSerialPortInfo> ports = QSerialPortInfo::availablePorts();
-    for (const QSerialPortInfo& port : ports) {
-        devices.push_back({port.systemLocation().toStdString(), NameOf(port)});
-    }
-    std::sort(
-        devices.begin(), devices.end(),
-        [](const SerialDevice& one, const SerialDevice& other) { return one.path < other.path; });
-    return devices;
-}
 
 QString Described(const QScreen& screen) {
     const QSize size = screen.size() * screen.devicePixelRatio();
@@ -65,7 +42,6 @@ DesktopFacts Facts() {
 } // namespace
 
 void InstallQtMachine() {
-    ThePlatform().ListSerialDevices = SerialDevices;
     ThePlatform().GetDesktopFacts = Facts;
 }
 

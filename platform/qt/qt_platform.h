@@ -47,7 +47,7 @@ void InstallQtSettings();
 /// Clipboard, beep, screen size, program folder and the end of the process.
 void InstallQtDesktop();
 
-/// The machine: its serial devices, and the facts for a report.
+/// The facts for a report.
 void InstallQtMachine();
 
 /// Switching of the input method.

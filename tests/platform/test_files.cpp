@@ -1,5 +1,6 @@
 #include "platform/fault.h"
 #include "platform/platform.h"
+#include "platform/port_info.h"
 #include "platform/side_file.h"
 #include "platform/whole_file.h"
 
@@ -26,7 +27,7 @@ struct Disk {
     int at = 0;               ///< the call that it happens at, the first one is 1
     int calls = 0;            ///< calls so far
     bool namesAll = false;    ///< the file system has no files without a name
-    std::string closed = "-"; ///< a folder that takes no new file
+    std::string closed = "-"; ///< a folder that takes no new file, a device that isn't the user's
 } disk;
 
 template<typename... Arguments> int Call(long call, Arguments... arguments) {
@@ -57,6 +58,9 @@ int rename(const char* from, const char* to) noexcept {
 }
 int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) noexcept {
     return Call(SYS_linkat, fromFolder, from, toFolder, to, flags);
+}
+int access(const char* path, int how) noexcept {
+    return path == disk.closed ? -1 : static_cast<int>(::syscall(SYS_access, path, how));
 }
 int open(const char* path, int flags, ...) {
     va_list rest;
@@ -292,10 +296,24 @@ TEST_F(Files, APortIsALinkInTheSettingsFolderOrABuiltInOne) {
     EXPECT_EQ(DeviceOfPort(9), "/dev/ttyS8");
     fs::create_directory(folder / "settings/ports");
     fs::create_symlink("/dev/null", path("settings/ports/com1"));
-    fs::create_symlink(path("gone"), path("settings/ports/com2")); // no other port steps in for it
+    fs::create_symlink("../gone", path("settings/ports/com2")); // no other port steps in for it
+    fs::create_symlink(path("settings"), path("settings/ports/com3"));
     for (const char* name : {"1", "2"}) {
         EXPECT_EQ(DeviceOfPort(std::stoi(name)), path("settings/ports/com") + name);
     }
+    using enum PortState;
+    for (const auto& [portNo, state, device] :
+         {std::tuple{1, Ready, std::string("/dev/null")},
+          {2, LinkBroken, path("settings/gone")},
+          {3, NoSerialDevice, fs::canonical(path("settings")).string()},
+          {0, NoDevice, "/dev/ttyS-1"}}) {
+        EXPECT_EQ(LookAtPort(portNo).state, state) << portNo;
+        EXPECT_EQ(LookAtPort(portNo).device, device);
+    }
+    disk.closed = "/dev/null";
+    EXPECT_EQ(LookAtPort(1).state, NotAllowed);
+    EXPECT_EQ(LookAtPort(1).group, "root") << "whose members may";
+    disk.closed = "-";
 }
 
 } // namespace

@@ -60,7 +60,6 @@ ScriptedPlatform::ScriptedPlatform() {
     platform.ImeSetOpenStatus = [this](bool open) { imeOpen = open; };
     platform.Beep = [this] { ++beeps; };
     platform.GetScreenSize = [this] { return screen; };
-    platform.ListSerialDevices = [this] { return serialDevices; };
     platform.GetDesktopFacts = [] {
         return DesktopFacts{"System 1", "1280 x 1024", {"Library 2", "Library 3"}};
     };
@@ -68,6 +67,7 @@ ScriptedPlatform::ScriptedPlatform() {
     platform.EndProgram = [this] { ended = true; };
     platform.programFolder = QDW8_DATA_DIR;
     platform.settingsFolder = testing::TempDir();
+    platform.serialClassFolder = QDW8_SOURCE_DIR "/tests/support/serial"; // no port is built in
     installSerial();
     installScreens();
 }

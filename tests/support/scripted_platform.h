@@ -84,7 +84,6 @@ public:
     std::map<std::string, std::string> settings; ///< by key
     std::string clipboard;
     ScreenSize screen{1280, 1024};
-    std::vector<SerialDevice> serialDevices;
     int beeps = 0;
     bool ended = false;
     bool imeOpen = true;

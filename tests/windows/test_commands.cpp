@@ -37,6 +37,8 @@ protected:
         Screens().frmGrpShow = [this] { note("frmGrp"); };
         Screens().frmSqMcrShow = [this] { note("frmSqMcr"); };
         Screens().frmIOCheckShow = [this] { note("frmIOCheck"); };
+        Screens().frmOptions2Show = [this] { note("frmOptions2"); };
+        Screens().frmAboutShow = [this] { note("frmAbout"); };
         Screens().frmHelpShow = [this] { note("frmHelp"); };
         Screens().frmMoveShow = [this] { note("frmMove"); };
         Screens().frmParameta2Show = [this](bool modal) { note(modal ? "" : "frmParameta2"); };

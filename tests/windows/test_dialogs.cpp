@@ -1,7 +1,9 @@
 // The rows of dialogs.txt, and what takes more than a row.
 
 #include "app/command_states.h"
+#include "app/move_defaults.h"
 #include "every_window.h"
+#include "link/port.h"
 #include "main_form.h"
 #include "parameter/factory_lists.h"
 #include "parameter/para_device.h"
@@ -21,6 +23,8 @@
 #include <QComboBox>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
+#include <QTabBar>
 #include <QTest>
 #include <QTimer>
 #include <functional>
@@ -58,6 +62,7 @@ class Dialogs : public MainForm {
 protected:
     Dialogs() {
         ThePlatform().programFolder = QDW8_DATA_DIR;
+        ThePlatform().settingsFolder = "/home/user";
         ThePlatform().ShowMessageBox = [this](const BoxQuestion& asked) {
             told << QString::fromStdString(asked.text).replace("\r\n", " ");
             const bool no = std::exchange(answerNo, false);
@@ -124,6 +129,10 @@ protected:
             for (const QChar typed : what.mid(1)) {
                 QTest::sendKeyEvent(QTest::Click, focus(), Qt::Key_unknown, QString(typed), {});
             }
+        } else if (what.startsWith("tab ")) {
+            auto& bar = Get<QTabBar>(dialog, "qt_tabwidget_tabbar");
+            QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(what.mid(4).toInt()).center());
+            told << QString::number(bar.currentIndex());
         } else if (what.startsWith("paste ")) {
             copyOutside(what.mid(6).toStdString());
             key(*focus(), "Ctrl+V");
@@ -221,6 +230,17 @@ protected:
             EXPECT_EQ(KeepAxisFlag, kClear);
             platform.run(2000);
             return device(0) + ", " + device(1);
+        }
+        if (name == "frmOptions2") {
+            ShowOptions2(parent);
+            return QString("COM%1, %2 stored, speed %3")
+                .arg(PortNo)
+                .arg(platform.settings.size())
+                .arg(VelOf100Pls);
+        }
+        if (name == "frmAbout") {
+            ShowAbout(parent);
+            return QString::fromStdString(ThePlatform().TheClipboard.GetText()).section('\n', 0, 0);
         }
         if (name == "frmGrp") {
             frmGrp form(parent);
@@ -417,6 +437,17 @@ TEST_F(Dialogs, TheResultWindowLeadsToTheCell) {
     dialog.show();
     step(dialog, "cmdCloseSyogokekka");
     EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST_F(Dialogs, TheOptionsStandOnTheCornerOfTheMainWindowAndOnTheScreen) {
+    const QRect screen = window->screen()->availableGeometry();
+    for (const QPoint& corner : {screen.topLeft(), screen.bottomRight() - QPoint(50, 50)}) {
+        window->move(corner);
+        frmOptions2 dialog(window.get());
+        dialog.show();
+        EXPECT_TRUE(screen.contains(dialog.frameGeometry()));
+        EXPECT_EQ(dialog.pos() == corner + QPoint(33, 33), corner == screen.topLeft());
+    }
 }
 
 TEST_F(Dialogs, AWindowThatGoesWhileAListHasTheFocusChangesNothing) {

@@ -154,6 +154,10 @@ protected:
         LoadPrintSelect();
         add<frmPrintSelect>("frmPrintSelect");
         add<frmPrintPreview>("frmPrintPreview");
+        ThePlatform().programFolder = "/opt/QD-W8";
+        ThePlatform().settingsFolder = "/home/user/.config/QD-W8";
+        add<frmOptions2>("frmOptions2");
+        add<frmAbout>("frmAbout");
         ThePlatform().programFolder = QDW8_SOURCE_DIR;
         add<frmHelp>("frmHelp", ReadManual().value_or(Manual{}));
         ThePlatform().programFolder = QDW8_DATA_DIR;

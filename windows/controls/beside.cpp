@@ -6,6 +6,21 @@
 #include <array>
 
 namespace qdw8 {
+namespace {
+
+constexpr int kCornerOffset = 33; ///< 500 twips
+
+/// It has no frame before it is on the screen; it will be as wide as the other one's.
+QSize WithFrame(const QWidget& window, const QWidget& other) {
+    const QSize size = window.testAttribute(Qt::WA_Resized) ? window.size() : window.sizeHint();
+    return size + other.frameGeometry().size() - other.size();
+}
+
+int Within(int wanted, int first, int room) {
+    return std::max(first, std::min(wanted, first + room));
+}
+
+} // namespace
 
 void PutBesideParent(QWidget& window) {
     const QWidget* const parent = window.parentWidget();
@@ -14,15 +29,11 @@ void PutBesideParent(QWidget& window) {
     }
     const QRect other = parent->frameGeometry();
     const QRect screen = parent->screen()->availableGeometry();
-    // It has no frame before it is on the screen; it will be as wide as the other one's.
-    const QSize size = window.sizeHint() + other.size() - parent->size();
-    const auto within = [](int wanted, int first, int room) {
-        return std::max(first, std::min(wanted, first + room));
-    };
+    const QSize size = WithFrame(window, *parent);
     const int roomAcross = screen.width() - size.width();
     const int roomDown = screen.height() - size.height();
-    const int x = within(other.x(), screen.x(), roomAcross);
-    const int y = within(other.y(), screen.y(), roomDown);
+    const int x = Within(other.x(), screen.x(), roomAcross);
+    const int y = Within(other.y(), screen.y(), roomDown);
     const std::array places{
         QPoint(other.x() + other.width(), y), QPoint(other.x() - size.width(), y),
         QPoint(x, other.y() + other.height()), QPoint(x, other.y() - size.height())};
@@ -31,6 +42,17 @@ void PutBesideParent(QWidget& window) {
     window.move(best != places.end() ? *best
                                      : QPoint(screen.x() + std::max(0, roomAcross),
                                               screen.y() + std::max(0, roomDown)));
+}
+
+void PutOnCorner(QWidget& window) {
+    if (const QWidget* const parent = window.parentWidget()) {
+        const QSize size = WithFrame(window, *parent);
+        const QRect screen = parent->screen()->availableGeometry();
+        const QPoint corner = parent->frameGeometry().topLeft();
+        window.move(
+            Within(corner.x() + kCornerOffset, screen.x(), screen.width() - size.width()),
+            Within(corner.y() + kCornerOffset, screen.y(), screen.height() - size.height()));
+    }
 }
 
 } // namespace qdw8

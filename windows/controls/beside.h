@@ -10,4 +10,9 @@ namespace qdw8 {
 /// a parent window on the screen nothing happens.
 void PutBesideParent(QWidget& window);
 
+/// Puts a window that isn't on the screen yet over its parent window, 500 twips (33 pixels) right
+/// of and below its corner, and wholly on the screen if it fits there. Without a parent window
+/// nothing happens.
+void PutOnCorner(QWidget& window);
+
 } // namespace qdw8

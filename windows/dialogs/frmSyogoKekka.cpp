@@ -4,6 +4,7 @@
 #include "position/flex_grid.h"
 #include "position/grid_cursor.h"
 #include "position/posi_table.h"
+#include "windows/controls/beside.h"
 #include "windows/controls/group_header.h"
 #include "windows/controls/load_form_resources.h"
 #include "windows/controls/refused_field.h"
@@ -28,7 +29,7 @@ namespace {
 constexpr int kColumns = 20; ///< the position number and table columns 0 to 18
 constexpr int kMargin = 12;
 constexpr int kSpacing = 8;
-constexpr int kOffset = 33; ///< 500 twips
+constexpr int kOffset = 33; ///< that the screen shows around it
 constexpr int kCellPadding = 6;
 
 /// The axis of a column of the window, or -1 for the number and the columns common to the row.
@@ -171,13 +172,11 @@ frmSyogoKekka::frmSyogoKekka(QWidget* parent) : QDialog(parent) {
     close->setFocus();
 
     QSize size(940, 480);
-    if (parent != nullptr) {
-        move(parent->frameGeometry().topLeft() + QPoint(kOffset, kOffset));
-    }
     if (const QScreen* on = screen()) {
         size = size.boundedTo(on->availableSize() - QSize(2 * kOffset, 2 * kOffset));
     }
     resize(size);
+    PutOnCorner(*this);
 }
 
 bool frmSyogoKekka::eventFilter(QObject* watched, QEvent* event) {
