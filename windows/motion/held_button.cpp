@@ -18,12 +18,18 @@ bool IsLeftPress(const QEvent& event) {
            static_cast<const QMouseEvent&>(event).button() == Qt::LeftButton;
 }
 
-bool IsSpace(const QEvent& event, QEvent::Type type) {
+bool IsKey(const QEvent& event, QEvent::Type type, bool space) {
     if (event.type() != type) {
         return false;
     }
     const auto& key = static_cast<const QKeyEvent&>(event);
-    return key.key() == Qt::Key_Space && !key.isAutoRepeat();
+    return (key.key() == Qt::Key_Space) == space && !key.isAutoRepeat();
+}
+bool IsSpacePress(const QEvent& event) {
+    return IsKey(event, QEvent::KeyPress, true);
+}
+bool IsSpaceRelease(const QEvent& event) {
+    return IsKey(event, QEvent::KeyRelease, true);
 }
 
 } // namespace
@@ -57,7 +63,7 @@ void HeldButton::release() {
 
 bool HeldButton::isReleased(const QEvent& event) const {
     if (by == By::Key) {
-        return IsSpace(event, QEvent::KeyRelease);
+        return IsSpaceRelease(event);
     }
     switch (event.type()) {
     case QEvent::MouseButtonRelease:
@@ -95,20 +101,23 @@ bool HeldButton::eventFilter(QObject* watched, QEvent* event) {
     if (holding && (!held || isReleased(*event) || isLost(watched, *event))) {
         release();
     }
+    // The last key that went down is the one that repeats itself.
+    if (IsSpaceRelease(*event) || IsKey(*event, QEvent::KeyPress, false)) {
+        spaceMayRepeat = false;
+    }
     const auto found = std::find(buttons.begin(), buttons.end(), watched);
     if (found == buttons.end()) {
         return false;
     }
-    const auto index = static_cast<int>(found - buttons.begin());
-    if (!holding && (*found)->isEnabled()) {
-        if (IsLeftPress(*event)) {
-            begin(index, By::Mouse);
-        } else if (IsSpace(*event, QEvent::KeyPress)) {
-            begin(index, By::Key);
-        }
+    const bool spacePress = IsSpacePress(*event);
+    const bool repeats = spacePress && spaceMayRepeat;
+    spaceMayRepeat = spaceMayRepeat || spacePress;
+    if (!holding && !repeats && (*found)->isEnabled() && (spacePress || IsLeftPress(*event))) {
+        begin(static_cast<int>(found - buttons.begin()), spacePress ? By::Key : By::Mouse);
     }
-    // A button that is no longer held must not look so when the mouse comes back to it.
-    return event->type() == QEvent::MouseMove && !holding;
+    // A button that isn't held must not look so, when the mouse comes back to it or a key repeats
+    // itself.
+    return !holding && (repeats || event->type() == QEvent::MouseMove);
 }
 
 } // namespace qdw8

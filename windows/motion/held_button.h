@@ -18,7 +18,9 @@ namespace qdw8 {
 /// the button loses the focus, is switched off or hidden, when the window is no longer the active
 /// one, is hidden, minimised, closed or blocked by a box, when the mouse is taken away, when the
 /// whole program is no longer in front, as behind a locked screen, and when it ends. A key that
-/// repeats itself neither begins nor ends one.
+/// repeats itself neither begins nor ends one. A window system that hands the keys back to the
+/// window doesn't tell that a key only goes on repeating itself, so behind a hold that was lost
+/// Space must have been seen to go up, or another key to go down, before it counts again.
 class HeldButton : public QObject {
 public:
     struct Events {
@@ -48,6 +50,7 @@ private:
     QPointer<QAbstractButton> held;
     By by = By::Mouse;
     bool holding = false;
+    bool spaceMayRepeat = false; ///< it went down, and wasn't seen to go up
 };
 
 } // namespace qdw8
