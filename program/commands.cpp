@@ -50,6 +50,10 @@ void OpenIoMonitor() {
     OpenMotionWindow(&ScreenFunctions::frmIOCheckShow);
 }
 
+void OpenTeaching() {
+    OpenMotionWindow(&ScreenFunctions::frmJOGShow);
+}
+
 void OpenMoveTest() {
     OpenMotionWindow(&ScreenFunctions::frmMoveShow);
 }
@@ -170,7 +174,8 @@ constexpr std::array kRows{
                .button = {{cmdSqMcrWinOpen, 247, 312, Frame::Controller, 1, 1}},
                .entry = {{mnuViewSqMacro, Menu::View, 276}},
                .tool = {{tbSqMacro, 22, 312, Drawing::SqMacro}}},
-    CommandRow{.button = {{cmdJogTeach, 210, 320, Frame::Position, 2, 1}},
+    CommandRow{.routine = OpenTeaching,
+               .button = {{cmdJogTeach, 210, 320, Frame::Position, 2, 1}},
                .entry = {{mnuViewTeaching, Menu::View, 277}}},
     CommandRow{.routine = OpenOptions, .entry = {{mnuViewOption, Menu::View, 278, "", true}}},
 

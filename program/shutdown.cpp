@@ -8,6 +8,7 @@
 #include "link/background.h"
 #include "link/port.h"
 #include "link/window_command.h"
+#include "motion/teach_clicks.h"
 #include "parameter/para_fields.h"
 #include "parameter/para_file.h"
 #include "position/posi_file.h"
@@ -67,7 +68,7 @@ bool UserConfirms() {
 } // namespace
 
 bool frmMain_QueryUnload() {
-    if (IsSet(ProgramEndFlag) || !UserConfirms()) {
+    if (IsSet(ProgramEndFlag) || !TeachingAllowsEnd() || !UserConfirms()) {
         return false;
     }
     if (CommandsTaken()) {

@@ -32,6 +32,7 @@
 #include "windows/help/help_key.h"
 #include "windows/main/frmMain.h"
 #include "windows/motion/frmIOCheck.h"
+#include "windows/motion/frmJOG.h"
 #include "windows/motion/frmMove.h"
 #include "windows/options/frmOptions2.h"
 #include "windows/parameter/frmParameta2.h"
@@ -62,6 +63,7 @@ struct Windows {
     std::unique_ptr<frmGrp> groups;
     std::unique_ptr<frmSqMcr> macros;
     std::unique_ptr<frmIOCheck> inputOutput;
+    std::unique_ptr<frmJOG> teaching;
     std::unique_ptr<frmMove> moveTest;
     std::unique_ptr<frmHelp> help;
 };
@@ -226,6 +228,8 @@ void WireScreens() {
     screens.PrintSmData = PrintSmData;
     screens.PrintParaData = PrintParaData;
     screens.frmIOCheck = Tell(&Windows::inputOutput, &frmIOCheck::showState);
+    screens.frmJOGShow = Open(&Windows::teaching);
+    screens.frmJOG = Tell(&Windows::teaching, &frmJOG::showState);
     screens.frmMoveShow = Open(&Windows::moveTest);
     screens.frmMove = Tell(&Windows::moveTest, &frmMove::showState);
     screens.cmdGrpMoveFocus = Tell(&Windows::moveTest, &frmMove::focusGroupMove);

@@ -21,6 +21,7 @@
 #include "windows/help/frmAbout.h"
 #include "windows/help/frmHelp.h"
 #include "windows/motion/frmIOCheck.h"
+#include "windows/motion/frmJOG.h"
 #include "windows/motion/frmMove.h"
 #include "windows/options/frmOptions2.h"
 #include "windows/parameter/frmDevice.h"

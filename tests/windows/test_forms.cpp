@@ -150,6 +150,8 @@ protected:
         add<frmGrp>("frmGrp");
         add<frmSqMcr>("frmSqMcr");
         add<frmIOCheck>("frmIOCheck");
+        add<frmJOG>("frmJOG");
+        UnloadJog();
         add<frmMove>("frmMove");
         LoadPrintSelect();
         add<frmPrintSelect>("frmPrintSelect");
