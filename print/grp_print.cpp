@@ -5,8 +5,6 @@
 #include "print/print_page.h"
 #include "tables/grp_table.h"
 
-#include <filesystem>
-
 namespace qdw8 {
 namespace {
 
@@ -75,8 +73,7 @@ void PrintGrpHeader(const std::string& fileName) {
 }
 
 void PrintGrpData(const std::string& fileName) {
-    RunPrint({24, kPageLines, [&fileName] { PrintPage(fileName); }, ResText(397),
-              std::filesystem::path(fileName).stem().string()});
+    RunPrint({24, kPageLines, [&fileName] { PrintPage(fileName); }, ResText(397), fileName, 833});
 }
 
 } // namespace qdw8

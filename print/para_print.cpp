@@ -9,7 +9,6 @@
 #include "print/print_page.h"
 
 #include <array>
-#include <filesystem>
 #include <optional>
 
 namespace qdw8 {
@@ -19,7 +18,7 @@ constexpr double kLabelX = 20.0;
 constexpr double kFileNameX = 80.0;
 constexpr std::array<double, kAxes + 1> kAxisX{80, 105, 130, 155, kPageRight};
 constexpr double kSingleX = 120.0;
-constexpr double kGap = 0.5;
+constexpr double kGap = 2.0; ///< a character between two values
 constexpr int kFirstLine = 3;
 
 /// A line of the page.
@@ -153,8 +152,7 @@ void PrintPage(const std::string& fileName) {
 } // namespace
 
 void PrintParaData(const std::string& fileName) {
-    RunPrint({24, kPageLines, [&fileName] { PrintPage(fileName); }, ResText(397),
-              std::filesystem::path(fileName).stem().string()});
+    RunPrint({24, kPageLines, [&fileName] { PrintPage(fileName); }, ResText(397), fileName, 12});
 }
 
 } // namespace qdw8

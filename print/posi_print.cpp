@@ -19,7 +19,7 @@ constexpr int kLinesLeft = 7;
 constexpr double kHeadPoints = 9.0;
 constexpr double kCommentPoints = 8.0;
 constexpr double kNumberX = 20.0;
-constexpr double kGap = 0.5; ///< between a text and the next one
+constexpr double kGap = 1.0; ///< between a text and the next one
 
 struct ColumnPlace {
     int column; ///< of the table

@@ -182,13 +182,16 @@ std::optional<PosiPrint> Stage(const std::string& path) {
     if (!ReadRows(path)) {
         return std::nullopt;
     }
+    if (IsSet(FileCommentCut)) {
+        ShowTexts({3020});
+    }
     GridFirst = FileFirst;
     GridLast = FileLast;
     GridRowCount = static_cast<std::int16_t>(FileLast - FileFirst + 1);
     if (!AskRange(Screens().frmSelectPosiNo3)) {
         return std::nullopt;
     }
-    PosiPrint print{std::filesystem::path(path).filename().string(), FileDevText, {}};
+    PosiPrint print{std::filesystem::path(path).filename().string(), path, FileDevText, {}};
     const auto units = IsSet(DispMmFlag) ? FileUnits() : std::array<LeadPpr, kAxes>();
     for (int position = PosiFirst; position <= PosiLast; ++position) {
         print.rows.push_back(FileRow(position, units));
@@ -199,7 +202,7 @@ std::optional<PosiPrint> Stage(const std::string& path) {
 } // namespace
 
 PosiPrint StageShownPositions() {
-    PosiPrint print{PosiFileName, {}, {}};
+    PosiPrint print{PosiFileName, PosiFilePath, {}, {}};
     for (std::size_t axis = 0; axis < kAxes; ++axis) {
         print.devices[axis] = IsSet(AxisOff[axis]) ? "" : ThePanel().lblDeviceType[axis];
     }

@@ -18,7 +18,8 @@ struct PosiPrintRow {
 };
 
 struct PosiPrint {
-    std::string fileName;
+    std::string fileName;                   ///< as it is printed
+    std::string path;                       ///< of the file; empty when there is none
     std::array<std::string, kAxes> devices; ///< empty for an axis out of use
     std::vector<PosiPrintRow> rows;
 };

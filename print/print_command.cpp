@@ -18,7 +18,6 @@
 #include "print/print_select.h"
 
 #include <exception>
-#include <filesystem>
 #include <optional>
 
 namespace qdw8 {
@@ -54,8 +53,7 @@ bool PrintPositions() {
         return false;
     }
     const bool printed = RunPrint({399, kPosiPageLines, [&staged] { PrintPosiPages(*staged); },
-                                   Lines({ResText(397) + "(3)", ResText(396)}),
-                                   std::filesystem::path(staged->fileName).stem().string()});
+                                   Lines({ResText(397) + "(3)", ResText(396)}), staged->path, 407});
     ClearPosiErrors();
     return printed;
 }
@@ -66,7 +64,7 @@ void PrintParameters() {
             return;
         }
     } else if (IsSet(ParaLoadedFlag)) {
-        FillRowTable("INDICATED DATA");
+        FillRowTable(kShownName);
     } else {
         ShowTexts({7, 8});
         return;

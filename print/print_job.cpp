@@ -11,13 +11,14 @@
 #include "print/print_page.h"
 
 #include <exception>
+#include <filesystem>
 #include <optional>
 
 namespace qdw8 {
 namespace {
 
 struct State {
-    std::string name;   ///< of the document that is looked at
+    std::string name;   ///< proposed for a PDF file of the document that is looked at
     bool saved = false; ///< it went into a PDF file
 };
 State state;
@@ -44,6 +45,12 @@ struct DocumentDropped {
     DocumentDropped(const DocumentDropped&) = delete;
     DocumentDropped& operator=(const DocumentDropped&) = delete;
 };
+
+std::string PdfName(const PrintJob& job) {
+    const bool file = !job.fileName.empty() && job.fileName != kShownName;
+    const std::filesystem::path name = file ? job.fileName : ResText(job.shownName);
+    return name.stem().string() + ".pdf";
+}
 
 PrinterAnswer AskPrinter() {
     if (IsSet(ProgramEndFlag)) {
@@ -98,7 +105,7 @@ std::optional<bool> PrintOnce(const PrintJob& job) {
 } // namespace
 
 bool RunPrint(const PrintJob& job) {
-    state = {job.name, false};
+    state = {PdfName(job), false};
     try {
         std::optional<bool> done;
         while (!done) {
@@ -116,7 +123,7 @@ bool RunPrint(const PrintJob& job) {
 
 void cmdPreviewPdf_Click() {
     try {
-        const auto chosen = AskFileToSave(kPdfFile, 3264, state.name + ".pdf");
+        const auto chosen = AskFileToSave(kPdfFile, 3264, state.name);
         if (!chosen) {
             return;
         }

@@ -14,9 +14,12 @@ struct PrintJob {
     std::function<void()> draw;
     /// What is told when the printer or `draw` fails.
     std::string failure;
-    /// A name for the PDF file that the user may save it as, without extension.
-    std::string name;
+    /// File name of the data, whose name the user may save the pages under as a PDF file.
+    std::string fileName;
+    std::int16_t shownName = 0; ///< text with the one for what a window shows
 };
+/// What is printed in the place of a file's name for what a window shows.
+inline constexpr const char* kShownName = "INDICATED DATA";
 
 /// Asks for the printer, draws the pages, shows them to a user who wants to look first, and prints
 /// them. False: nothing was printed; a box has told that the user cancelled, or that it failed. A

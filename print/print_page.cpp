@@ -90,13 +90,14 @@ std::string Fitted(std::string text, double points, double width, double height)
     Paper().SetFontSize(points);
     const double wide = Paper().TextWidth(text);
     const double high = Paper().TextHeight(text);
-    const double scale = std::min({1.0, width / std::max(wide, 1e-6), height / high});
-    if (scale == 1.0) {
-        return text;
-    }
-    const double size = std::floor(points * scale * kPointStep) / kPointStep;
-    Paper().SetFontSize(std::max(size, kLeastPoints));
-    if (size < kLeastPoints && Paper().TextWidth(text) > width) {
+    const auto scaled = [points](double scale) {
+        return std::floor(points * scale * kPointStep) / kPointStep;
+    };
+    const double byHeight = height < high ? scaled(height / high) : points;
+    const double byWidth = width < wide ? scaled(width / wide) : points;
+    const double least = std::min(kLeastPoints, byHeight);
+    Paper().SetFontSize(std::max(std::min(byHeight, byWidth), least));
+    if (byWidth < least) {
         do {
             DropLast(text);
         } while (!text.empty() && Paper().TextWidth(text + "...") > width);

@@ -6,7 +6,6 @@
 #include "tables/sm_table.h"
 
 #include <array>
-#include <filesystem>
 
 namespace qdw8 {
 namespace {
@@ -72,8 +71,7 @@ void PrintSmHeader(const std::string& fileName) {
 }
 
 void PrintSmData(const std::string& fileName) {
-    RunPrint({24, kPageLines, [&fileName] { PrintPages(fileName); }, ResText(397),
-              std::filesystem::path(fileName).stem().string()});
+    RunPrint({24, kPageLines, [&fileName] { PrintPages(fileName); }, ResText(397), fileName, 934});
 }
 
 } // namespace qdw8

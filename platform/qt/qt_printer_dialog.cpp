@@ -22,6 +22,9 @@ void AddPreviewButton(QPrintDialog& dialog, bool& preview) {
     if (buttons == nullptr) {
         return;
     }
+    if (auto* print = buttons->button(QDialogButtonBox::Ok)) {
+        print->setObjectName(QStringLiteral("cmdPrinterPrint"));
+    }
     auto* look = buttons->addButton(QString::fromStdString(TheStandardTexts().preview),
                                     QDialogButtonBox::ActionRole);
     look->setObjectName(QStringLiteral("cmdPrintPreview"));
