@@ -16,6 +16,8 @@ namespace qdw8 {
 namespace {
 
 constexpr int kTitleWeight = 20; ///< a word in the title tells more than one in the text
+/// Characters. A short page with a word is more about it than a long list that has it, too.
+constexpr double kShortPage = 500.0;
 
 std::optional<QString> ReadText(const QString& path) {
     QFile file(path);
@@ -159,7 +161,7 @@ QStringList ManualSearch::find(const QString& question) {
         read();
     }
     const QStringList words = WordsOf(question);
-    std::vector<std::pair<qsizetype, QString>> found;
+    std::vector<std::pair<double, QString>> found;
     for (const auto& [file, text] : texts) {
         const QString title = manual.titleOf(file).toLower();
         qsizetype all = 0;
@@ -170,13 +172,14 @@ QStringList ManualSearch::find(const QString& question) {
                 return times > 0;
             });
         if (fits) {
-            found.emplace_back(all, file);
+            found.emplace_back(
+                static_cast<double>(all) / (kShortPage + static_cast<double>(text.size())), file);
         }
     }
     std::stable_sort(found.begin(), found.end(),
                      [](const auto& a, const auto& b) { return a.first > b.first; });
     QStringList files;
-    for (const auto& [times, file] : found) {
+    for (const auto& [share, file] : found) {
         files += file;
     }
     return files;

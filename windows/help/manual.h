@@ -52,7 +52,7 @@ QString PageBody(const Manual& manual, const QString& file);
 /// The style sheet of all languages, for the head of a document.
 QString StyleSheet(const Manual& manual);
 
-/// The pages that hold all the words of a question, the one that tells most of them first.
+/// The pages that hold all the words of a question, the one that is most about them first.
 class ManualSearch {
 public:
     explicit ManualSearch(const Manual& of) : manual(of) {}
