@@ -20,6 +20,8 @@ constexpr std::int16_t kManualTitle = 3320;
 constexpr double kMmPerInch = 25.4;
 constexpr double kMarginMm = 20.0;
 constexpr double kFootMm = 10.0; ///< below the text, where the number of the sheet stands
+/// What begins on the next sheet must not show its first hair at the foot of this one.
+constexpr double kHairMm = 0.3;
 
 /// All pages in one text. `sheets`: the sheet on which each of them begins, as far as it is known.
 QString WholeText(const Manual& manual, const std::vector<int>& sheets) {
@@ -58,9 +60,9 @@ std::vector<int> Beginnings(const QTextDocument& text) {
     return sheets;
 }
 
-void DrawSheet(QPainter& painter, const QTextDocument& text, int sheet) {
+void DrawSheet(QPainter& painter, const QTextDocument& text, int sheet, double hair) {
     const QSizeF size = text.pageSize();
-    const QRectF part(QPointF(0.0, sheet * size.height()), size);
+    const QRectF part(0.0, sheet * size.height(), size.width(), size.height() - hair);
     QAbstractTextDocumentLayout::PaintContext context;
     context.palette = QPalette(Qt::black, Qt::white); // paper is white, whatever the screen is
     context.palette.setColor(QPalette::Text, Qt::black);
@@ -100,7 +102,7 @@ bool PrintManual(const Manual& manual, QPagedPaintDevice& paper) {
     for (int sheet = 0; good && sheet < text.pageCount(); ++sheet) {
         good = sheet == 0 || paper.newPage();
         if (good) {
-            DrawSheet(painter, text, sheet);
+            DrawSheet(painter, text, sheet, kHairMm * mmY);
             painter.setPen(Qt::black);
             painter.drawText(foot, Qt::AlignRight | Qt::AlignBottom, QString::number(sheet + 1));
         }
