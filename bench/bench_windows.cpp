@@ -4,7 +4,10 @@
 #include "app/Module1.h"
 #include "app/screens.h"
 #include "platform/platform.h"
+#include "platform/qt/qt_platform.h"
 #include "program/init_tables.h"
+#include "windows/help/frmAbout.h"
+#include "windows/options/frmOptions2.h"
 #include "windows/parameter/frmParameta2.h"
 #include "windows/tables/frmGrp.h"
 #include "windows/tables/frmSqMcr.h"
@@ -27,6 +30,11 @@ void InstallQuietPlatform() {
         throw std::logic_error("unexpected box: " + question.text);
     };
     platform.Beep = [] {};
+    platform.MSComm1.PortOpen = [] { return false; };
+    platform.Settings.GetSetting = [](const auto&, const auto&, const auto& fallback) {
+        return fallback;
+    };
+    InstallQtMachine();
 }
 
 /// Sees the first picture of a window.
@@ -79,6 +87,17 @@ BENCHMARK(OpenUntilPainted<frmGrp>)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 BENCHMARK(OpenUntilPainted<frmSqMcr>)
+    ->Arg(kEnglish)
+    ->Arg(0)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+
+BENCHMARK(OpenUntilPainted<frmOptions2>)
+    ->Arg(kEnglish)
+    ->Arg(0)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK(OpenUntilPainted<frmAbout>)
     ->Arg(kEnglish)
     ->Arg(0)
     ->Unit(benchmark::kMillisecond)

@@ -111,7 +111,7 @@ TEST_F(PortWordsTest, SayWhatIsMissingInOneSentence) {
     const std::string link = "/home/ports/com2";
     for (const auto& [info, sentence] : std::vector<std::pair<PortInfo, std::string>>{
              {{PortState::Ready, "/dev/ttyUSB0", link, true, ""},
-              "COM2 is /dev/ttyUSB0, by the link /home/ports/com2, and can be opened."},
+              "COM2 is /dev/ttyUSB0 (link /home/ports/com2) and can be opened."},
              {{PortState::Ready, "/dev/ttyS1", link, false, ""},
               "COM2 is the built-in port /dev/ttyS1 and can be opened."},
              {{PortState::NoDevice, "/dev/ttyS1", link, false, ""},

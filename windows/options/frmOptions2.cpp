@@ -24,6 +24,7 @@ namespace {
 
 constexpr int kMargin = 12;
 constexpr int kSpacing = 10;
+constexpr int kArrowGap = 2;
 constexpr int kIndent = 24;    ///< of what explains a choice, below it
 constexpr int kTextWidth = 52; ///< of a page, in digits
 
@@ -161,9 +162,12 @@ QWidget* frmOptions2::makeTeachingPage() {
     });
     connect(upDown, &QSpinBox::valueChanged, this,
             [this](int number) { txtJogVel->setText(QString::number(number)); });
+    auto* number = new QHBoxLayout;
+    number->setSpacing(kArrowGap);
+    number->addWidget(txtJogVel);
+    number->addWidget(upDown);
     row->addWidget(caption);
-    row->addWidget(txtJogVel);
-    row->addWidget(upDown);
+    row->addLayout(number);
     row->addStretch();
     layout->addLayout(row);
     layout->addWidget(makeAcc("optJogAcc", 2546, optJogAcc, made));
