@@ -68,10 +68,6 @@ void Fill(const std::string& positions) {
     flgdProgram_GoTo(0);
 }
 
-std::string Joined(std::string text, const std::string& part) {
-    return text + (text.empty() ? "" : " ") + part;
-}
-
 class Story : public Opened<MotionStory> {
 public:
     Story() {
@@ -89,7 +85,7 @@ public:
              {"open", [](Args&) { OpenMotionWindow(&ScreenFunctions::frmMoveShow); }},
              {"busy", [](Args&) { CtBusyFlag = kSet; }},
              {"free", [](Args&) { CtBusyFlag = kClear; }},
-             {"no-port", [this](Args&) { platform.failingOpens = -1; }},
+             {"port-fails", [this](Args& a) { platform.failingOpens = Number(a); }},
              {"sim-alarm",
               [this](Args& a) {
                   line.controller.raiseAlarm({'0', '0', Word(a).back()}, platform.now);
@@ -126,11 +122,6 @@ public:
                   const int key = Number(a);
                   return Edit2Takes(key, static_cast<std::size_t>(Number(a))) ? "yes" : "no";
               }},
-             {"opens",
-              [this](Args&) {
-                  return std::to_string(
-                      std::count(platform.events.begin(), platform.events.end(), "open fails"));
-              }},
              {"beeps", [this](Args&) { return std::to_string(platform.beeps); }},
              {"focused", [this](Args&) { return std::to_string(focused); }}});
     }
@@ -140,10 +131,10 @@ private:
         const MoveEnabled on = MoveForm().enabled;
         std::string names;
         for (const auto& [name, control] : kControls) {
-            names = on.*control ? names : Joined(names, name);
+            names += on.*control ? "" : name + " ";
         }
-        for (std::size_t tab = 0; tab < kMoveTabs; ++tab) {
-            names = on.SSTab1[tab] ? names : Joined(names, "SSTab1(" + std::to_string(tab) + ")");
+        for (const bool tab : on.SSTab1) {
+            names += tab ? "1" : "0";
         }
         return names;
     }
@@ -151,13 +142,15 @@ private:
         const MoveFormData form = MoveForm();
         std::string text;
         for (const std::string& cell : form.fields.flgdProgram) {
-            text = Joined(text, cell.empty() ? "-" : cell);
+            text += (cell.empty() ? "-" : cell) + " ";
         }
-        return text + ", next " + std::to_string(form.nextCell) + ", column " +
-               std::to_string(form.fields.column) + ", " +
-               std::to_string(form.fields.lblStartPosiNo) + " to " +
-               std::to_string(form.fields.lblEndPosiNo) + ", " + form.fields.list.timer + ", " +
-               form.fields.range.timer;
+        for (const std::size_t column : {form.nextCell, form.fields.column}) {
+            text += "(" + std::to_string(column) + ") ";
+        }
+        for (const int position : {form.fields.lblStartPosiNo, form.fields.lblEndPosiNo}) {
+            text += std::to_string(position) + " ";
+        }
+        return text + form.fields.list.timer + "," + form.fields.range.timer;
     }
     int focused = 0;
 };
