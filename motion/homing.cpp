@@ -49,7 +49,6 @@ MotionEnd HomeAllAxes(const GiveUpLook& dontStart, const GiveUpLook& giveUp) {
     if (IsGivenUp(dontStart)) {
         return MotionEnd::GivenUp;
     }
-    ReplyText.clear();
     if (TellLostLine() || MoveToPosition(0, 1) != 0) {
         return MotionEnd::Failed;
     }

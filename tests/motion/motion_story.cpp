@@ -33,10 +33,10 @@ MotionStory::MotionStory()
           {"fault", [this](Args& a) { addFault(Word(a)); }},
           {"mend", [this](Args&) { line.controller.clearFaults(); }},
           {"cable", [this](Args&) { platform.breakLine(); }},
-          {"alarm",
-           [this](Args&) {
+          {"hear",
+           [this](Args& a) {
                EnableTimer(Timer1);
-               platform.arrive(0, "0%%006\r\n");
+               platform.arrive(0, Rest(a) + "\r\n");
            }},
           {"inputs", [this](Args& a) { line.controller.setInputs(Hex(a), platform.now); }},
           {"outputs", [this](Args& a) { line.controller.setOutputs(Hex(a)); }},

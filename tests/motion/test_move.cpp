@@ -1,6 +1,7 @@
 // The move test: stories/move.txt, every frame of every run with every fault of the line, and every
 // way out of a run at every moment.
 
+#include "app/transfer_dialog.h"
 #include "link/line_state.h"
 #include "motion/motion_story.h"
 #include "motion/motion_window.h"
@@ -39,7 +40,8 @@ const std::map<std::string, void (*)()> kClicks{
     NAMED(cmdMove_Click),    NAMED(cmdSelectMove_Click), NAMED(cmdGrpMove_Click),
     NAMED(cmdHome_Click),    NAMED(cmdStop_Click),       NAMED(cmdStop2_Click),
     NAMED(cmdTmpStop_Click), NAMED(cmdTempStop2_Click),  NAMED(cmdGrpMoveStop_Click),
-    NAMED(cmdInp1toF_Click), NAMED(cmdDataClear_Click),  {"cmdMoveWinClose_Click", UnloadMove}};
+    NAMED(cmdInp1toF_Click), NAMED(cmdDataClear_Click),  {"cmdMoveWinClose_Click", UnloadMove},
+    NAMED(cmdGiveUp_Click)};
 #define SETS(name)                                                                                 \
     { #name, Sets(name) }
 const std::map<std::string, std::function<void(int)>> kSettings{
