@@ -49,7 +49,7 @@ MotionEnd HomeAllAxes(const GiveUpLook& dontStart, const GiveUpLook& giveUp) {
     if (IsGivenUp(dontStart)) {
         return MotionEnd::GivenUp;
     }
-    if (TellLostLine() || MoveToPosition(0, 1) != 0) {
+    if (MoveToPosition(0, 1) != 0) {
         return MotionEnd::Failed;
     }
     const MotionEnd end = WaitForArrival(giveUp);
