@@ -53,7 +53,7 @@ void SeeMove(bool byItself) {
 }
 
 void SeeReading() {
-    if (state.due ? LastStop != Stop::Answered : !state.byItself) {
+    if (!state.due && !state.byItself) {
         return;
     }
     if (state.reading == JogPresentPos) {

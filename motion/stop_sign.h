@@ -26,8 +26,8 @@ void StopSignTick();
 /// An axis is about to be moved: until a stop is confirmed, or, with `byItself`, to the end of a
 /// step.
 void SeeMove(bool byItself);
-/// A reading came. Two in turn that are equal confirm a stop that has been answered, and end a step
-/// that ran by itself: no axis moves any more.
+/// A reading came, behind the answer to the stop where one is due. Two in turn that are equal
+/// confirm that stop, and end a step that ran by itself: no axis moves any more.
 void SeeReading();
 /// An exchange has failed, and no more readings come. Where an axis may move, a stop that was due
 /// is not confirmed by anything any more. The stop that the exchange itself has sent counts where
