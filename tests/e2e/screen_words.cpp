@@ -131,6 +131,14 @@ void Portrait(Told told) {
     });
 }
 
+/// LABEL: leaves what stands in front of the first comma, so that a picture doesn't tell of the
+/// very machine that it was taken on.
+void Shorten(Told told) {
+    WaitReady(told.value(0));
+    OnGui(
+        [&] { return Ready(told[0])->setProperty("text", ReadText(told[0]).section(u',', 0, 0)); });
+}
+
 void Close() {
     WaitFor([] { return Seen("frmMain") != nullptr; });
     CloseWindow(OnGui([] { return Seen("frmMain"); }));
@@ -169,6 +177,7 @@ Words ScreenWords() {
         {"clipboard", SetClipboard},
         {"picture", [](Told told) { Picture(told.value(0)); }},
         {"portrait", Portrait},
+        {"shorten", Shorten},
         {"close", [](Told) { Close(); }},
         {"end", End},
     };
