@@ -15,7 +15,6 @@
 
 #include <QCheckBox>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -29,6 +28,7 @@ namespace {
 
 constexpr int kMargin = 12;
 constexpr int kSpacing = 12;
+constexpr int kTextMargin = 3;
 constexpr int kTimerDigits = 3;
 constexpr int kTimerWidth = 6;   ///< of the field, in digits
 constexpr int kReachedWidth = 6; ///< of the number of the position, in digits
@@ -71,7 +71,7 @@ enum Text : std::int16_t {
 
 /// How the list and the range go on.
 struct WayRow {
-    const char* frame;
+    const char* caption;
     const char* option;
     std::int16_t continual;
     std::int16_t step;
@@ -87,10 +87,10 @@ struct WayRow {
     void (*enterTimer)(const std::string& typed);
 };
 constexpr std::array<WayRow, 2> kWays{
-    {{"frameSelectMode", "optSelectMode", 512, 513, kStepTip, "chkRepeat", "chkNoSqMcr1",
+    {{"lblSelectMode", "optSelectMode", 512, 513, kStepTip, "chkRepeat", "chkNoSqMcr1",
       "chkTimerUse", "txtTimer", optSelectMode_Click, chkRepeat_Click, chkNoSqMcr1_Click,
       chkTimerUse_Click, txtTimer_Enter},
-     {"frameMoveWay", "optMoveWay", 535, 536, kRangeStepTip, "chkRepeat2", "chkNoSqMcr2",
+     {"lblMoveWay", "optMoveWay", 535, 536, kRangeStepTip, "chkRepeat2", "chkNoSqMcr2",
       "chkTimerUse2", "txtTimer2", optMoveWay_Click, chkRepeat2_Click, chkNoSqMcr2_Click,
       chkTimerUse2_Click, txtTimer2_Enter}}};
 
@@ -260,18 +260,18 @@ void frmMove::makeWay(QBoxLayout& page, Tab tab) {
     const WayRow& row = kWays[tab];
     Way& way = ways[tab];
     QHBoxLayout* line = Row(&page);
-    auto* frame = new QGroupBox;
-    frame->setObjectName(QLatin1String(row.frame));
-    SetNumbers(*frame, kMoveWay);
-    line->addWidget(frame);
-    auto* options = new QHBoxLayout(frame);
+    auto* caption = new QLabel;
+    caption->setObjectName(QLatin1String(row.caption));
+    SetNumbers(*caption, kMoveWay);
+    line->addWidget(caption);
     const auto option = [&](std::size_t index, std::int16_t tag, char mnemonic, std::int16_t tip) {
-        auto* made = Add<QRadioButton>(*options, Named(row.option, index), tag, mnemonic, tip);
+        auto* made = Add<QRadioButton>(*line, Named(row.option, index), tag, mnemonic, tip);
         connect(made, &QRadioButton::clicked, this, [&row, index] { row.choose(index); });
         return made;
     };
     way.continual = option(0, row.continual, 'o', 0);
     way.step = option(1, row.step, 'e', row.stepTip);
+    line->addSpacing(kSpacing);
     const auto box = [&](const char* name, std::int16_t tag, char mnemonic, void (*tick)(bool),
                          std::int16_t tip = 0) {
         auto* made = Add<QCheckBox>(*line, QLatin1String(name), tag, mnemonic, tip);
@@ -289,11 +289,11 @@ void frmMove::makeWay(QBoxLayout& page, Tab tab) {
         takeTyped();
         field->selectAll();
     };
-    auto* caption = new QLabel;
-    caption->setObjectName(QLatin1String("lbl") + QLatin1String(row.timer));
-    SetNumbers(*caption, kWait);
-    caption->setBuddy(way.timer);
-    line->addWidget(caption);
+    auto* wait = new QLabel;
+    wait->setObjectName(QLatin1String("lbl") + QLatin1String(row.timer));
+    SetNumbers(*wait, kWait);
+    wait->setBuddy(way.timer);
+    line->addWidget(wait);
     line->addWidget(way.timer);
     line->addStretch();
 }
@@ -359,7 +359,10 @@ void frmMove::makeFoot(QBoxLayout& layout) {
     line->addStretch();
     auto* close = Add<QPushButton>(*line, QStringLiteral("cmdMoveWinClose"), kClose, 'C');
     connect(close, &QPushButton::clicked, this, [this] { leave(); });
-    text = AddText(layout, QStringLiteral("lblMoveState"), 2);
+    text = AddText(layout, QStringLiteral("lblMoveState"), 1);
+    text->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    text->setMargin(kTextMargin);
+    text->setFixedHeight(text->height() + 2 * (kTextMargin + text->frameWidth()));
 }
 
 /// What is half typed belongs to the window before anything is started, ended or left.

@@ -79,6 +79,12 @@ MoveList::MoveList(QWidget* parent)
     head->setData(kTagRole, kHead);
     setVerticalHeaderItem(0, head);
     SetNumbers(*this, kHead, kTip);
+    QPalette colours = palette(); // no cell is chosen in a list that is locked
+    colours.setBrush(QPalette::Disabled, QPalette::Highlight,
+                     colours.brush(QPalette::Disabled, QPalette::Base));
+    colours.setBrush(QPalette::Disabled, QPalette::HighlightedText,
+                     colours.brush(QPalette::Disabled, QPalette::Text));
+    setPalette(colours);
     editor->setFrame(false);
     editor->setAlignment(Qt::AlignCenter);
     SetNumbers(*editor, kHead);
