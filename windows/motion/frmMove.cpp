@@ -285,10 +285,7 @@ void frmMove::makeWay(QBoxLayout& page, Tab tab) {
     way.timer->setFixedWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * kTimerWidth);
     SetNumbers(*way.timer, kWait, kUnitTip);
     connect(way.timer, &KeyField::editingFinished, this, [this] { takeTyped(); });
-    way.timer->onEnter = [this, field = way.timer] {
-        takeTyped();
-        field->selectAll();
-    };
+    way.timer->onEnter = [this] { takeTyped(); };
     auto* wait = new QLabel;
     wait->setObjectName(QLatin1String("lbl") + QLatin1String(row.timer));
     SetNumbers(*wait, kWait);
@@ -378,6 +375,9 @@ void frmMove::takeTyped() {
             field.setModified(false);
             kWays[i].enterTimer(field.text().toStdString());
             showState(); // one that was refused is the old one again
+            if (field.hasFocus()) {
+                field.selectAll();
+            }
         }
     }
 }

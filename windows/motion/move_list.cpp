@@ -184,7 +184,9 @@ void MoveList::focusInEvent(QFocusEvent* event) {
 }
 
 void MoveList::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && itemAt(event->pos()) != nullptr) {
+    QTableWidgetItem* cell = itemAt(event->position().toPoint());
+    if (event->button() == Qt::LeftButton && cell != nullptr) {
+        setCurrentItem(cell); // the first click may have been beside it
         flgdProgramEdit2(kSpaceKey);
     }
 }

@@ -32,10 +32,7 @@ NumberSlider::NumberSlider(const Names& names, int highest, std::function<void(i
     field = new KeyField(QLatin1String(names.number),
                          static_cast<int>(QString::number(highest).size()), IsDigit, parent);
     field->setFixedWidth(field->fontMetrics().horizontalAdvance(QLatin1Char('0')) * kFieldDigits);
-    field->onEnter = [this] {
-        takeTyped();
-        field->selectAll();
-    };
+    field->onEnter = [this] { takeTyped(); };
     caption->setBuddy(field);
     arrows = new Arrows(QLatin1String(names.upDown), 1, highest, parent);
     slider = new QSlider(Qt::Horizontal, parent);
@@ -80,6 +77,9 @@ void NumberSlider::takeTyped() {
     if (typed != value) {
         ThePlatform().Beep(); // it isn't the number that counts
         showValue(value);
+    }
+    if (field->hasFocus()) {
+        field->selectAll(); // what is typed next takes its place
     }
 }
 
