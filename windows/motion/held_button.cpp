@@ -70,20 +70,22 @@ bool HeldButton::isReleased(const QEvent& event) const {
         return static_cast<const QMouseEvent&>(event).button() == Qt::LeftButton;
     case QEvent::MouseMove: {
         const auto& mouse = static_cast<const QMouseEvent&>(event);
-        return !mouse.buttons().testFlag(Qt::LeftButton) || !held ||
-               !held->rect().contains(held->mapFromGlobal(mouse.globalPosition().toPoint()));
+        const QWidget* const button = held;
+        return !mouse.buttons().testFlag(Qt::LeftButton) || button == nullptr ||
+               !button->rect().contains(button->mapFromGlobal(mouse.globalPosition().toPoint()));
     }
     default: return false;
     }
 }
 
 bool HeldButton::isLost(const QObject* watched, const QEvent& event) const {
-    const bool ofButton = watched == held;
+    const QWidget* const button = held;
+    const bool ofButton = button != nullptr && watched == button;
     const bool ofWindow = watched == &window || watched == window.windowHandle();
     switch (event.type()) {
     case QEvent::FocusOut:
     case QEvent::UngrabMouse: return ofButton;
-    case QEvent::EnabledChange: return ofButton && !held->isEnabled();
+    case QEvent::EnabledChange: return ofButton && !button->isEnabled();
     case QEvent::Hide:
     case QEvent::Close: return ofButton || ofWindow;
     case QEvent::WindowDeactivate:
