@@ -345,7 +345,6 @@ void ServeStop(int late, bool tells) {
         OnLineFlag = kSet;
         int sent = 0;
         ending = Attempt({kStop, 5, {}, 0, Manner::Once}, late, sent);
-        late = ending == Ending::Good ? 0 : late + sent;
     } while (StopIsWished());
     LastStop = ending == Ending::Good ? Stop::Answered : Stop::Failed;
     Conclude(ending, tells ? Manner::Once : Manner::Quiet);
