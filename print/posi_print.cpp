@@ -19,7 +19,8 @@ constexpr int kLinesLeft = 7;
 constexpr double kHeadPoints = 9.0;
 constexpr double kCommentPoints = 8.0;
 constexpr double kNumberX = 20.0;
-constexpr double kGap = 1.0; ///< between a text and the next one
+constexpr double kNarrowColumn = 7.0; ///< of "VEL", "ACC", "WAY"
+constexpr double kGap = 1.0;          ///< between a text and the next one
 
 struct ColumnPlace {
     int column; ///< of the table
@@ -66,8 +67,11 @@ void PrintColumnHeads() {
     };
     PrintText(inHeads(0, kNumberX, kPlaces[0].headX - kGap), ResText(248), {kHeadPoints});
     for (std::size_t i = 0; i < kPlaces.size(); ++i) {
-        PrintText(inHeads(kPlaces[i].line, kPlaces[i].headX, RightOf(i, &ColumnPlace::headX)),
-                  HeadText(kPlaces[i].column), {kHeadPoints});
+        // Beside one another they are of one size.
+        const double x = kPlaces[i].headX;
+        const bool narrow = ColumnOf(kPlaces[i].column).item < kPosi;
+        const double right = narrow ? x + kNarrowColumn : RightOf(i, &ColumnPlace::headX);
+        PrintText(inHeads(kPlaces[i].line, x, right), HeadText(kPlaces[i].column), {kHeadPoints});
     }
 }
 

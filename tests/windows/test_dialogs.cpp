@@ -9,7 +9,9 @@
 #include "parameter/para_device.h"
 #include "parameter/para_fields.h"
 #include "parameter/para_window.h"
+#include "platform/qt/qt_platform.h"
 #include "platform/whole_file.h"
+#include "print/print_select.h"
 #include "setup/detail_edit.h"
 #include "support/boxes.h"
 #include "support/simulated_line.h"
@@ -24,6 +26,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QTabBar>
 #include <QTest>
 #include <QTimer>
@@ -242,6 +245,20 @@ protected:
             ShowAbout(parent);
             return QString::fromStdString(ThePlatform().TheClipboard.GetText()).section('\n', 0, 0);
         }
+        if (name == "frmPrintSelect") {
+            show(1, 10);
+            LoadPrintSelect();
+            ShowPrintSelect(parent);
+            const PrintRange range = ChosenPrintRange();
+            return !PrintSelect.accepted ? "nothing"
+                                         : QString("%1-%2").arg(range.first).arg(range.last) +
+                                               (PrintSelect.chkPrintPosi ? ", positions" : "") +
+                                               (PrintSelect.chkPrintPara ? ", parameters" : "");
+        }
+        if (name == "frmPrintPreview") {
+            drawPages(3);
+            return QString::number(ShowPrintPreview(parent));
+        }
         if (name == "frmGrp") {
             frmGrp form(parent);
             Screens().frmGrp = Screens().frmMainCommands = [&form] { form.showState(); };
@@ -275,6 +292,17 @@ protected:
                (IsSet(RangeCancelFlag) ? ", cancelled" : "");
     }
 
+    static void drawPages(int count) {
+        InstallQtPrinter();
+        const Printer& paper = ThePlatform().ThePrinter;
+        for (int page = 0; page < count; ++page) {
+            if (page > 0) {
+                paper.NewPage();
+            }
+            paper.Print(20, 20, std::string(80, 'M'));
+        }
+    }
+
     QStringList told;
     bool answerNo = false;
 };
@@ -300,6 +328,35 @@ std::vector<std::string> Rows() {
     return rows;
 }
 INSTANTIATE_TEST_SUITE_P(Told, DialogRows, testing::ValuesIn(Rows()));
+
+TEST_F(Dialogs, ThePreviewShowsWhatIsPrintedAtAnySize) {
+    drawPages(1);
+    frmPrintPreview preview(window.get());
+    preview.show();
+    auto& area = Get<QScrollArea>(preview, "areaPage");
+    const auto inkAt = [&area](double xMm, double yMm) {
+        const QImage page = area.widget()->grab().toImage();
+        const double scale = (page.width() - 16) / 210.0;
+        int dark = 0;
+        for (int x = 0; x < scale * 10; ++x) {
+            const QPoint at(static_cast<int>(8 + xMm * scale) + x,
+                            static_cast<int>(8 + yMm * scale));
+            dark += qGray(page.pixel(at)) < 128 ? 1 : 0;
+        }
+        return dark;
+    };
+    const int wide = area.widget()->width();
+    EXPECT_NEAR(wide, area.viewport()->width(), 30);
+    EXPECT_GT(inkAt(60, 27), 3); // 5 mm from the edge, and half a line down
+    EXPECT_EQ(inkAt(10, 27) + inkAt(60, 35), 0);
+    step(preview, "cmdZoomIn");
+    EXPECT_GT(area.widget()->width(), wide * 6 / 5);
+    EXPECT_GT(inkAt(60, 27), 3);
+    step(preview, "cmdWholePage");
+    EXPECT_LE(area.widget()->height(), area.viewport()->height());
+    step(preview, "cmdPreviewPdf");
+    EXPECT_EQ(told.join(' '), "Save as PDF ...");
+}
 
 TEST_F(Dialogs, TranceShowsTheTransferUntilItEnds) {
     frmTrance dialog(window.get());
