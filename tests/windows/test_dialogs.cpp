@@ -257,7 +257,9 @@ protected:
         }
         if (name == "frmPrintPreview") {
             drawPages(3);
-            return QString::number(ShowPrintPreview(parent));
+            const std::int16_t result = ShowPrintPreview(parent);
+            ThePlatform().ThePrinter.KillDoc();
+            return QString::number(result);
         }
         if (name == "frmGrp") {
             frmGrp form(parent);
@@ -356,6 +358,7 @@ TEST_F(Dialogs, ThePreviewShowsWhatIsPrintedAtAnySize) {
     EXPECT_LE(area.widget()->height(), area.viewport()->height());
     step(preview, "cmdPreviewPdf");
     EXPECT_EQ(told.join(' '), "Save as PDF ...");
+    ThePlatform().ThePrinter.KillDoc();
 }
 
 TEST_F(Dialogs, TranceShowsTheTransferUntilItEnds) {
