@@ -318,7 +318,11 @@ void TimerBosoKansi_Tick() {
         Tell();
     }
     if (IsSet(ProgramEndFlag) && !IsStarting()) {
-        LetStopOut(UnloadJog);
+        JogReleased();
+        // Out of the wait of a stop each tick would wish one more, without end.
+        if (!IsSet(CtBusyFlag)) {
+            LetStopOut(UnloadJog);
+        }
     }
 }
 
@@ -426,7 +430,8 @@ void JogReleased() {
         return;
     }
     // A failed exchange has sent a stop before it told, and its box may be what takes the button.
-    const bool stopped = LastStop != Stop::None && !StopIsDue();
+    const bool stopped =
+        (LastStop == Stop::Answered || LastStop == Stop::Failed) && !StopIsDue();
     if ((IsJog() || IsSet(state.JogHeld)) && !stopped && state.state == Teaching::Started) {
         QueueStop();
         Tell();
@@ -444,6 +449,7 @@ void LetStopOut(const std::function<void()>& then) {
         WishStop();
     }
     WhenLineIsFree([then] {
+        JogReleased(); // of a press that came while this waited
         if (StopIsDue() && !RunWatched(FinishStop)) {
             FinishStop();
         }
