@@ -430,8 +430,7 @@ void JogReleased() {
         return;
     }
     // A failed exchange has sent a stop before it told, and its box may be what takes the button.
-    const bool stopped =
-        (LastStop == Stop::Answered || LastStop == Stop::Failed) && !StopIsDue();
+    const bool stopped = (LastStop == Stop::Answered || LastStop == Stop::Failed) && !StopIsDue();
     if ((IsJog() || IsSet(state.JogHeld)) && !stopped && state.state == Teaching::Started) {
         QueueStop();
         Tell();

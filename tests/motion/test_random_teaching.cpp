@@ -121,7 +121,7 @@ private:
             const std::int64_t since = platform.now - releasedAt;
             const bool brakes = stopAt > runAt && platform.now - sentAt < kBrakes;
             EXPECT_TRUE(brakes || sign != StopSign::None) << "it moves, and nobody says so";
-            EXPECT_TRUE(since <= kLate || sign == StopSign::NotConfirmed) << "told late";
+            EXPECT_TRUE(brakes || since <= kLate || sign == StopSign::NotConfirmed) << "told late";
             EXPECT_TRUE(since <= kLongestOut || stopAt > runAt) << "the stop hangs";
         }
         platform.after(kLook, [this] { watch(); });
