@@ -3,10 +3,12 @@
 
 #include "app/Module1.h"
 #include "app/screens.h"
+#include "app/string_table.h"
 #include "platform/platform.h"
 #include "platform/qt/qt_platform.h"
 #include "program/init_tables.h"
 #include "windows/help/frmAbout.h"
+#include "windows/help/frmHelp.h"
 #include "windows/options/frmOptions2.h"
 #include "windows/parameter/frmParameta2.h"
 #include "windows/tables/frmGrp.h"
@@ -54,6 +56,21 @@ void Show(frmParameta2& window) {
     window.open(false);
 }
 
+/// The manual at its longest page, in front of the question that was asked last there.
+class HelpAtPage : public frmHelp {
+public:
+    HelpAtPage() : frmHelp(read()) {}
+
+private:
+    static Manual read() {
+        ThePlatform().programFolder = QDW8_DATA_DIR "/..";
+        return ReadManual().value();
+    }
+};
+void Show(HelpAtPage& window) {
+    window.open({{"MessageBox"}, QString::fromStdString(ResText(390))});
+}
+
 template<typename Window> void OpenUntilPainted(benchmark::State& state) {
     InstallQuietPlatform();
     InitTables();
@@ -98,6 +115,11 @@ BENCHMARK(OpenUntilPainted<frmOptions2>)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 BENCHMARK(OpenUntilPainted<frmAbout>)
+    ->Arg(kEnglish)
+    ->Arg(0)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK(OpenUntilPainted<HelpAtPage>)
     ->Arg(kEnglish)
     ->Arg(0)
     ->Unit(benchmark::kMillisecond)

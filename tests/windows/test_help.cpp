@@ -129,6 +129,7 @@ TEST_F(Help, F1OpensThePageOfWhatIsInFront) {
     ThePlatform().programFolder = QDW8_SOURCE_DIR;
     key(Qt::Key_F1);
     EXPECT_EQ(file(), "main.html");
+    EXPECT_EQ(help->windowTitle(), "The main window - Help");
     // In front of a box, at its message; and the pages can be used while it is up.
     QMessageBox box(window.get());
     box.setObjectName("MessageBox");

@@ -126,7 +126,8 @@ frmHelp::frmHelp(Manual shown) : QWidget(nullptr, Qt::Window), manual(std::move(
         size = size.boundedTo(on->availableSize() - kFrameAround);
     }
     resize(size);
-    connect(page, &QTextBrowser::sourceChanged, this, [this] { followPage(); });
+    connect(page, &QTextBrowser::sourceChanged, this,
+            [this](const QUrl& url) { followPage(url.fileName()); });
 }
 
 void frmHelp::makeButtons(QHBoxLayout& row) {
@@ -254,9 +255,9 @@ void frmHelp::goTo(const QString& place) {
     }
 }
 
-/// The contents show where the page stands.
-void frmHelp::followPage() {
-    const QString file = page->source().fileName();
+/// The title names the page, the contents show where it stands.
+void frmHelp::followPage(const QString& file) {
+    setWindowTitle(manual.titleOf(file) + QLatin1String(" - ") + ResQText(kTitle));
     const QSignalBlocker quiet(contents);
     for (QTreeWidgetItemIterator item(contents); *item != nullptr; ++item) {
         if ((*item)->data(0, kPlaceRole).toString() == file) {

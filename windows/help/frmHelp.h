@@ -34,7 +34,7 @@ private:
     QWidget* makeSearch(QWidget* parent);
     void makeKeys();
     void goTo(const QString& place);
-    void followPage();
+    void followPage(const QString& file);
     void filterIndex(const QString& start);
     void search(const QString& question);
     void markWords(const QString& question);
