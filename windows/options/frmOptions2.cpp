@@ -166,9 +166,9 @@ QWidget* frmOptions2::makeTeachingPage() {
     number->setSpacing(kArrowGap);
     number->addWidget(txtJogVel);
     number->addWidget(upDown);
+    number->addStretch();
     row->addWidget(caption);
-    row->addLayout(number);
-    row->addStretch();
+    row->addLayout(number, 1);
     layout->addLayout(row);
     layout->addWidget(makeAcc("optJogAcc", 2546, optJogAcc, made));
     layout->addWidget(makeAcc("optJogAcc2", 2547, optJogAcc2, made));
