@@ -1,6 +1,7 @@
 #include "gui.h"
 #include "words.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -62,15 +63,39 @@ void Start(Told options) {
     }
 }
 
-/// How often the state was asked for.
-int Polls() {
-    return Tell("stats").filter("0CM ").value(0).mid(4).toInt();
+/// Asks the simulator until it is so; a box that comes meanwhile fails.
+void WaitTold(const std::function<bool()>& isSo) {
+    const QDeadlineTimer deadline(kDeadline);
+    while (!isSo()) {
+        WaitFor([] { return true; });
+        if (deadline.hasExpired()) {
+            Fail("waited in vain for the simulator");
+        }
+    }
 }
 
-void WaitPolls(Told told) {
-    const int enough = Polls() + told.value(0).toInt();
-    while (Polls() < enough) {
-        WaitFor([] { return true; });
+/// How often a command came.
+int Heard(const QString& command) {
+    return Tell("stats").filter(command + ' ').value(0).mid(4).toInt();
+}
+
+void WaitHeard(const QString& command, int more) {
+    const int enough = Heard(command) + more;
+    WaitTold([&] { return Heard(command) >= enough; });
+}
+
+/// N moves; N stands: it stood still soon after the last stop came, by the simulator's own clock.
+void WaitAxis(Told told) {
+    QString line;
+    WaitTold([&] {
+        line = Tell("motion").filter("axis " + told.value(0)).value(0);
+        return line.contains(told.value(1));
+    });
+    constexpr int kSoon = 200; // ms
+    const QString stop = (QStringList{"0"} + Tell("frames 100").filter(" 0SP")).last();
+    if (told.value(1) == "stands" &&
+        line.section(' ', -1).toInt() - stop.section(' ', 0, 0).toInt() > kSoon) {
+        Fail(line + ", and the last stop came at " + stop);
     }
 }
 
@@ -114,7 +139,9 @@ Words ControllerWords() {
          [](Told told) {
              ExpectNow(Tell("state").filter(told.value(0) + u' ').join(u' '), told.join(u' '));
          }},
-        {"polls", WaitPolls},
+        {"polls", [](Told told) { WaitHeard("0CM", told.value(0).toInt()); }},
+        {"hears", [](Told told) { WaitHeard(told.value(0), told.value(1).toInt()); }},
+        {"axis", WaitAxis},
         {"written", [](Told told) { ExpectNow(PositionsOf("0WP"), told.join(u' ')); }},
         {"moved", [](Told told) { ExpectNow(PositionsOf("0MM|0MP"), told.join(u' ')); }},
         {"last-heard", [](Told told) { ExpectNow(LastHeard(), told.value(0)); }},

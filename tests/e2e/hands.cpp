@@ -26,7 +26,7 @@ void Xdotool(const QStringList& words) {
 }
 
 /// Where the spot is on the screen, once it stands still there with nothing over it.
-QPoint PlaceOf(const FindSpot& find, Boxes boxes) {
+QPoint PlaceOf(const FindSpot& find, Boxes boxes = Boxes::AreFailures) {
     QPoint last;
     int still = 0;
     const auto standsStill = [&] {
@@ -47,6 +47,9 @@ QPoint PlaceOf(const FindSpot& find, Boxes boxes) {
     WaitFor(standsStill, boxes);
     return last;
 }
+
+/// Where the button was pressed that is down, while hands are made in the program.
+Spot held;
 
 void ToFocus(const std::function<void(QWidget*)>& act) {
     Post([act] {
@@ -77,6 +80,48 @@ void ClickAt(const FindSpot& find, Boxes boxes, Held held) {
             }
             QTest::mouseClick(spot.widget, Qt::LeftButton, keys, spot.at);
         }
+    });
+}
+
+void HoldAt(const FindSpot& find) {
+    if (RealHands()) {
+        const QPoint place = PlaceOf(find);
+        Xdotool({"mousemove", QString::number(place.x()), QString::number(place.y()), "mousedown",
+                 "1"});
+        return;
+    }
+    WaitFor([&] { return find().widget != nullptr; });
+    Post([find] {
+        held = find();
+        QTest::mousePress(held.widget, Qt::LeftButton, {}, held.at);
+    });
+}
+
+void LetGo() {
+    if (RealHands()) {
+        Xdotool({"mouseup", "1"});
+        return;
+    }
+    Post([] { QTest::mouseRelease(held.widget, Qt::LeftButton, {}, held.at); });
+}
+
+void HoldKey(const QString& key) {
+    if (RealHands()) {
+        Xdotool({"keydown", key});
+        return;
+    }
+    ToFocus([pressed = QKeySequence(key)[0]](QWidget* widget) {
+        QTest::keyPress(widget, pressed.key());
+    });
+}
+
+void LetGoKey(const QString& key) {
+    if (RealHands()) {
+        Xdotool({"keyup", key});
+        return;
+    }
+    ToFocus([pressed = QKeySequence(key)[0]](QWidget* widget) {
+        QTest::keyRelease(widget, pressed.key());
     });
 }
 

@@ -11,6 +11,13 @@ namespace e2e {
 enum class Held { Nothing, Shift };
 void ClickAt(const FindSpot& find, Boxes boxes = Boxes::AreFailures, Held held = Held::Nothing);
 
+/// The left button goes down on it and stays down; goes up wherever the pointer is.
+void HoldAt(const FindSpot& find);
+void LetGo();
+/// The same for a key, on what has the keys.
+void HoldKey(const QString& key);
+void LetGoKey(const QString& key);
+
 /// Keys to what has the keys: "Return", "Escape", "Tab", "ctrl+c".
 void Press(const QStringList& keys);
 /// Types a text to what has the keys.

@@ -36,10 +36,7 @@ protected:
         Screens().frmDevice3 = [this] { note("frmDevice3"); };
         Screens().frmGrpShow = [this] { note("frmGrp"); };
         Screens().frmSqMcrShow = [this] { note("frmSqMcr"); };
-        Screens().frmIOCheckShow = [this] {
-            note("frmIOCheck");
-            MotionWindowClosed();
-        };
+        Screens().frmIOCheckShow = [this] { note("frmIOCheck"); };
         Screens().frmJOGShow = [this] { note("frmJOG"); };
         Screens().frmOptions2Show = [this] { note("frmOptions2"); };
         Screens().frmAboutShow = [this] { note("frmAbout"); };
