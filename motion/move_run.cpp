@@ -94,9 +94,8 @@ bool MoveMustEnd() {
 }
 
 bool FailMove() {
-    const MovePhase phase = TheMove().phase;
-    const bool moves = phase != MovePhase::Between && phase != MovePhase::Waits;
-    TheMove().outcome = moves ? MoveOutcome::FailedMoving : MoveOutcome::Failed;
+    TheMove().outcome =
+        TheMove().phase == MovePhase::Between ? MoveOutcome::Failed : MoveOutcome::FailedMoving;
     return false;
 }
 
@@ -168,7 +167,7 @@ void RunWalk(const MoveWalk& walk) {
             return;
         }
         walk.advance();
-        if (!MoveMustEnd() && !walk.choices.step) {
+        if (!walk.choices.step) {
             WaitForTimer(walk.choices);
         }
     } while (!MoveMustEnd() && !walk.choices.step);

@@ -124,6 +124,7 @@ public:
                   const int key = Number(a);
                   return Edit2Takes(key, static_cast<std::size_t>(Number(a))) ? "yes" : "no";
               }},
+             {"line-error", [](Args&) { return IsSet(CommErrorFlag) ? "yes" : "no"; }},
              {"beeps", [this](Args&) { return std::to_string(platform.beeps); }},
              {"focused", [this](Args&) { return std::to_string(focused); }}});
     }
