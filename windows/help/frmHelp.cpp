@@ -3,6 +3,7 @@
 #include "app/boxes.h"
 #include "platform/platform.h"
 #include "platform/qt/shared_printer.h"
+#include "platform/qt/work_window.h"
 #include "platform/whole_file.h"
 #include "windows/controls/load_form_resources.h"
 #include "windows/controls/texts.h"
@@ -333,14 +334,15 @@ void frmHelp::open(const HelpAsked& asked) {
 }
 
 void frmHelp::print() {
+    WorkIn(*this); // the dialog stands over the manual
     const PrinterAnswer answer = ThePlatform().CommonDialog1.ShowPrinter({0, false});
     if (answer != PrinterAnswer::Cancel && !PrintManual(manual, SharedPrinter())) {
         ShowTexts({kNotPrinted});
     }
-    activateWindow();
 }
 
 void frmHelp::savePdf() {
+    WorkIn(*this);
     FileQuestion asked;
     asked.kind = FileQuestion::Kind::Save;
     asked.title = ResText(kSavePdf);
@@ -364,7 +366,6 @@ void frmHelp::savePdf() {
             ShowTexts({kNotPrinted});
         }
     }
-    activateWindow();
 }
 
 void ShowHelp(std::unique_ptr<frmHelp>& window, const HelpAsked& asked) {
