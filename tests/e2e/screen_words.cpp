@@ -144,6 +144,14 @@ void Close() {
     CloseWindow(OnGui([] { return Seen("frmMain"); }));
 }
 
+/// WINDOW: the story ends with it, and so does the process.
+void EndWindow(Told told) {
+    WaitReady(told.value(0));
+    CloseWindow(OnGui([&] { return Ready(told[0]); }));
+    QThread::msleep(kDeadline);
+    Fail("the process doesn't end");
+}
+
 /// The last answer of a story: the program takes the whole process along when it ends, and whoever
 /// started it looks for the mark that the user had seen everything.
 void End(Told told) {
@@ -184,6 +192,7 @@ Words ScreenWords() {
         {"shorten", Shorten},
         {"close", [](Told) { Close(); }},
         {"end", End},
+        {"end-window", EndWindow},
     };
 }
 
