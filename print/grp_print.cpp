@@ -73,7 +73,8 @@ void PrintGrpHeader(const std::string& fileName) {
 }
 
 void PrintGrpData(const std::string& fileName) {
-    RunPrint({24, kPageLines, [&fileName] { PrintPage(fileName); }, ResText(397), fileName, 833});
+    RunPrint({24, kPageLines, [&fileName] { PrintPage(fileName); }, ResText(397), ResText(397),
+              fileName, 833});
 }
 
 } // namespace qdw8

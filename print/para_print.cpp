@@ -152,7 +152,8 @@ void PrintPage(const std::string& fileName) {
 } // namespace
 
 void PrintParaData(const std::string& fileName) {
-    RunPrint({24, kPageLines, [&fileName] { PrintPage(fileName); }, ResText(397), fileName, 12});
+    RunPrint({24, kPageLines, [&fileName] { PrintPage(fileName); }, ResText(397), ResText(397),
+              fileName, 12});
 }
 
 } // namespace qdw8

@@ -53,6 +53,7 @@ bool PrintPositions() {
         return false;
     }
     const bool printed = RunPrint({399, kPosiPageLines, [&staged] { PrintPosiPages(*staged); },
+                                   TextLines({397, 396}),
                                    Lines({ResText(397) + "(3)", ResText(396)}), staged->path, 407});
     ClearPosiErrors();
     return printed;

@@ -18,8 +18,9 @@ namespace qdw8 {
 namespace {
 
 struct State {
-    std::string name;   ///< proposed for a PDF file of the document that is looked at
-    bool saved = false; ///< it went into a PDF file
+    std::string name;    ///< proposed for a PDF file of the document that is looked at
+    bool saved = false;  ///< it went into a PDF file
+    bool onPage = false; ///< pages are being drawn or printed
 };
 State state;
 
@@ -86,11 +87,13 @@ void Draw(const PrintJob& job) {
 
 /// Nothing: another printer is to be chosen. Else whether the user has what he wanted.
 std::optional<bool> PrintOnce(const PrintJob& job) {
+    state.onPage = false;
     const PrinterAnswer answer = AskPrinter();
     if (answer == PrinterAnswer::Cancel) {
         return state.saved;
     }
     const DocumentDropped dropped;
+    state.onPage = true;
     Draw(job);
     if (answer == PrinterAnswer::Preview) {
         switch (ShowPages()) {
@@ -105,7 +108,7 @@ std::optional<bool> PrintOnce(const PrintJob& job) {
 } // namespace
 
 bool RunPrint(const PrintJob& job) {
-    state = {PdfName(job), false};
+    state = {PdfName(job), false, false};
     try {
         std::optional<bool> done;
         while (!done) {
@@ -116,7 +119,7 @@ bool RunPrint(const PrintJob& job) {
         }
         return *done;
     } catch (const std::exception&) {
-        ShowBox(job.failure);
+        ShowBox(state.onPage ? job.failureOnPage : job.failure);
         return false;
     }
 }

@@ -12,8 +12,9 @@ struct PrintJob {
     int lines = 0;           ///< lines of text that a page must have room for
     /// Draws all pages, from the measures that stand.
     std::function<void()> draw;
-    /// What is told when the printer or `draw` fails.
+    /// What is told when it fails before there are pages, and on a page.
     std::string failure;
+    std::string failureOnPage;
     /// File name of the data, whose name the user may save the pages under as a PDF file.
     std::string fileName;
     std::int16_t shownName = 0; ///< text with the one for what a window shows

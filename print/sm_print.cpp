@@ -71,7 +71,8 @@ void PrintSmHeader(const std::string& fileName) {
 }
 
 void PrintSmData(const std::string& fileName) {
-    RunPrint({24, kPageLines, [&fileName] { PrintPages(fileName); }, ResText(397), fileName, 934});
+    RunPrint({24, kPageLines, [&fileName] { PrintPages(fileName); }, ResText(397), ResText(397),
+              fileName, 934});
 }
 
 } // namespace qdw8

@@ -311,6 +311,7 @@ QPrinter& SharedPrinter() {
     static std::unique_ptr<QPrinter> printer;
     if (!printer) {
         printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+        printer->setDocName(QStringLiteral("QD-W8"));
         printer->setFullPage(true);
         printer->setPageSize(QPageSize(QPageSize::A4));
         // It talks to a part of Qt that goes with the application object.

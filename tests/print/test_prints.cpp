@@ -4,6 +4,7 @@
 #include "app/screens.h"
 #include "parameter/para_rows.h"
 #include "parameter/para_set.h"
+#include "platform/fault.h"
 #include "position/posi_reader.h"
 #include "position/position_bench.h"
 #include "print/page_recorder.h"
@@ -32,6 +33,9 @@ public:
         };
         ThePlatform().CommonDialog1.ShowPrinter = [this](const PrinterQuestion&) {
             const std::string answer = next(printer);
+            if (answer == "fails") {
+                throw Fault("no printing system");
+            }
             return answer == "print"  ? PrinterAnswer::Print
                    : answer == "look" ? PrinterAnswer::Preview
                                       : PrinterAnswer::Cancel;
@@ -61,8 +65,8 @@ private:
         queue.pop_front();
         return first;
     }
-    static std::string fileAt(const std::string& name) {
-        return name == "none" ? "" : name[0] == '@' ? fileOf(name.substr(1)) : "/there/" + name;
+    std::string fileAt(const std::string& name) const {
+        return name == "none" ? "" : name[0] == '@' ? fileOf(name.substr(1)) : pathOf(name);
     }
     void run(void (*command)()) {
         page.clear();
@@ -84,11 +88,11 @@ private:
         {"box", Does([this](auto& text) { platform.expectBox(text); })},
         {"posi", Does([](auto& on) { PrintSelect.chkPrintPosi = on == "on"; })},
         {"para", Does([](auto& on) { PrintSelect.chkPrintPara = on == "on"; })},
-        {"posi-file", Does([](auto& name) {
+        {"posi-file", Does([this](auto& name) {
              PrintSelect.optPrintPosi = 1;
              PrintSelect.posiPath = fileAt(name);
          })},
-        {"para-file", Does([](auto& name) {
+        {"para-file", Does([this](auto& name) {
              PrintSelect.optPrintPara = 1;
              PrintSelect.paraPath = fileAt(name);
          })},
@@ -127,8 +131,14 @@ private:
              type(position, column, Rest(a));
          }},
         {"unit", [](Args& a) { DispMmFlag = FlagOf(Word(a) == "mm"); }},
-        {"read", [](Args& a) { ReadPosiFile(fileAt(Word(a))); }},
-        {"lists", [this](Args&) { leaveListsBehind(); }},
+        {"file",
+         [this](Args& a) {
+             const std::string name = Word(a);
+             writeFile(name, "\"QD-K8\"\r\n\"" + Rest(a) +
+                                 "\",,,\r\n\"NEW\",\"NEW\",\"NEW\",\"NEW\"\r\n" +
+                                 "1,30,3,0,1005,30,3,0,0,30,3,0,0,30,2,0,0,0,0,0,\"\"\r\n");
+         }},
+        {"read", [this](Args& a) { ReadPosiFile(fileAt(Word(a))); }},
         {"loaded", [](Args&) { ParaLoadedFlag = kSet; }},
         {"fails-at", [this](Args& a) { page.failsAt = Number(a); }},
         {"choose", [this](Args& a) { choices.push_back(Rest(a)); }},
@@ -152,7 +162,6 @@ private:
                      RangeCancelFlag = kSet;
                      return;
                  }
-                 EXPECT_EQ(GridFirst, 5);
                  PosiFirst = static_cast<std::int16_t>(std::stoi(rows));
                  PosiLast = GridLast;
              });
