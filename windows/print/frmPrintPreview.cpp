@@ -38,13 +38,17 @@ frmPrintPreview::frmPrintPreview(QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmPrintPreview"));
     SetNumbers(*this, 3251);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    auto* layout = new QVBoxLayout(this);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins({});
+    body = new QWidget(this);
+    whole->addWidget(body);
+    auto* layout = new QVBoxLayout(body);
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     layout->setSpacing(kSpacing);
     auto* pages = new QHBoxLayout;
     makePageButtons(*pages);
     layout->addLayout(pages);
-    area = new QScrollArea(this);
+    area = new QScrollArea(body);
     area->setObjectName(QStringLiteral("areaPage"));
     area->setAlignment(Qt::AlignCenter);
     area->setBackgroundRole(QPalette::Mid);
@@ -69,7 +73,7 @@ frmPrintPreview::frmPrintPreview(QWidget* parent) : QDialog(parent) {
 
 QPushButton* frmPrintPreview::add(QHBoxLayout& row, const char* name, std::int16_t caption,
                                   const std::function<void()>& click, char letter) {
-    auto* made = new QPushButton(this);
+    auto* made = new QPushButton(body);
     made->setObjectName(QLatin1String(name));
     made->setAutoDefault(false);
     SetNumbers(*made, caption);
@@ -84,7 +88,7 @@ QPushButton* frmPrintPreview::add(QHBoxLayout& row, const char* name, std::int16
 void frmPrintPreview::makePageButtons(QHBoxLayout& row) {
     back = add(
         row, "cmdPageBack", 3256, [this] { turnTo(page - 1); }, 'r');
-    number = new QLabel(this);
+    number = new QLabel(body);
     number->setObjectName(QStringLiteral("lblPageNo"));
     number->setAlignment(Qt::AlignCenter);
     number->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral(" 000 / 000 ")));
@@ -157,16 +161,14 @@ void frmPrintPreview::setScale(double wanted) {
 }
 
 void frmPrintPreview::savePdf() {
-    busy = true;
-    setEnabled(false);
+    body->setEnabled(false);
     cmdPreviewPdf_Click();
-    setEnabled(true);
-    busy = false;
+    body->setEnabled(true);
     area->setFocus();
 }
 
 void frmPrintPreview::reject() {
-    if (!busy) {
+    if (body->isEnabled()) {
         QDialog::reject();
     }
 }

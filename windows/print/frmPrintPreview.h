@@ -40,6 +40,7 @@ private:
     void setScale(double wanted);
     void savePdf();
 
+    QWidget* body = nullptr; ///< all that is locked while the pages go into a file
     PagePicture* picture = nullptr;
     QScrollArea* area = nullptr;
     QPushButton* back = nullptr;
@@ -48,7 +49,6 @@ private:
     int page = 0;
     Fit fit = Fit::Width;
     double scale = 1.0; ///< pixels for a millimetre
-    bool busy = false;
 };
 
 /// Shows it over the parent and waits until it is left.
