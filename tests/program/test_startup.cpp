@@ -73,7 +73,6 @@ struct StartBench : LineBench {
     void expectUsable() const {
         EXPECT_TRUE(IsEnabled(Command::cmdPosiRead));
         EXPECT_TRUE(IsEnabled(Command::mnuFileSaveAs));
-        EXPECT_FALSE(IsEnabled(Command::cmdOpenMoveWin)) << "not built";
         EXPECT_FALSE(TheTransferDialog().shown);
     }
     void expectStoredDevices() const {
