@@ -180,6 +180,7 @@ Words ScreenWords() {
         {"hold-key", [](Told told) { HoldKey(told.value(0)); }},
         {"let-go-key", [](Told told) { LetGoKey(told.value(0)); }},
         {"ready", [](Told told) { WaitReady(told.value(0)); }},
+        {"has-keys", [](Told told) { WaitKeys(told.value(0), true); }},
         {"text", [](Told told) { ExpectText(told.value(0), told.value(1)); }},
         {"lamps", [](Told told) { Expect(Lamps, told.value(0)); }},
         {"progress", WaitProgress},
