@@ -13,6 +13,8 @@
 #include "motion/jog_frames.h"
 #include "motion/motion_window.h"
 #include "motion/teach_start.h"
+#include "setup/controller_devices.h"
+#include "setup/repaint_axes.h"
 
 #include <exception>
 #include <memory>
@@ -52,8 +54,9 @@ struct TeachingState {
     Flag JogHeld = kClear;
     int optJOG = 0;
     bool open = false;
-    bool pressed = false;  ///< a button is down, whatever came of the press
-    bool breakOff = false; ///< the start is to end
+    bool pressed = false;   ///< a button is down, whatever came of the press
+    bool breakOff = false;  ///< the start is to end
+    bool otherAxes = false; ///< than before are in use since a start
     StopSign shown = StopSign::None;
     std::unique_ptr<CommandsAway> commands; ///< away while this lives
 };
@@ -219,6 +222,7 @@ void Start() {
     GoTo(Teaching::Starting);
     const auto brokenOff = [] { return state.breakOff || IsSet(ProgramEndFlag); };
     const auto homing = [](bool moves) { GoTo(moves ? Teaching::Homing : Teaching::Starting); };
+    const std::array<Flag, kAxes> axesBefore = AxisOff;
     bool good = false;
     try {
         if (StopIsDue()) { // of before: it was not confirmed
@@ -228,6 +232,10 @@ void Start() {
         good = !StopIsDue() && StartTeaching(homing, brokenOff);
     } catch (const std::exception&) {
         TellBehindStop([] { ShowTexts({397}); });
+    }
+    if (AxisOff != axesBefore) {
+        state.otherAxes = true;
+        RepaintAxes();
     }
     if (!good) {
         if (IsSet(AxisMayMove) && LastStop != Stop::Failed) {
@@ -372,6 +380,12 @@ void UnloadJog() {
         return;
     }
     End();
+    if (std::exchange(state.otherAxes, false) && !IsSet(ProgramEndFlag)) {
+        CompleteAxes();
+        if (!state.open) {
+            return;
+        }
+    }
     DisableTimer(TimerBosoKansi);
     Forget();
     MotionWindowClosed();

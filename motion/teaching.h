@@ -58,7 +58,8 @@ extern Timer TimerBosoKansi; ///< 100 ms, on while the window is open: the sign 
 /// The window opens: settings read, nothing started, nothing chosen but JOG, the commands away.
 void LoadJog();
 /// The window is gone: timers off, the port closed unless it is kept, the commands back. A stop
-/// that is due must be out before (`LetStopOut`). Ends the program where that was confirmed.
+/// that is due must be out before (`LetStopOut`). Axes that came into use are completed. Ends the
+/// program where that was confirmed.
 void UnloadJog();
 /// Between the two.
 bool JogOpen();
