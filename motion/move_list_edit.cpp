@@ -96,9 +96,7 @@ void flgdProgram_GotFocus() {
 }
 
 void txtEdit2_Change(const std::string& text) {
-    if (Fields().txtEdit2.shown) {
-        Fields().txtEdit2.text = text;
-    }
+    Fields().txtEdit2.text = text;
 }
 
 bool Edit2Takes(int key, std::size_t length) {

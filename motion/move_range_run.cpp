@@ -14,7 +14,7 @@ constexpr std::int16_t kWrongNumber = 569;
 std::optional<int> NextOfRange() {
     const MoveFields& fields = TheMove().fields;
     int& position = TheMove().MoveStep.position;
-    if (!fields.range.step && position > fields.lblEndPosiNo) {
+    if (position > fields.lblEndPosiNo) {
         if (!fields.range.repeat) {
             return std::nullopt;
         }

@@ -244,8 +244,7 @@ void PutTimer(std::string& field, const std::string& typed) {
 void ForgetPlaceOutside() {
     MoveState& move = TheMove();
     const int place = move.MoveStep.position;
-    if (RunOfMove() != MoveRun::Range &&
-        (place < move.fields.lblStartPosiNo || place > move.fields.lblEndPosiNo)) {
+    if (place < move.fields.lblStartPosiNo || place > move.fields.lblEndPosiNo) {
         move.RangePauseFlag = kClear;
     }
     TellMove();

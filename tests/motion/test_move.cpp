@@ -73,7 +73,7 @@ void Fill(const std::string& positions) {
 class Story : public Opened<MotionStory> {
 public:
     Story() {
-        Screens().cmdGrpMoveFocus = [this] { ++focused; };
+        Screens().cmdGrpMoveFocus = Screens().frmIOCheckShow = [this] { ++told; };
         add({{"click", [](Args& a) { kClicks.at(Word(a) + "_Click")(); }},
              {"set",
               [](Args& a) {
@@ -85,6 +85,8 @@ public:
              {"timer2", [](Args& a) { txtTimer2_Enter(Rest(a)); }},
              {"type", [](Args& a) { txtEdit2_Change(Plain(Rest(a))); }},
              {"open", [](Args&) { OpenMotionWindow(&ScreenFunctions::frmMoveShow); }},
+             {"open-io", [](Args&) { OpenMotionWindow(&ScreenFunctions::frmIOCheckShow); }},
+             {"give-up-left", [](Args&) { GrpMoveStopFlag = kSet; }},
              {"busy", [](Args&) { CtBusyFlag = kSet; }},
              {"free", [](Args&) { CtBusyFlag = kClear; }},
              {"port-fails", [this](Args& a) { platform.failingOpens = Number(a); }},
@@ -125,8 +127,10 @@ public:
                   return Edit2Takes(key, static_cast<std::size_t>(Number(a))) ? "yes" : "no";
               }},
              {"line-error", [](Args&) { return IsSet(CommErrorFlag) ? "yes" : "no"; }},
+             {"event-before-last",
+              [this](Args&) { return platform.events.at(platform.events.size() - 2); }},
              {"beeps", [this](Args&) { return std::to_string(platform.beeps); }},
-             {"focused", [this](Args&) { return std::to_string(focused); }}});
+             {"told", [this](Args&) { return std::to_string(told); }}});
     }
 
 private:
@@ -155,7 +159,7 @@ private:
         }
         return text + form.fields.list.timer + "," + form.fields.range.timer;
     }
-    int focused = 0;
+    int told = 0; ///< screens that were
 };
 
 TEST(MoveTest, GoesAsTold) {
@@ -190,7 +194,7 @@ void Begin(const Kind& run) {
 }
 
 TEST(MoveTest, BehindEveryWayOutNothingMovesAtWhateverMoment) {
-    const auto play = [](const Kind& run, std::int64_t moment, const std::function<void()>& leave) {
+    const auto play = [](const Kind& run, std::int64_t moment, void (*leave)()) {
         OneAxis bench;
         bench.line.controller.setTurnaround(4);
         std::ptrdiff_t before = -1;
@@ -205,6 +209,7 @@ TEST(MoveTest, BehindEveryWayOutNothingMovesAtWhateverMoment) {
         EXPECT_EQ(before, moves());
         ExpectAtRest(bench.platform);
         EXPECT_EQ(MoveRequest | MoveActive, 0);
+        EXPECT_EQ(timerEventCheck.enabled, leave != UnloadMove);
         return std::pair(sent, bench.platform.sentAt);
     };
     for (const auto& [name, run] : kRuns) {
