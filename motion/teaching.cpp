@@ -58,6 +58,7 @@ struct TeachingState {
     bool breakOff = false;  ///< the start is to end
     bool otherAxes = false; ///< than before are in use since a start
     StopSign shown = StopSign::None;
+    bool maybeMoving = false;               ///< the window went with a stop that was not confirmed
     std::unique_ptr<CommandsAway> commands; ///< away while this lives
 };
 TeachingState state;
@@ -363,7 +364,12 @@ TeachingForm TheTeachingForm() {
 }
 
 void LoadJog() {
+    const bool maybeMoving = state.maybeMoving;
     ResetTeaching();
+    if (maybeMoving) {
+        SeeMove(false);
+        SeeFailure(false);
+    }
     ReadMoveDefaults();
     // A frame takes no other figures.
     TakeRange(VelOf100Pls, 60, kVelOf100Pls);
@@ -387,7 +393,9 @@ void UnloadJog() {
         }
     }
     DisableTimer(TimerBosoKansi);
+    const bool maybeMoving = TheStopSign() == StopSign::NotConfirmed;
     Forget();
+    state.maybeMoving = maybeMoving;
     MotionWindowClosed();
     Tell();
     EndIfConfirmed();

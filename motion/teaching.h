@@ -55,7 +55,8 @@ TeachingForm TheTeachingForm();
 extern Timer timerTusin;     ///< 50 ms, on from the start of teaching: sends the queue and polls
 extern Timer TimerBosoKansi; ///< 100 ms, on while the window is open: the sign of the stop
 
-/// The window opens: settings read, nothing started, nothing chosen but JOG, the commands away.
+/// The window opens: settings read, nothing started, nothing chosen but JOG, the commands away. A
+/// stop that was not confirmed when it was closed still isn't.
 void LoadJog();
 /// The window is gone: timers off, the port closed unless it is kept, the commands back. A stop
 /// that is due must be out before (`LetStopOut`). Axes that came into use are completed. Ends the

@@ -43,6 +43,7 @@ public:
               }},
              {"complete", [](Args&) { cmdJOGend_Click(); }},
              {"close", [](Args&) { LetStopOut(UnloadJog); }},
+             {"open", [](Args&) { OpenMotionWindow(&ScreenFunctions::frmJOGShow); }},
              {"press", [](Args& a) { JogPressed(Number(a)); }},
              {"let-go", [](Args&) { JogReleased(); }},
              {"opt", [](Args& a) { optJOG_Click(Number(a)); }},

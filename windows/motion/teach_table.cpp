@@ -118,8 +118,13 @@ void TeachTable::refresh() {
     const QModelIndex chosen = cells->index(lblPosiNo - GridFirst, 0);
     if (chosen.isValid() && currentIndex().row() != chosen.row()) {
         selectRow(chosen.row());
-        scrollTo(chosen);
     }
+}
+
+void TeachTable::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    scrollToTop(); // what it showed of the chosen row was for another size
+    scrollTo(currentIndex());
 }
 
 } // namespace qdw8

@@ -17,6 +17,9 @@ public:
     /// Shows what the chart holds now, with the chosen row in sight.
     void refresh();
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     TeachTableModel* cells;
 };
