@@ -166,10 +166,6 @@ TEST(MoveTest, GoesAsTold) {
     TellStories<Story>(QDW8_SOURCE_DIR "/tests/motion/stories/move.txt", 50);
 }
 
-bool Moves(const std::string& frame) {
-    return frame.starts_with("0MP") || frame.starts_with("0MM") || frame.starts_with("0MG");
-}
-
 /// The runs, each with its Stop and its Pause.
 struct Kind {
     void (*start)();
@@ -181,10 +177,6 @@ const std::map<std::string, Kind> kRuns{
     {"range", {cmdSelectMove_Click, cmdStop2_Click, cmdTempStop2_Click}},
     {"group", {cmdGrpMove_Click, cmdGrpMoveStop_Click, cmdGrpMoveStop_Click}},
     {"home", {cmdHome_Click, cmdStop_Click, cmdStop2_Click}}};
-
-void EndProgram() {
-    ProgramEndFlag = kSet;
-}
 
 void Begin(const Kind& run) {
     Fill("1 2");
@@ -199,7 +191,10 @@ TEST(MoveTest, BehindEveryWayOutNothingMovesAtWhateverMoment) {
         bench.line.controller.setTurnaround(4);
         std::ptrdiff_t before = -1;
         const std::vector<std::string>& sent = bench.platform.sent;
-        const auto moves = [&] { return std::count_if(sent.begin(), sent.end(), Moves); };
+        const auto moves = [&] {
+            return std::count_if(sent.begin(), sent.end(),
+                                 [](const auto& frame) { return frame.starts_with("0M"); });
+        };
         bench.platform.after(moment, [&] {
             before = moves();
             leave();
@@ -212,6 +207,7 @@ TEST(MoveTest, BehindEveryWayOutNothingMovesAtWhateverMoment) {
         EXPECT_EQ(timerEventCheck.enabled, leave != UnloadMove);
         return std::pair(sent, bench.platform.sentAt);
     };
+    void (*const kEnd)() = [] { ProgramEndFlag = kSet; };
     for (const auto& [name, run] : kRuns) {
         const auto [sent, sentAt] = play(run, kLong, [] {});
         for (std::size_t i = 0; i < sent.size(); ++i) {
@@ -220,7 +216,7 @@ TEST(MoveTest, BehindEveryWayOutNothingMovesAtWhateverMoment) {
             }
             for (const std::int64_t behind : {-50, 2}) {
                 SCOPED_TRACE(name + " " + std::to_string(behind) + " ms behind " + sent[i]);
-                for (const auto leave : {run.stop, run.pause, UnloadMove, EndProgram}) {
+                for (const auto leave : {run.stop, run.pause, UnloadMove, kEnd}) {
                     play(run, sentAt[i] + behind, leave);
                 }
             }
