@@ -1,8 +1,6 @@
 // Tells the stories of stories.txt: a print from its command to the printer, and what stands
 // afterwards.
 
-#include "app/screens.h"
-#include "parameter/para_rows.h"
 #include "parameter/para_set.h"
 #include "platform/fault.h"
 #include "position/posi_reader.h"
@@ -14,184 +12,171 @@
 #include "print/print_select.h"
 #include "support/story.h"
 
-#include <deque>
 #include <utility>
 
 namespace qdw8::test {
 namespace {
 
+using Text = const std::string&;
+
 class Story : public PositionBench {
 public:
     Story() {
         Screens().frmPrintSelect = [this] {
-            EXPECT_FALSE(choices.empty());
-            while (!choices.empty()) {
-                const std::string choice = choices.front();
-                choices.pop_front();
-                PlayVerb(form, choice);
+            for (Text choice : std::exchange(choices, {})) {
+                PlayVerb(verbs, choice);
             }
         };
         ThePlatform().CommonDialog1.ShowPrinter = [this](const PrinterQuestion&) {
-            const std::string answer = next(printer);
+            const std::string answer = next();
             if (answer == "fails") {
                 throw Fault("no printing system");
             }
-            return answer == "print"  ? PrinterAnswer::Print
-                   : answer == "look" ? PrinterAnswer::Preview
-                                      : PrinterAnswer::Cancel;
+            return static_cast<PrinterAnswer>(std::stoi(answer));
+        };
+        ThePlatform().CommonDialog1.ShowFile = [this](const FileQuestion& question) {
+            asked = question.title + " " + question.fileName;
+            const std::string name = next();
+            return name == "-" ? std::nullopt : std::optional(FileAnswer{name, name});
         };
         Screens().frmPrintPreview = [this] {
-            for (std::string act = next(looks);; act = next(looks)) {
-                if (act != "pdf") {
-                    return static_cast<std::int16_t>(std::stoi(act));
-                }
+            std::string act = next();
+            for (; act == "pdf"; act = next()) {
                 cmdPreviewPdf_Click();
             }
+            return static_cast<std::int16_t>(std::stoi(act));
         };
         Screens().frmTrance = [this] {
-            bars += TheTransferDialog().shown ? std::to_string(TheTransferDialog().prgBar1) + " "
-                                              : "gone";
+            const TransferDialog& dialog = TheTransferDialog();
+            bars += dialog.shown ? std::to_string(dialog.prgBar1) + " " : "gone";
         };
     }
-    void tell(const std::string& statement) { TellStatement(words, values, statement); }
+    void tell(Text statement) {
+        const std::string later = "choose ";
+        if (statement.starts_with(later)) {
+            choices.push_back(statement.substr(later.size()));
+        } else {
+            PlayVerb(verbs, statement);
+        }
+    }
 
 private:
-    static std::string next(std::deque<std::string>& queue) {
-        if (queue.empty()) {
+    std::string next() {
+        if (answers.empty()) {
             ADD_FAILURE() << "not expected";
             return "0";
         }
-        std::string first = queue.front();
-        queue.pop_front();
+        std::string first = answers.front();
+        answers.erase(answers.begin());
         return first;
     }
-    std::string fileAt(const std::string& name) const {
-        return name == "none" ? "" : name[0] == '@' ? fileOf(name.substr(1)) : pathOf(name);
+    std::string fileAt(Text name) const {
+        return name[0] == '@' ? fileOf(name.substr(1)) : name == "-" ? "" : pathOf(name);
     }
     void run(void (*command)()) {
         page.clear();
         command();
         platform.checkAllAsked();
-        EXPECT_TRUE(choices.empty() && printer.empty() && looks.empty());
+        EXPECT_TRUE(choices.empty() && answers.empty());
         ExpectAtRest(platform);
     }
-    static bool picks(const FileQuestion& asked) { return asked.title.starts_with("Specify"); }
-    static std::string beeped(int beeps) { return beeps == 0 ? "" : "beep"; }
+    std::string leave(bool end, Text text) {
+        platform.beeps = 0;
+        const std::string left = LeavePrintRange(end, text);
+        return platform.beeps == 0 ? left : left + "beep";
+    }
+    void expectRange(Text rows) {
+        platform.expectScreen("frmSelectPosiNo3", [rows] {
+            PosiFirst = static_cast<std::int16_t>(std::atoi(rows.c_str()));
+            PosiLast = GridLast;
+            RangeCancelFlag = FlagOf(rows == "cancel");
+        });
+    }
+    void writeFileOf(Text device) const {
+        writeFile("one.qdd", "\"QD-K8\"\r\n" + device + ",,,\r\nNEW,NEW,NEW,NEW\r\n" +
+                                 "1,30,3,0,1005,30,3,0,0,30,3,0,0,30,2,0,0,0,0,0,\r\n");
+    }
+    /// The texts at a height of the first page.
+    std::string line(double y) const {
+        std::string all;
+        for (const PageRecorder::Text& it : page.texts) {
+            all += it.page != 1 || it.y != y ? "" : (all.empty() ? "" : " | ") + it.text;
+        }
+        return all;
+    }
 
     PageRecorder page;
-    std::deque<std::string> choices, printer, looks;
-    std::string bars;
-    std::string picked;
-
-    /// What is done in the dialog.
-    const Verbs form{
-        {"box", Does([this](auto& text) { platform.expectBox(text); })},
-        {"posi", Does([](auto& on) { PrintSelect.chkPrintPosi = on == "on"; })},
-        {"para", Does([](auto& on) { PrintSelect.chkPrintPara = on == "on"; })},
-        {"posi-file", Does([this](auto& name) {
+    std::vector<std::string> choices, answers;
+    std::string bars, asked;
+    const Verbs verbs{
+        // what there is
+        {"grid", Does([](Text rows) {
+             showRows(static_cast<std::int16_t>(rows[0] - '0'),
+                      static_cast<std::int16_t>(std::stoi(rows.substr(2))));
+             ShowPosiFileName("job");
+         })},
+        {"type", Does([](Text what) {
+             Args args(what);
+             const int position = Number(args);
+             const int column = ColumnNamed(Word(args));
+             type(position, column, Rest(args));
+         })},
+        {"mm", Does([](Text) { DispMmFlag = kSet; })},
+        {"pulses", Does([](Text) { DispMmFlag = kClear; })},
+        {"read", Does([this](Text name) { ReadPosiFile(fileAt(name)); })},
+        {"one.qdd", Does([this](Text device) { writeFileOf(device); })},
+        {"loaded", Does([](Text) { ParaLoadedFlag = kSet; })},
+        {"fails-at", Does([this](Text text) { page.failsAt = std::stoi(text); })},
+        // what is asked and answered, later
+        {"answer", Does([this](Text text) { answers.push_back(text); })},
+        {"box", Does([this](Text text) { platform.expectBox(text); })},
+        {"result", Does([this](Text) { platform.expectScreen("frmSyogoKekka"); })},
+        {"range", Does([this](Text rows) { expectRange(rows); })},
+        {"cancel", Does([this](Text ms) { platform.after(std::stoi(ms), cmdTranceCancel_Click); })},
+        // in the dialog
+        {"posi", Does([](Text on) { PrintSelect.chkPrintPosi = on == "on"; })},
+        {"para", Does([](Text on) { PrintSelect.chkPrintPara = on == "on"; })},
+        {"posi-file", Does([this](Text name) {
              PrintSelect.optPrintPosi = 1;
              PrintSelect.posiPath = fileAt(name);
          })},
-        {"para-file", Does([this](auto& name) {
+        {"para-file", Does([this](Text name) {
              PrintSelect.optPrintPara = 1;
              PrintSelect.paraPath = fileAt(name);
          })},
-        {"start", [this](auto& text) { return leave(false, text); }},
-        {"end", [this](auto& text) { return leave(true, text); }},
         {"browse",
-         [this](auto& name) {
-             ThePlatform().CommonDialog1.ShowFile = [&](const FileQuestion& asked) {
-                 EXPECT_TRUE(picks(asked)) << asked.title;
-                 return name == "none" ? std::nullopt : std::optional(FileAnswer{"/there", name});
-             };
-             PrintSelect.chkPrintPara ? cmdSelectParaFile_Click() : cmdSelectPosiFile_Click();
+         [](Text kind) {
+             kind == "posi" ? cmdSelectPosiFile_Click() : cmdSelectParaFile_Click();
              return PrintSelect.lblPrintPosiName + " " + PrintSelect.lblPrintParaName;
          }},
-        {"range",
-         [](auto&) { return PrintSelect.txtPrintStartPosi + "-" + PrintSelect.txtPrintEndPosi; }},
-        {"set", [](auto&) { return PrintSetEnabled() ? "on" : "off"; }},
-        {"ok", [](auto&) { return cmdPrintSet_Click() ? "closes" : "stays"; }}};
-    std::string leave(bool end, const std::string& text) {
-        const int before = platform.beeps;
-        const std::string left = LeavePrintRange(end, text);
-        return beeped(platform.beeps - before) + left;
-    }
-
-    const StoryWords words{
-        {"grid",
-         [](Args& a) {
-             const int first = Number(a);
-             showRows(static_cast<std::int16_t>(first), static_cast<std::int16_t>(Number(a)));
-             ShowPosiFileName("job");
-         }},
-        {"set",
-         [](Args& a) {
-             const int position = Number(a);
-             const int column = ColumnNamed(Word(a));
-             type(position, column, Rest(a));
-         }},
-        {"unit", [](Args& a) { DispMmFlag = FlagOf(Word(a) == "mm"); }},
-        {"file",
-         [this](Args& a) {
-             const std::string name = Word(a);
-             writeFile(name, "\"QD-K8\"\r\n\"" + Rest(a) +
-                                 "\",,,\r\n\"NEW\",\"NEW\",\"NEW\",\"NEW\"\r\n" +
-                                 "1,30,3,0,1005,30,3,0,0,30,3,0,0,30,2,0,0,0,0,0,\"\"\r\n");
-         }},
-        {"read", [this](Args& a) { ReadPosiFile(fileAt(Word(a))); }},
-        {"loaded", [](Args&) { ParaLoadedFlag = kSet; }},
-        {"fails-at", [this](Args& a) { page.failsAt = Number(a); }},
-        {"choose", [this](Args& a) { choices.push_back(Rest(a)); }},
-        {"printer", [this](Args& a) { printer.push_back(Word(a)); }},
-        {"look", [this](Args& a) { looks.push_back(Word(a)); }},
-        {"save-pdf",
-         [this](Args& a) {
-             ThePlatform().CommonDialog1.ShowFile = [this, name = Rest(a)](const FileQuestion& q) {
-                 picked = q.fileName;
-                 return std::optional(FileAnswer{name, name});
-             };
-         }},
-        {"cancel-after", [this](Args& a) { platform.after(Number(a), cmdTranceCancel_Click); }},
-        {"box", [this](Args& a) { platform.expectBox(Plain(Rest(a))); }},
-        {"result", [this](Args&) { platform.expectScreen("frmSyogoKekka"); }},
-        {"range",
-         [this](Args& a) {
-             const std::string rows = Word(a);
-             platform.expectScreen("frmSelectPosiNo3", [rows] {
-                 if (rows == "cancel") {
-                     RangeCancelFlag = kSet;
-                     return;
-                 }
-                 PosiFirst = static_cast<std::int16_t>(std::stoi(rows));
-                 PosiLast = GridLast;
-             });
-         }},
-        {"do", [this](Args&) { run(PrintPosiCommand); }},
-        {"print-parameters", [this](Args&) { run([] { PrintParaData("some.pmt"); }); }}};
-    const StoryValues values{
-        {"pages", [this](Args&) { return std::to_string(page.pages); }},
-        {"bars", [this](Args&) { return std::exchange(bars, ""); }},
-        {"pdf", [this](Args&) { return page.saved + " for " + picked; }},
+        {"start", [this](Text text) { return leave(false, text); }},
+        {"end", [this](Text text) { return leave(true, text); }},
+        {"boxes",
+         [](Text) { return PrintSelect.txtPrintStartPosi + "-" + PrintSelect.txtPrintEndPosi; }},
+        {"set", [](Text) { return PrintSetEnabled() ? "on" : "off"; }},
+        {"ok", [](Text) { return cmdPrintSet_Click() ? "closes" : "stays"; }},
+        // what is done, and what stands afterwards
+        {"do", Does([this](Text) { run(PrintPosiCommand); })},
+        {"do-parameters", Does([this](Text) { run([] { PrintParaData("some.pmt"); }); })},
+        {"pages", [this](Text) { return std::to_string(page.pages); }},
+        {"line", [this](Text y) { return line(std::stod(y)); }},
+        {"bars", [this](Text) { return std::exchange(bars, ""); }},
+        {"pdf", [this](Text) { return page.saved; }},
+        {"asked", [this](Text) { return asked; }},
         {"ranges",
-         [](Args&) {
-             return std::to_string(GridFirst) + "-" + std::to_string(GridLast) + " " +
-                    std::to_string(PosiFirst) + "-" + std::to_string(PosiLast) + " file " +
-                    std::to_string(FileFirst) + "-" + std::to_string(FileLast);
-         }},
-        {"staged", [](Args& a) { return TextOf(PosiStage.at(std::size_t(Number(a))).at(20)); }},
-        // the texts in a line of the first page, by its height
-        {"line", [this](Args& a) {
-             const double y = Number(a);
-             std::string texts;
-             for (const PageRecorder::Text& it : page.texts) {
-                 texts += it.page == 1 && it.y == y ? (texts.empty() ? "" : " | ") + it.text : "";
+         [](Text) {
+             std::string all;
+             for (const std::int16_t it :
+                  {GridFirst, GridLast, PosiFirst, PosiLast, FileFirst, FileLast}) {
+                 all += (all.empty() ? "" : " ") + std::to_string(it);
              }
-             return texts;
-         }}};
+             return all;
+         }},
+        {"staged", [](Text row) { return TextOf(PosiStage.at(std::stoul(row)).at(20)); }}};
 };
 
 TEST(Prints, GoAsTold) {
-    TellStories<Story>(QDW8_SOURCE_DIR "/tests/print/stories.txt", 10);
+    TellStories<Story>(QDW8_SOURCE_DIR "/tests/print/stories.txt", 12);
 }
 
 } // namespace
