@@ -213,6 +213,15 @@ void Controller::setInputs(std::uint32_t inputs, Millis now) {
     qdk8::SetInputs(body, inputs, now);
 }
 
+void Controller::setHomed(unsigned mask) {
+    body.homed = mask;
+    for (unsigned axis = 0; axis < kAxisCountMax; ++axis) {
+        if ((mask >> axis & 1U) != 0) {
+            body.astray.at(axis) = 0;
+        }
+    }
+}
+
 bool Controller::place(int axis, int pulses, Millis now) {
     settle(now);
     if (Moving(body) || pulses < 0 || pulses > StrokeEnd(body.working, axis)) {
@@ -220,6 +229,7 @@ bool Controller::place(int axis, int pulses, Millis now) {
     }
     const double here = pulses;
     body.tracks.at(static_cast<std::size_t>(axis)) = Track{here, here, now, now};
+    body.astray.at(static_cast<std::size_t>(axis)) = 0;
     return true;
 }
 

@@ -89,7 +89,7 @@ public:
     /// switched them.
     void setOutputs(std::uint32_t outputs) { body.outputs = outputs & 0xFFFFFFU; }
     /// These axes, and no others, count as homed, without a homing.
-    void setHomed(unsigned mask) { body.homed = mask; }
+    void setHomed(unsigned mask);
     /// Puts an axis (0 to 3) somewhere within its stroke, in pulses; false while the machine moves.
     bool place(int axis, int pulses, Millis now);
     /// Time from a request to its reply, 0 at first.

@@ -72,7 +72,7 @@ Track Halted(const Track& track, Millis now) {
 }
 
 bool MovesAt(const Track& track, Millis now) {
-    return now < track.end;
+    return track.start < track.end && now < track.end;
 }
 
 double PositionAt(const Track& track, Millis now) {

@@ -11,7 +11,7 @@ constexpr double kSlide = 20; ///< width of the slide, pixels
 constexpr double kSlideHigh = 14;
 constexpr double kBed = 6; ///< height of what it runs on
 constexpr double kTick = 5;
-constexpr double kClosestTicks = 6;
+constexpr double kClosestTicks = 8;
 constexpr int kHigh = 25;
 
 /// Millimetres between two ticks: as fine as can be told apart.

@@ -1,6 +1,7 @@
 // The window of qd-k8-sim: what it switches in the machine, and how it shows it.
 
 #include "motion/io_lamps.h"
+#include "simulator/motion.h"
 #include "simulator/window/lamp.h"
 #include "simulator/window/texts.h"
 #include "simulator/window/trouble_panel.h"
@@ -74,6 +75,22 @@ TEST_F(SimulatorWindow, FollowsTheAxes) {
     look();
     EXPECT_EQ(text("state2") + text("place2"), "homed, at rest201 pulses, 1.005 mm of 100 mm");
     EXPECT_EQ(text("state3") + text("place3"), "not in use");
+}
+
+TEST_F(SimulatorWindow, FollowsTheSlidesBeyondWhatIsCounted) {
+    const auto slide = [this](std::size_t axis) { return LookAt(front).axes.at(axis).slide; };
+    EXPECT_EQ(slide(1), 10000) << "half-way, before anybody knows";
+    front.controller.setHomed(1);
+    EXPECT_EQ(slide(0), 0);
+    front.controller.place(1, 201, Milliseconds());
+    get("power").click();
+    get("power").click();
+    EXPECT_EQ(slide(1), 201) << "it stands where it stood";
+    EXPECT_EQ(LookAt(front).axes[1].position, 0);
+    front.controller.receive("0MM0002\r\n", Milliseconds());
+    const Millis later = Milliseconds() + 60000;
+    front.controller.settle(later);
+    EXPECT_EQ(SlidePosition(machine(), 1, later), 0);
 }
 
 TEST_F(SimulatorWindow, RaisesAndClearsEveryAlarmItOffers) {
