@@ -44,6 +44,7 @@ enum Text : std::int16_t {
     kCompleted = 3191,
     kStopping = 3192,
     kNotConfirmed = 3193,
+    kBeyond = 3195,
 };
 
 /// The state of a fresh start.
@@ -54,6 +55,7 @@ struct TeachingState {
     Flag JogHeld = kClear;
     int optJOG = 0;
     bool open = false;
+    bool beyond = false;    ///< the last step was sent beyond the stroke end
     bool pressed = false;   ///< a button is down, whatever came of the press
     bool breakOff = false;  ///< the start is to end
     bool otherAxes = false; ///< than before are in use since a start
@@ -137,11 +139,13 @@ bool MakeData(JogEntry& entry) {
         return true;
     }
     const std::size_t axis = entry.button / 2;
-    const auto target =
-        InchingTarget(entry.button, entry.step, JogPresentPos[axis].value_or(0), JogMaxPulse[axis]);
+    const std::int32_t end = JogMaxPulse[axis];
+    const auto from = JogPresentPos[axis];
+    const auto target = from ? InchingTarget(entry.button, entry.step, *from, end) : from;
     if (!target) {
         return false;
     }
+    state.beyond = *target > end;
     entry.data = InchingData(entry.button, *target);
     return entry.data.size() == kInchingData;
 }
@@ -162,6 +166,7 @@ void SendHead() {
         return;
     }
     SeeMove(entry.step != 0);
+    Tell();
     GoesOn((entry.step != 0 ? InchingMove(entry.data) : JogRun(entry.data)) == 0, true);
 }
 
@@ -251,6 +256,7 @@ void Start() {
     }
     ResetJogQueue();
     state.JogHeld = kClear;
+    state.beyond = false;
     state.JogTimerStop = kClear;
     state.JogTickCount = kReadingTick;
     SetInterval(timerTusin, kTickMs);
@@ -273,7 +279,7 @@ std::int16_t StateText() {
     case Teaching::NotStarted: return kWillHome;
     case Teaching::Starting: return kStarting;
     case Teaching::Homing: return kHoming;
-    case Teaching::Started: return IsJog() ? kHold : kPress;
+    case Teaching::Started: return state.beyond ? kBeyond : IsJog() ? kHold : kPress;
     case Teaching::Failed: return kFailed;
     case Teaching::Completed: return kCompleted;
     }
@@ -427,6 +433,7 @@ void cmdJOGend_Click() {
 void optJOG_Click(int way) {
     if (way >= 0 && way < static_cast<int>(kSteps.size())) {
         state.optJOG = way;
+        state.beyond = false;
     }
     Tell();
 }
@@ -441,6 +448,7 @@ void JogPressed(int index) {
         return;
     }
     const int step = kSteps[static_cast<std::size_t>(state.optJOG)];
+    state.beyond = false;
     if (PushJog({button, step, step == 0 ? JogData(button, VelOf100Pls) : ""})) {
         state.JogHeld = FlagOf(IsJog());
         MakeTickDue();

@@ -35,8 +35,10 @@ enum class Teaching : std::uint8_t {
 struct TeachingForm {
     Teaching state = Teaching::NotStarted;
     StopSign stop = StopSign::None;
-    std::int16_t stateText = 0; ///< the line beside the buttons: what happens, what Start will do
-    std::int16_t stopText = 0;  ///< of the sign; nothing but the sign itself may hide it
+    /// The line beside the buttons: what happens, what Start will do, that a step was sent beyond
+    /// the stroke end.
+    std::int16_t stateText = 0;
+    std::int16_t stopText = 0; ///< of the sign; nothing but the sign itself may hide it
     /// `lblPosi1` to `lblPosi4`, in the display unit; empty for an axis out of use and where no
     /// reading stands.
     std::array<std::string, kAxes> lblPosi;
