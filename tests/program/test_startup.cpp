@@ -342,7 +342,9 @@ TEST_F(StartUp, NothingIsPolledWhileSomethingIsAsked) {
         platform.run(2000);
     };
     ThePlatform().ShowMessageBox = [&](const auto&) { return wait(), BoxAnswer::Cancel; };
-    ThePlatform().CommonDialog1.ShowPrinter = [&](const auto&) { return wait(), PrinterAnswer::Cancel; };
+    ThePlatform().CommonDialog1.ShowPrinter = [&](const auto&) {
+        return wait(), PrinterAnswer::Cancel;
+    };
     EditCMD_Yuko();
     for (const Command command :
          {Command::mnuEditLineCopy, Command::mnuFilePageSetup, Command::mnuFileClose}) {
