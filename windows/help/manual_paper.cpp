@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QPalette>
 #include <QTextBlock>
+#include <QTextCursor>
 #include <QTextDocument>
 #include <cmath>
 #include <vector>
@@ -48,13 +49,30 @@ QString WholeText(const Manual& manual, const std::vector<int>& sheets) {
         .arg(StyleSheet(manual), ResQText(kManualTitle).toHtmlEscaped(), list, pages);
 }
 
-/// The sheets, from 1, on which the pages begin.
+/// The sheet, from 1, on which a paragraph begins.
+int SheetOf(const QTextDocument& text, const QTextBlock& block) {
+    const double top = text.documentLayout()->blockBoundingRect(block).top();
+    return static_cast<int>(top / text.pageSize().height()) + 1;
+}
+
+/// No heading stands at the foot of a sheet, away from what it is over.
+void KeepHeadings(const QTextDocument& text) {
+    for (QTextBlock block = text.begin(); block.next().isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() > 0 &&
+            SheetOf(text, block) != SheetOf(text, block.next())) {
+            QTextBlockFormat format;
+            format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+            QTextCursor(block).mergeBlockFormat(format);
+        }
+    }
+}
+
+/// The sheets on which the pages begin.
 std::vector<int> Beginnings(const QTextDocument& text) {
     std::vector<int> sheets;
     for (QTextBlock block = text.begin(); block.isValid(); block = block.next()) {
         if (block.blockFormat().headingLevel() == 1) {
-            const double top = text.documentLayout()->blockBoundingRect(block).top();
-            sheets.push_back(static_cast<int>(top / text.pageSize().height()) + 1);
+            sheets.push_back(SheetOf(text, block));
         }
     }
     return sheets;
@@ -94,6 +112,7 @@ bool PrintManual(const Manual& manual, QPagedPaintDevice& paper) {
         text.setHtml(WholeText(manual, sheets));
         text.setPageSize({paper.width() - 2.0 * kMarginMm * mmX,
                           paper.height() - (2.0 * kMarginMm + kFootMm) * mmY});
+        KeepHeadings(text);
         sheets = Beginnings(text);
     }
     painter.translate(kMarginMm * mmX, kMarginMm * mmY);
