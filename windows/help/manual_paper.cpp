@@ -11,6 +11,7 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextLayout>
 #include <cmath>
 #include <vector>
 
@@ -49,20 +50,25 @@ QString WholeText(const Manual& manual, const std::vector<int>& sheets) {
         .arg(StyleSheet(manual), ResQText(kManualTitle).toHtmlEscaped(), list, pages);
 }
 
-/// The sheet, from 1, on which a paragraph begins.
+/// The sheet, from 1, on which the first line of a paragraph stands: a picture is a line, too.
 int SheetOf(const QTextDocument& text, const QTextBlock& block) {
-    const double top = text.documentLayout()->blockBoundingRect(block).top();
-    return static_cast<int>(top / text.pageSize().height()) + 1;
+    double at = text.documentLayout()->blockBoundingRect(block).top();
+    if (block.layout()->lineCount() > 0) {
+        at += block.layout()->lineAt(0).rect().center().y();
+    }
+    return static_cast<int>(at / text.pageSize().height()) + 1;
 }
 
 /// No heading stands at the foot of a sheet, away from what it is over.
-void KeepHeadings(const QTextDocument& text) {
+void KeepHeadings(QTextDocument& text) {
     for (QTextBlock block = text.begin(); block.next().isValid(); block = block.next()) {
         if (block.blockFormat().headingLevel() > 0 &&
             SheetOf(text, block) != SheetOf(text, block.next())) {
             QTextBlockFormat format;
             format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
             QTextCursor(block).mergeBlockFormat(format);
+            // What the change leaves of the old places is not to be trusted.
+            text.markContentsDirty(0, text.characterCount());
         }
     }
 }
