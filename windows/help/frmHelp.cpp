@@ -19,6 +19,7 @@
 #include <QPrinter>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
 #include <QTabWidget>
@@ -312,8 +313,10 @@ void frmHelp::open(const HelpAsked& asked) {
         page->setExtraSelections({});
         page->moveCursor(QTextCursor::Start);
         const QString line = asked.text.section(u'\n', 0, 0).trimmed();
-        if (!line.isEmpty()) {
-            page->find(line);
+        if (!line.isEmpty() && page->find(line)) {
+            // What to do stands below it.
+            QScrollBar& scroll = *page->verticalScrollBar();
+            scroll.setValue(scroll.value() + page->cursorRect().top() - kPageMargin);
         }
     } else {
         goTo(manual.placeOf({objectName()}));
