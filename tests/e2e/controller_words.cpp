@@ -143,7 +143,11 @@ Words ControllerWords() {
         {"hears", [](Told told) { WaitHeard(told.value(0), told.value(1).toInt()); }},
         {"axis", WaitAxis},
         {"written", [](Told told) { ExpectNow(PositionsOf("0WP"), told.join(u' ')); }},
-        {"moved", [](Told told) { ExpectNow(PositionsOf("0MM|0MP"), told.join(u' ')); }},
+        {"moved",
+         [](Told told) {
+             const QStringList all = PositionsOf("0MM|0MP").split(u' ');
+             ExpectNow(all.mid(all.size() - told.size()).join(u' '), told.join(u' '));
+         }},
         {"last-heard", [](Told told) { ExpectNow(LastHeard(), told.value(0)); }},
         {"copy-file", CopyFile},
         {"saved", ExpectSaved},
