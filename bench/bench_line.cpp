@@ -3,6 +3,7 @@
 //
 //     bench_line paced      one read at 9600 baud, about a minute
 //     bench_line single     the same over a driver that delivers single characters
+//     bench_line window     the same beside the simulator's window, which is painted meanwhile
 //     bench_line write      one write of the same rows at 9600 baud
 //     bench_line blocks     all parameter blocks of four axes at 9600 baud
 //     bench_line groups     all groups at 9600 baud
@@ -183,9 +184,10 @@ int MeasureUnpaced(const std::string& device) {
 
 int main(int argc, char** argv) {
     const std::string mode = argc == 2 ? argv[1] : "";
-    if (mode != "paced" && mode != "single" && mode != "write" && mode != "blocks" &&
-        mode != "groups" && mode != "macros" && mode != "unpaced") {
-        std::fprintf(stderr, "usage: bench_line paced|single|write|blocks|groups|macros|unpaced\n");
+    if (mode != "paced" && mode != "single" && mode != "window" && mode != "write" &&
+        mode != "blocks" && mode != "groups" && mode != "macros" && mode != "unpaced") {
+        std::fprintf(stderr,
+                     "usage: bench_line paced|single|window|write|blocks|groups|macros|unpaced\n");
         return 2;
     }
     QApplication application(argc, argv);
@@ -219,6 +221,9 @@ int main(int argc, char** argv) {
         options << "--handful"
                 << "1";
     }
+    if (mode == "window") {
+        options << "--window";
+    }
     QProcess simulator;
     simulator.start(QDW8_SIMULATOR, options);
     if (!simulator.waitForReadyRead(5000)) {
@@ -226,7 +231,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     int result = 1;
-    if (mode == "paced" || mode == "single") {
+    if (mode == "paced" || mode == "single" || mode == "window") {
         result = MeasurePaced("999 rows read", kReadSeconds, ReadTable);
     } else if (mode == "write") {
         result = ReadTable() < 0 ? 1 : MeasurePaced("999 rows written", kWriteSeconds, WriteTable);
