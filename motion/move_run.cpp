@@ -127,10 +127,12 @@ bool HomeForMove(const std::function<void()>& onFailure) {
         return MoveMustEnd();
     };
     const MotionEnd end = HomeAllAxes(dontStart, WindowIsGone);
+    const bool arrived = Judge(end);
+    TellMove();
     if (end == MotionEnd::Failed && onFailure) {
         onFailure();
     }
-    if (!Judge(end) || !ShowArrival(0)) {
+    if (!arrived || !ShowArrival(0)) {
         return false;
     }
     if (!IsSet(HomedFlag)) {

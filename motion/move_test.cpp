@@ -91,7 +91,8 @@ MoveStatus StatusOfRun() {
 
 MoveStatus StatusNow() {
     const MoveState& move = TheMove();
-    if (RunOfMove() != MoveRun::None) {
+    // How it has ended is said under the boxes that tell why, too.
+    if (RunOfMove() != MoveRun::None && move.outcome == MoveOutcome::Good) {
         return StatusOfRun();
     }
     switch (move.outcome) {

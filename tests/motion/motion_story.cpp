@@ -3,6 +3,7 @@
 #include "app/command_states.h"
 #include "link/line_state.h"
 #include "link/supervision.h"
+#include "platform/platform.h"
 #include "support/boxes.h"
 #include "support/every_step.h"
 
@@ -30,6 +31,14 @@ MotionStory::MotionStory()
           {"offline", [](Args&) { SetOfflineState(); }},
           {"during", [this](Args& a) { during(a); }},
           {"box", [this](Args& a) { platform.expectBox(BoxText(Rest(a))); }},
+          {"in-box",
+           [this](Args& a) {
+               ThePlatform().ShowMessageBox = [this, ask = ThePlatform().ShowMessageBox, left = Number(a),
+                                          what = Rest(a)](const BoxQuestion& box) mutable {
+                   --left == 0 ? tell(what) : void();
+                   return ask(box);
+               };
+           }},
           {"fault", [this](Args& a) { addFault(Word(a)); }},
           {"mend", [this](Args&) { line.controller.clearFaults(); }},
           {"cable", [this](Args&) { platform.breakLine(); }},

@@ -13,7 +13,8 @@ class CommandsAway;
 /// What the stories of all windows that act on the machine say: time, the line and its faults, what
 /// the controller does, other commands, the end of the program. "sent" are the frames since it was
 /// asked last, "frames" the same with equal ones in a row as one; "during FRAME WORDS" lets
-/// something happen in the wait for the answer to the next frame that begins so.
+/// something happen in the wait for the answer to the next frame that begins so, "in-box N WORDS"
+/// while the Nth box is up.
 namespace qdw8::test {
 
 class MotionStory : public LineBench {
