@@ -83,18 +83,14 @@ bool HeldButton::isLost(const QObject* watched, const QEvent& event) const {
     const bool ofButton = button != nullptr && watched == button;
     const bool ofWindow = watched == &window || watched == window.windowHandle();
     switch (event.type()) {
-    case QEvent::FocusOut:
+    case QEvent::FocusOut: // also of a window that is no longer the active one, or minimised
     case QEvent::UngrabMouse: return ofButton;
     case QEvent::EnabledChange: return ofButton && !button->isEnabled();
-    case QEvent::Hide:
-    case QEvent::Close: return ofButton || ofWindow;
-    case QEvent::WindowDeactivate:
+    case QEvent::Hide: return ofButton || ofWindow;
     case QEvent::WindowBlocked: return ofWindow;
-    case QEvent::WindowStateChange: return ofWindow && window.isMinimized();
     case QEvent::ApplicationStateChange:
         return static_cast<const QApplicationStateChangeEvent&>(event).applicationState() !=
                Qt::ApplicationActive;
-    case QEvent::Quit: return true;
     default: return false;
     }
 }
