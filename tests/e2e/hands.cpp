@@ -105,23 +105,13 @@ void LetGo() {
     Post([] { QTest::mouseRelease(held.widget, Qt::LeftButton, {}, held.at); });
 }
 
-void HoldKey(const QString& key) {
+void HoldKey(const QString& key, bool down) {
     if (RealHands()) {
-        Xdotool({"keydown", key});
+        Xdotool({down ? "keydown" : "keyup", key});
         return;
     }
-    ToFocus([pressed = QKeySequence(key)[0]](QWidget* widget) {
-        QTest::keyPress(widget, pressed.key());
-    });
-}
-
-void LetGoKey(const QString& key) {
-    if (RealHands()) {
-        Xdotool({"keyup", key});
-        return;
-    }
-    ToFocus([pressed = QKeySequence(key)[0]](QWidget* widget) {
-        QTest::keyRelease(widget, pressed.key());
+    ToFocus([code = QKeySequence(key)[0].key(), down](QWidget* widget) {
+        QTest::sendKeyEvent(down ? QTest::Press : QTest::Release, widget, code, QString(), {});
     });
 }
 

@@ -14,9 +14,8 @@ void ClickAt(const FindSpot& find, Boxes boxes = Boxes::AreFailures, Held held =
 /// The left button goes down on it and stays down; goes up wherever the pointer is.
 void HoldAt(const FindSpot& find);
 void LetGo();
-/// The same for a key, on what has the keys.
-void HoldKey(const QString& key);
-void LetGoKey(const QString& key);
+/// A key goes down, or up, for what has the keys.
+void HoldKey(const QString& key, bool down);
 
 /// Keys to what has the keys: "Return", "Escape", "Tab", "ctrl+c".
 void Press(const QStringList& keys);

@@ -15,7 +15,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
-#include <algorithm>
+#include <tuple>
 
 namespace qdw8::test {
 namespace {
@@ -62,96 +62,76 @@ protected:
     std::unique_ptr<frmJOG> form;
 };
 
-/// What takes the hold away, and what is to be undone of it.
-struct Loss {
-    const char* name;
-    std::function<void(QPushButton&)> comes;
-    std::function<void(QPushButton&)> goes = {};
-    bool closes = false; ///< the window would
-    bool seen = false;   ///< and so the next press counts
-};
-
 TEST_F(TeachingWindow, EveryEndOfAHoldIsAStopAndOnlyOne) {
-    const auto tell = [](QObject& to, QEvent&& event) { QApplication::sendEvent(&to, &event); };
+    QPushButton& held = button("cmdJOG(3)");
     QMessageBox box(form.get());
     QWidget other;
-    const std::array losses{
-        Loss{"the focus goes elsewhere", [&](auto&) { button("cmdJOGend").setFocus(); }},
-        Loss{"another window is worked in",
-             [&](auto&) {
-                 other.show();
-                 other.activateWindow();
-                 EXPECT_TRUE(QTest::qWaitForWindowActive(&other));
-             }},
-        Loss{"the window is hidden", [&](auto&) { form->hide(); }},
-        Loss{"the window is minimised", [&](auto&) { form->showMinimized(); }},
-        Loss{"the window is to close",
-             [&](auto&) { QTest::keyClick(form.get(), Qt::Key_Escape); },
-             {},
-             true,
-             true},
-        Loss{"a box comes up", [&](auto&) { box.open(); }, [&](auto&) { box.hide(); }},
-        Loss{"the button is switched off", [](auto& held) { held.setEnabled(false); },
-             [](auto& held) { held.setEnabled(true); }},
-        Loss{"the button is hidden", [](auto& held) { held.hide(); },
-             [](auto& held) { held.show(); }},
-        Loss{"the mouse is taken away",
-             [&](auto& held) { tell(held, QEvent(QEvent::UngrabMouse)); }},
-        Loss{"the screen is locked",
-             [&](auto&) { tell(*qApp, QApplicationStateChangeEvent(Qt::ApplicationInactive)); }},
-        Loss{"the program ends", [&](auto&) { tell(*qApp, QEvent(QEvent::Quit)); }, {}, true},
-        Loss{"the mouse slips off, or Tab is pressed",
-             [](auto& held) {
-                 QTest::mouseMove(&held, {-1, 5});
-                 QTest::keyClick(&held, Qt::Key_Tab);
-             },
-             {},
-             false,
-             true},
-        Loss{"it is let go",
-             [](auto& held) {
-                 QTest::mouseRelease(&held, Qt::LeftButton);
-                 QTest::keyRelease(&held, Qt::Key_Space);
-             },
-             {},
-             false,
-             true},
+    const auto tell = [](QObject& to, QEvent&& event) { QApplication::sendEvent(&to, &event); };
+    const auto space = [&](QEvent::Type type, bool repeats) {
+        tell(held, QKeyEvent(type, Qt::Key_Space, {}, " ", repeats));
+    };
+    const auto slip = [&] {
+        QTest::mouseMove(&held, {-1, 5}), QTest::keyClick(&held, Qt::Key_Tab);
+    };
+    const auto letGo = [&] {
+        QTest::mouseRelease(&held, Qt::LeftButton);
+        QTest::keyRelease(&held, Qt::Key_Space);
     };
     // The window would go, but for the question of the chart.
     TeachPosition({});
-    QPushButton& held = button("cmdJOG(3)");
+    const auto asks = [&] {
+        platform.expectBox(ResText(2224), BoxButtons::YesNoCancel, BoxAnswer::Cancel);
+    };
+    struct Loss {
+        const char* name;
+        std::function<void()> comes;
+        bool seen = false; ///< and so the next press counts
+    };
+    const std::array losses{
+        Loss{"the focus goes elsewhere", [&] { button("cmdJOGend").setFocus(); }},
+        Loss{"another window is worked in",
+             [&] {
+                 other.show(), other.activateWindow(),
+                     std::ignore = QTest::qWaitForWindowActive(&other);
+             }},
+        Loss{"the window is hidden", [&] { form->hide(); }},
+        Loss{"the window is minimised", [&] { form->showMinimized(); }},
+        Loss{"Escape", [&] { asks(), QTest::keyClick(form.get(), Qt::Key_Escape); }, true},
+        Loss{"the program ends", [&] { asks(), tell(*qApp, QEvent(QEvent::Quit)); }},
+        Loss{"a box comes up", [&] { box.open(); }},
+        Loss{"the button is switched off", [&] { held.setEnabled(false); }},
+        Loss{"the button is hidden", [&] { held.hide(); }},
+        Loss{"the mouse is taken away", [&] { tell(held, QEvent(QEvent::UngrabMouse)); }},
+        Loss{"the screen is locked",
+             [&] { tell(*qApp, QApplicationStateChangeEvent(Qt::ApplicationInactive)); }},
+        Loss{"the mouse slips off, or Tab is pressed", slip, true},
+        Loss{"it is let go", letGo, true},
+    };
     std::string before;
     for (const Loss& loss : losses) {
         for (const bool mouse : {true, false}) {
             SCOPED_TRACE(std::string(mouse ? "mouse: " : "key: ") + loss.name);
             platform.run(400);
             EXPECT_EQ(moves(), before);
-            before = "";
             held.setFocus();
-            mouse ? QTest::mousePress(&held, Qt::LeftButton)
-                  : QTest::keyPress(&held, Qt::Key_Space);
+            mouse ? QTest::mousePress(&held, Qt::LeftButton) : space(QEvent::KeyPress, false);
             platform.run(400);
-            tell(held, QKeyEvent(QEvent::KeyRelease, Qt::Key_Space, {}, " ", true));
-            tell(held, QKeyEvent(QEvent::KeyPress, Qt::Key_Space, {}, " ", true));
+            space(QEvent::KeyRelease, true);
+            space(QEvent::KeyPress, true);
             platform.run(100);
             EXPECT_EQ(moves(), "0JR02002 ");
-            if (loss.closes) {
-                platform.expectBox(ResText(2224), BoxButtons::YesNoCancel, BoxAnswer::Cancel);
-            }
-            loss.comes(held);
+            loss.comes();
             EXPECT_FALSE(held.isDown());
             platform.run(300);
             EXPECT_EQ(moves(), "0SP ");
-            loss.goes ? loss.goes(held) : void();
+            box.hide(), other.hide(), held.show(), held.setEnabled(true);
             comeBack();
             held.setFocus();
             // The window system hands a key that still repeats itself over as one that goes down.
-            mouse ? QTest::mouseMove(&held, {5, 5})
-                  : tell(held, QKeyEvent(QEvent::KeyPress, Qt::Key_Space, {}, " "));
+            mouse ? QTest::mouseMove(&held, {5, 5}) : space(QEvent::KeyPress, false);
             EXPECT_EQ(held.isDown(), !mouse && loss.seen);
-            QTest::mouseRelease(&held, Qt::LeftButton);
-            QTest::keyRelease(&held, Qt::Key_Space);
-            before = !mouse && loss.seen ? "0SP " : ""; // of a press that had no time to be sent
+            letGo();
+            before = !mouse && loss.seen ? "0SP " : ""; // too short to be sent
         }
     }
 }
