@@ -12,6 +12,7 @@
 #include "position/posi_columns.h"
 #include "position/posi_table.h"
 
+#include <array>
 #include <exception>
 #include <optional>
 #include <string>
@@ -154,6 +155,23 @@ PosiCheck RunCheck() {
     return PosiCheck::Refused;
 }
 
+using Figures = std::array<double, kComment>;
+
+/// The figures of the grid's rows that a file would hold. The pulses of rows that came from a file
+/// or the controller reach the table only with a check.
+std::vector<Figures> FiguresOfGrid() {
+    std::vector<Figures> rows;
+    for (int position = GridFirst; position <= GridLast; ++position) {
+        const auto row = static_cast<std::size_t>(position);
+        Figures figures = PosiTable[row].number;
+        for (std::size_t axis = 0; axis < kAxes; ++axis) {
+            figures[axis * kAxisColumns + kPosi] = PosiUnitTable[row].pulse[axis];
+        }
+        rows.push_back(figures);
+    }
+    return rows;
+}
+
 } // namespace
 
 std::int16_t Check_flgdLineNo() {
@@ -195,9 +213,19 @@ bool TableTakesGrid(std::int16_t faultText) {
     return check == PosiCheck::Committed;
 }
 
-std::int16_t ChangeUnit(Flag mm) {
+PosiCheck CheckWholeGrid() {
+    const std::vector<Figures> before = FiguresOfGrid();
+    // A command on a part of the table may have left its range behind.
     TakeWholeGrid();
     const PosiCheck check = PosiDataCheck3();
+    if (check == PosiCheck::Committed && FiguresOfGrid() != before) {
+        PosiDirtyFlag = kSet;
+    }
+    return check;
+}
+
+std::int16_t ChangeUnit(Flag mm) {
+    const PosiCheck check = CheckWholeGrid();
     if (check == PosiCheck::Refused || check == PosiCheck::Faulted) {
         return 1;
     }

@@ -27,6 +27,11 @@ PosiCheck PosiDataCheck3();
 /// send other rows than the user sees.
 bool TableTakesGrid(std::int16_t faultText);
 
+/// `PosiDataCheck3` for all rows of the grid, whatever range a command has left. Where what is
+/// committed differs from what the table held, it counts as unsaved: with other devices the text of
+/// millimetres makes other pulses, and so it does where a pulse is finer than the text.
+PosiCheck CheckWholeGrid();
+
 /// Changes the unit of the positions, `mm` -1 or 0: the whole grid is checked and committed in the
 /// old unit, then everything is shown in the new one. 0 good. 1 the grid has errors, which the
 /// result window has shown, or can't be committed; the unit is as it was.

@@ -111,6 +111,7 @@ OptionsOk cmdOK_Click(const OptionsForm& form) {
     TakeUnit(FlagOf(form.optHyojiKirikae == 1));
     TakeFlag(MmRoundUpFlag, form.optSutiSyori == 0, "MmRoundUp");
     TakeFlag(PortOccupyFlag, form.chkPortOccupy, "PortOccupy");
+    CloseCtPort();
     TakeNumber(VelOf100Pls, NumberIn(form.txtJogVel), "VelOf100Pls");
     TakeNumber(AccOf100Pls, form.optJogAcc + 1, "AccOf100Pls");
     TakeNumber(AccOf100Pls2, form.optJogAcc2 + 1, "AccOf100Pls2");

@@ -16,9 +16,9 @@ namespace qdw8::test {
 namespace {
 
 const std::map<std::string, std::int16_t*> kVariables{
-    NAMED(&PortNo),      NAMED(&PortOccupyFlag), NAMED(&LanguageNo),  NAMED(&LanguageChangedFlag),
-    NAMED(&DispMmFlag),  NAMED(&MmRoundUpFlag),  NAMED(&VelOf100Pls), NAMED(&AccOf100Pls),
-    NAMED(&AccOf100Pls2)};
+    NAMED(&PortNo),       NAMED(&PortOccupyFlag), NAMED(&LanguageNo),  NAMED(&LanguageChangedFlag),
+    NAMED(&DispMmFlag),   NAMED(&MmRoundUpFlag),  NAMED(&VelOf100Pls), NAMED(&AccOf100Pls),
+    NAMED(&AccOf100Pls2), NAMED(&PosiDirtyFlag)};
 
 class Story : public SetupBench {
 public:
@@ -64,6 +64,7 @@ private:
         {"on-line", [](Args&) { GoOnLine(), OpenCtPort(); }},
         {"line-reserved", [](Args&) { ReserveLine(true); }},
         {"rows", [](Args&) { showRows(5, 7); }},
+        {"fine-pulses", [](Args&) { DevSetting[0].DevLead = 1, DevSetting[0].DevPPR = 4000; }},
         {"working", [](Args& a) { PosiFirst = PosiLast = static_cast<std::int16_t>(Number(a)); }},
         {"type", // the target of AXIS 1
          [](Args& a) {
