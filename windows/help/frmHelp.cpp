@@ -42,13 +42,13 @@ constexpr std::int16_t kSearch = 3323;
 constexpr std::int16_t kBack = 3324;
 constexpr std::int16_t kForward = 3325;
 constexpr std::int16_t kPrint = 3326;
-constexpr std::int16_t kSavePdf = 3327;
+constexpr std::int16_t kSavePdf = 3258;
 constexpr std::int16_t kLarger = 3328;
 constexpr std::int16_t kSmaller = 3329;
 constexpr std::int16_t kSearchFor = 3330;
 constexpr std::int16_t kNotFound = 3331;
 constexpr std::int16_t kNotPrinted = 3332;
-constexpr std::int16_t kPdfFilter = 3333;
+constexpr std::int16_t kPdfFilter = 3263;
 constexpr std::int16_t kPdfName = 3334;
 constexpr std::int16_t kIndexStart = 3335;
 
