@@ -21,6 +21,17 @@ template<typename Items, typename TextOf> std::string Join(const Items& items, T
     return text;
 }
 
+int up = 0; ///< modal windows on the screen
+
+/// One more for the life of the object.
+class Up {
+public:
+    Up() { ++up; }
+    ~Up() { --up; }
+    Up(const Up&) = delete;
+    Up& operator=(const Up&) = delete;
+};
+
 } // namespace
 
 std::string Lines(std::initializer_list<std::string> lines) {
@@ -45,6 +56,7 @@ BoxAnswer AskBox(const std::string& text, BoxButtons buttons) {
 
 BoxAnswer AskBox(const BoxQuestion& question) {
     if (!IsSet(ProgramEndFlag)) {
+        const Up modal;
         return ThePlatform().ShowMessageBox(question);
     }
     switch (question.buttons) {
@@ -55,15 +67,24 @@ BoxAnswer AskBox(const BoxQuestion& question) {
 }
 
 std::int16_t AskChoice(const SelectionQuestion& question) {
-    return IsSet(ProgramEndFlag) ? kSelectionCancelled : Screens().frmSelection(question);
+    if (IsSet(ProgramEndFlag)) {
+        return kSelectionCancelled;
+    }
+    const Up modal;
+    return Screens().frmSelection(question);
 }
 
 bool ShowModal(const std::function<void()>& window) {
     if (IsSet(ProgramEndFlag)) {
         return false;
     }
+    const Up modal;
     window();
     return true;
+}
+
+bool ModalIsUp() {
+    return up > 0;
 }
 
 } // namespace qdw8

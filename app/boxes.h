@@ -33,4 +33,7 @@ std::int16_t AskChoice(const SelectionQuestion& question);
 /// Any other modal window, by its screen function. False: it did not come up.
 bool ShowModal(const std::function<void()>& window);
 
+/// One of these stands on the screen now: the user can't reach the windows under it.
+bool ModalIsUp();
+
 } // namespace qdw8

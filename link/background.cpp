@@ -13,7 +13,7 @@ namespace {
 struct BackgroundState {
     int holders = 0;
     bool talks = false;
-    bool watched = false;
+    bool watched = false; ///< by the user, from its start or since he waits for its end
     std::function<void()> kept;
 };
 BackgroundState state;
@@ -75,6 +75,14 @@ void WhenLineIsFree(const std::function<void()>& command) {
     }
 }
 
+bool CommandWouldWait() {
+    return state.talks && !state.kept;
+}
+
+void AskForLine() {
+    state.watched = state.watched || state.talks;
+}
+
 bool UserWaitsForLine() {
     return !state.talks || state.watched || state.kept;
 }
@@ -84,6 +92,10 @@ PollHeld::PollHeld() {
 }
 PollHeld::~PollHeld() {
     --state.holders;
+}
+
+bool PollIsHeld() {
+    return state.holders > 0;
 }
 
 void ResetBackground() {

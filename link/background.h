@@ -22,8 +22,15 @@ bool RunWatched(const std::function<void()>& talk);
 /// chosen while another command runs.
 void WhenLineIsFree(const std::function<void()>& command);
 
+/// A command that the user starts now is kept, and none is yet.
+bool CommandWouldWait();
+
+/// The user has asked for something that a tick is to begin. A background exchange that runs now
+/// counts as one that somebody waits for, to its end.
+void AskForLine();
+
 /// Somebody waits for the exchange that runs now: it is no background exchange, or one that is
-/// watched, or a command is kept for its end.
+/// watched or asked to end, or a command is kept for its end.
 bool UserWaitsForLine();
 
 /// Keeps ticks from sending for the life of the object: batches hold one, so that nothing starts
@@ -35,6 +42,9 @@ public:
     PollHeld(const PollHeld&) = delete;
     PollHeld& operator=(const PollHeld&) = delete;
 };
+
+/// One of them lives.
+bool PollIsHeld();
 
 void ResetBackground();
 

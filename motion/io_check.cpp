@@ -10,6 +10,7 @@
 #include "link/port.h"
 #include "link/receiver.h"
 #include "motion/motion_window.h"
+#include "motion/start_request.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -30,6 +31,7 @@ enum Text : std::int16_t {
     kStopping = 3174,
     kFailed = 3175,
     kMayIgnore = 3176,
+    kNotBegun = 3219,
 };
 
 /// The state of a fresh start.
@@ -45,9 +47,11 @@ struct IoCheckState {
     Flag chkIgnore = kClear;
 
     bool open = false;
+    StartRequest request;
     bool starting = false;      ///< the request was taken, the controller has not answered
     bool closing = false;       ///< the window goes when monitoring has been stopped
     bool movesByInputs = false; ///< the controller has said so in this monitoring
+    bool notBegun = false;      ///< the last click on the start was dropped
     std::int16_t failure = 0;   ///< what is to be told of it
     std::unique_ptr<CommandsAway> commands; ///< away while this lives
 };
@@ -239,6 +243,8 @@ void cmdIoMonitor_Click() {
         return;
     }
     (IsSet(state.IoMonitoring) ? state.IoStopRequest : state.IoStartRequest) = kSet;
+    state.request.begin();
+    state.notBegun = false;
     EnableTimer(TimerBtnOff);
     Tell();
 }
@@ -285,9 +291,14 @@ bool IoCheckOpen() {
 }
 
 void timerInputOutput1_Tick() {
-    // A start waits until the line is free and no command runs.
-    const bool due = IsBusy() || (IsSet(state.IoStartRequest) && !CommandsTaken());
-    if (due && RunWatched(TalkOrFail)) {
+    const bool starts = !IsBusy() && IsSet(state.IoStartRequest);
+    if (starts && state.request.isStale(timerInputOutput1)) {
+        ClearRequests();
+        state.notBegun = true;
+        Tell();
+        return;
+    }
+    if ((starts || IsBusy()) && RunWatched(TalkOrFail)) {
         EndIfConfirmed();
     }
 }
@@ -299,7 +310,11 @@ std::int16_t IoStateText() {
     if (state.starting || IsSet(state.IoStartRequest)) {
         return kStarting;
     }
-    return IsSet(state.IoMonitoring) ? std::int16_t{kRuns} : state.failure;
+    if (IsSet(state.IoMonitoring)) {
+        return kRuns;
+    }
+    // What a failure has left behind is the graver news.
+    return state.failure == 0 && state.notBegun ? std::int16_t{kNotBegun} : state.failure;
 }
 
 void ResetIoCheck() {

@@ -15,4 +15,9 @@ std::string TextOf(const MoveStatus& status) {
     return text;
 }
 
+std::string TextOf(const MoveStatus& first, const MoveStatus& second) {
+    const std::string text = TextOf(first);
+    return text + (text.empty() || second.text == 0 ? "" : " ") + TextOf(second);
+}
+
 } // namespace qdw8

@@ -76,6 +76,8 @@ struct MoveStatus {
 };
 /// The text in the language of the run, the number in its place.
 std::string TextOf(const MoveStatus& status);
+/// Both in one line, as far as they are there.
+std::string TextOf(const MoveStatus& first, const MoveStatus& second);
 
 struct MoveFormData {
     MoveFields fields;
@@ -89,6 +91,8 @@ struct MoveFormData {
     MoveStatus homing;
     /// What goes on, what a Stop or Pause waits for, how the last run ended.
     MoveStatus status;
+    /// Where the next run of the tab in front goes on behind a pause; nothing while a run goes on.
+    MoveStatus place;
 };
 
 } // namespace qdw8

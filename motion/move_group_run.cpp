@@ -18,7 +18,7 @@ void RunMoveGroup() {
     if (!MakeReadyForMove()) {
         return;
     }
-    const int group = TheMove().fields.lblGrpNo;
+    const int group = TheMove().group;
     if (group < 1 || group > kHighestGroup) {
         CloseCtPort();
         ShowTexts({kWrongGroup});

@@ -90,9 +90,11 @@ void flgdProgramEdit2(int key) {
     TellMove();
 }
 
-void flgdProgram_GotFocus() {
-    EndEdit();
+bool flgdProgram_GotFocus() {
+    const ListEdit edit = Fields().txtEdit2;
+    const bool taken = EndEdit();
     TellMove();
+    return taken || Trim(edit.text) == Fields().flgdProgram[Fields().column];
 }
 
 void txtEdit2_Change(const std::string& text) {

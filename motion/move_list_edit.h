@@ -21,7 +21,8 @@ void flgdProgram_GoTo(std::size_t column);
 void flgdProgramEdit2(int key);
 /// The grid gets the focus, or the window wants the entry ended: the text in the editor is stored
 /// if it is a number from 1 to 999, else the cell stays as it was, without a beep; the editor goes.
-void flgdProgram_GotFocus();
+/// False: the text was another one than the cell's, and is lost.
+bool flgdProgram_GotFocus();
 
 /// The text in the editor as it is typed.
 void txtEdit2_Change(const std::string& text);

@@ -32,16 +32,19 @@ std::optional<int> NextOfList() {
 } // namespace
 
 void RunMoveList() {
+    MoveState& move = TheMove();
+    int& index = move.MoveStep.index;
+    const bool step = move.fields.list.step; // takes the entry behind the one before
+    if (!step && !IsSet(move.MovePauseFlag)) {
+        index = 1; // at once: a Pause before the first move keeps this place, not an older one
+    }
     if (!MakeReadyForMove()) {
         return;
     }
-    MoveState& move = TheMove();
-    int& index = move.MoveStep.index;
-    if (!move.fields.list.step) { // each step takes the entry behind the one before
-        index = IsSet(move.MovePauseFlag) ? index : 1;
+    if (!step && !move.pauses) {
         move.MovePauseFlag = kClear;
     }
-    RunWalk({move.fields.list, kWrongNumber, NextOfList, [&index] { ++index; }});
+    RunWalk({move.fields.list, step, kWrongNumber, NextOfList, [&index] { ++index; }});
     if (index > static_cast<int>(kMoveCells)) {
         index = 1;
     }

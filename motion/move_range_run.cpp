@@ -26,18 +26,19 @@ std::optional<int> NextOfRange() {
 } // namespace
 
 void RunMoveRange() {
+    MoveState& move = TheMove();
+    int& position = move.MoveStep.position;
+    const bool step = move.fields.range.step; // to the start and no further
+    if (step || !IsSet(move.RangePauseFlag)) {
+        position = move.fields.lblStartPosiNo; // at once, as in the list
+    }
     if (!MakeReadyForMove()) {
         return;
     }
-    MoveState& move = TheMove();
-    int& position = move.MoveStep.position;
-    if (move.fields.range.step) { // a step is to the start and no further
-        position = move.fields.lblStartPosiNo;
-    } else {
-        position = IsSet(move.RangePauseFlag) ? position : move.fields.lblStartPosiNo;
+    if (!step && !move.pauses) {
         move.RangePauseFlag = kClear;
     }
-    RunWalk({move.fields.range, kWrongNumber, NextOfRange, [&position] { ++position; }});
+    RunWalk({move.fields.range, step, kWrongNumber, NextOfRange, [&position] { ++position; }});
 }
 
 } // namespace qdw8

@@ -156,6 +156,9 @@ bool RunMotion(MovePhase phase, int target, const std::function<std::int16_t()>&
 void RunWalk(const MoveWalk& walk) {
     do {
         MsecTimer(kStepMs);
+        if (MoveMustEnd()) {
+            return; // the place stays the one that a pause keeps
+        }
         const std::optional<int> position = walk.next();
         if (!position) {
             return;
@@ -169,10 +172,10 @@ void RunWalk(const MoveWalk& walk) {
             return;
         }
         walk.advance();
-        if (!walk.choices.step) {
+        if (!walk.step && !walk.choices.step) {
             WaitForTimer(walk.choices);
         }
-    } while (!MoveMustEnd() && !walk.choices.step);
+    } while (!MoveMustEnd() && !walk.step && !walk.choices.step);
 }
 
 } // namespace qdw8

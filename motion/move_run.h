@@ -31,6 +31,7 @@ bool RunMotion(MovePhase phase, int target, const std::function<std::int16_t()>&
 /// How list and range differ.
 struct MoveWalk {
     const MoveChoices& choices;
+    bool step;                                ///< it was begun as a step, and stays one
     std::int16_t wrongNumber;                 ///< text for a position that is none
     std::function<std::optional<int>()> next; ///< the position to go to; nothing: that was the last
     std::function<void()> advance;            ///< it has been reached

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "motion/move_form.h"
+#include "motion/start_request.h"
 
 /// What the units of the move test share: the one state behind the window, and telling of it.
 namespace qdw8 {
@@ -17,6 +18,7 @@ enum class MovePhase : std::uint8_t {
 /// How the last run ended, where the user is to hear of it.
 enum class MoveOutcome : std::uint8_t {
     Good,
+    NotBegun,    ///< the line wasn't free in time
     StillMoving, ///< nothing was started
     NotHomed,    ///< behind a homing
     Failed,
@@ -30,6 +32,8 @@ struct MoveState {
 
     Flag MoveActive = kClear;
     std::int16_t MoveRequest = 0;
+    StartRequest request;
+    int group = 1; ///< that was asked for
     /// The run that goes on is to end behind the move under way, by a Stop, or by a Pause.
     Flag MoveStopFlag = kClear;
     bool pauses = false;

@@ -14,10 +14,12 @@
 #include "motion/move_list_edit.h"
 #include "motion/move_list_run.h"
 #include "motion/move_range_run.h"
+#include "motion/move_run.h"
 #include "motion/move_state.h"
 #include "platform/platform.h"
 
 #include <algorithm>
+#include <exception>
 
 namespace qdw8 {
 namespace {
@@ -41,6 +43,9 @@ enum Text : std::int16_t {
     kNotHomed = 3214,
     kFailed = 3215,
     kFailedMoving = 3216,
+    kNotBegun = 3219,
+    kPausedAtEnd = 3225,
+    kReached = 3226,
 };
 
 /// The tab of a run; homing leaves the one in front.
@@ -86,7 +91,7 @@ MoveStatus StatusOfRun() {
     if (ends || move.target == 0) {
         return {ends ? kStopping : kStarting, 0};
     }
-    return {kMoving, move.target};
+    return {kReached, move.target};
 }
 
 MoveStatus StatusNow() {
@@ -96,17 +101,52 @@ MoveStatus StatusNow() {
         return StatusOfRun();
     }
     switch (move.outcome) {
+    case MoveOutcome::NotBegun: return {kNotBegun, 0};
     case MoveOutcome::StillMoving: return {kStillMoving, 0};
     case MoveOutcome::NotHomed: return {kNotHomed, 0};
     case MoveOutcome::Failed: return {kFailed, 0};
     case MoveOutcome::FailedMoving: return {kFailedMoving, 0};
-    default: break;
+    default: return {};
+    }
+}
+
+/// The entry with which the next run of the list begins; 0: behind the last one.
+int NextEntry() {
+    const MoveState& move = TheMove();
+    const int index = move.MoveStep.index;
+    if (index > static_cast<int>(kMoveCells) ||
+        (!move.fields.list.step && !IsSet(move.MovePauseFlag))) {
+        return 1;
+    }
+    if (!move.fields.flgdProgram[static_cast<std::size_t>(index - 1)].empty()) {
+        return index;
+    }
+    return move.fields.list.repeat ? 1 : 0;
+}
+
+/// The position with which a paused range goes on; 0: behind the last one.
+int NextPosition() {
+    const MoveState& move = TheMove();
+    const MoveFields& fields = move.fields;
+    if (!fields.range.step && move.MoveStep.position <= fields.lblEndPosiNo) {
+        return move.MoveStep.position;
+    }
+    return fields.range.step || fields.range.repeat ? fields.lblStartPosiNo : 0;
+}
+
+MoveStatus PlaceNow() {
+    const MoveState& move = TheMove();
+    const auto paused = [](std::int16_t text, int next) {
+        return MoveStatus{next == 0 ? std::int16_t{kPausedAtEnd} : text, next};
+    };
+    if (RunOfMove() != MoveRun::None) {
+        return {};
     }
     if (move.fields.SSTab1 == TabOf(MoveRun::List) && IsSet(move.MovePauseFlag)) {
-        return {kListPaused, move.MoveStep.index};
+        return paused(kListPaused, NextEntry());
     }
     if (move.fields.SSTab1 == TabOf(MoveRun::Range) && IsSet(move.RangePauseFlag)) {
-        return {kRangePaused, move.MoveStep.position};
+        return paused(kRangePaused, NextPosition());
     }
     return {};
 }
@@ -120,12 +160,26 @@ void ForgetRequest() {
     move.target = 0;
 }
 
+/// What a Stop ended begins anew the next time.
+void ForgetPlaceIfStopped(MoveRun run) {
+    MoveState& move = TheMove();
+    if (!IsSet(move.MoveStopFlag)) {
+        return;
+    }
+    if (run == MoveRun::List) {
+        move.MovePauseFlag = kClear;
+    } else if (run == MoveRun::Range) {
+        move.RangePauseFlag = kClear;
+    }
+}
+
 /// A run is in the foreground for the life of the object.
 class Running {
 public:
     Running() { TheMove().MoveActive = kSet; }
     ~Running() {
         TheMove().MoveActive = kClear;
+        ForgetPlaceIfStopped(RunOfMove());
         ForgetRequest();
         GrpMoveStopFlag = kClear;
     }
@@ -142,19 +196,6 @@ void Run(MoveRun run) {
     }
 }
 
-/// What a Stop ended begins anew the next time.
-void ForgetPlaceIfStopped(MoveRun run) {
-    MoveState& move = TheMove();
-    if (!IsSet(move.MoveStopFlag)) {
-        return;
-    }
-    if (run == MoveRun::List) {
-        move.MovePauseFlag = kClear;
-    } else if (run == MoveRun::Range) {
-        move.RangePauseFlag = kClear;
-    }
-}
-
 void RunRequest() {
     const MoveRun run = RunOfMove();
     RunToItsEnd([run] {
@@ -162,8 +203,12 @@ void RunRequest() {
         const Running running;
         const LineBatch batch;
         TellMove();
-        Run(run);
-        ForgetPlaceIfStopped(run);
+        try {
+            Run(run);
+        } catch (const std::exception&) {
+            FailMove();
+            throw;
+        }
     });
     TellMove();
     if (run == MoveRun::Group && Screens().cmdGrpMoveFocus) {
@@ -172,13 +217,16 @@ void RunRequest() {
 }
 
 void timerEventCheck_Tick() {
-    if (RunOfMove() == MoveRun::None || IsSet(CtBusyFlag)) {
+    if (RunOfMove() == MoveRun::None) {
         return;
     }
-    if (CommandsTaken()) {
-        // Another command came first. Axes that set out behind it would surprise.
+    if (TheMove().request.isStale(timerEventCheck)) {
         ForgetRequest();
+        TheMove().outcome = MoveOutcome::NotBegun;
         TellMove();
+        return;
+    }
+    if (IsSet(CtBusyFlag)) {
         return;
     }
     DisableTimer(timerEventCheck);
@@ -192,9 +240,15 @@ void Request(MoveRun run) {
     if (!EnabledNow().start) {
         return;
     }
-    flgdProgram_GotFocus(); // a half-typed entry counts
-    TheMove().outcome = MoveOutcome::Good;
-    TheMove().MoveRequest = static_cast<std::int16_t>(run);
+    if (!flgdProgram_GotFocus()) { // a half-typed entry counts
+        ThePlatform().Beep();
+        return;
+    }
+    MoveState& move = TheMove();
+    move.outcome = MoveOutcome::Good;
+    move.group = move.fields.lblGrpNo;
+    move.request.begin();
+    move.MoveRequest = static_cast<std::int16_t>(run);
     TellMove();
 }
 
@@ -265,10 +319,11 @@ MoveFormData MoveForm() {
     form.out1 = move.out1;
     form.out2 = move.out2;
     form.lblkanryoNo = move.lblkanryoNo;
-    const bool goesOn = move.fields.list.step || IsSet(move.MovePauseFlag);
-    form.nextCell = goesOn ? static_cast<std::size_t>(move.MoveStep.index - 1) % kMoveCells : 0;
+    const int next = NextEntry();
+    form.nextCell = static_cast<std::size_t>((next == 0 ? move.MoveStep.index : next) - 1);
     form.homing = {IsSet(HomedFlag) ? kHomed : kHomingUnsure, 0};
     form.status = StatusNow();
+    form.place = PlaceNow();
     return form;
 }
 

@@ -282,7 +282,7 @@ void RunCommand(Command command) {
     }
     // While the command waits nothing is typed or selected that it would meet half done.
     std::shared_ptr<GridLock> waiting;
-    if (!UserWaitsForLine() && row->editedCell != LeftAlone) {
+    if (CommandWouldWait() && row->editedCell != LeftAlone) {
         waiting = std::make_shared<GridLock>();
     }
     WhenLineIsFree([command, row, waiting]() mutable {

@@ -49,6 +49,8 @@ MotionStory::MotionStory()
            }},
           {"inputs", [this](Args& a) { line.controller.setInputs(Hex(a), platform.now); }},
           {"outputs", [this](Args& a) { line.controller.setOutputs(Hex(a)); }},
+          {"busy", [](Args&) { CtBusyFlag = kSet; }},
+          {"free", [](Args&) { CtBusyFlag = kClear; }},
           {"hold", [this](Args&) { held = std::make_unique<PollHeld>(); }},
           {"release", [this](Args&) { held.reset(); }},
           {"command", [this](Args&) { command = std::make_unique<CommandsAway>(); }},

@@ -1,12 +1,14 @@
 // The move test: stories/move.txt, every frame of every run with every fault of the line, and every
 // way out of a run at every moment.
 
+#include "app/boxes.h"
 #include "app/transfer_dialog.h"
 #include "link/line_state.h"
 #include "motion/motion_story.h"
 #include "motion/motion_window.h"
 #include "motion/move_list_edit.h"
 #include "motion/move_test.h"
+#include "platform/fault.h"
 #include "support/boxes.h"
 #include "support/every_step.h"
 
@@ -87,8 +89,6 @@ public:
              {"open", [](Args&) { OpenMotionWindow(&ScreenFunctions::frmMoveShow); }},
              {"open-io", [](Args&) { OpenMotionWindow(&ScreenFunctions::frmIOCheckShow); }},
              {"give-up-left", [](Args&) { GrpMoveStopFlag = kSet; }},
-             {"busy", [](Args&) { CtBusyFlag = kSet; }},
-             {"free", [](Args&) { CtBusyFlag = kClear; }},
              {"port-fails", [this](Args& a) { platform.failingOpens = Number(a); }},
              {"sim-alarm",
               [this](Args& a) {
@@ -106,8 +106,11 @@ public:
                   platform.expectBox(BoxText("close moving"), BoxButtons::OkCancel,
                                      Word(a) == "ok" ? BoxAnswer::Ok : BoxAnswer::Cancel);
               }},
+             {"under-modal",
+              [this](Args& a) { ShowModal([this, ms = Number(a)] { platform.run(ms); }); }},
+             {"throw", [](Args&) { throw qdw8::Fault("nobody's"); }},
              {"title-bar", [](Args&) { MoveMayClose(true) ? UnloadMove() : void(); }}},
-            {{"says", [](Args&) { return TextOf(MoveForm().status); }},
+            {{"says", [](Args&) { return TextOf(MoveForm().status, MoveForm().place); }},
              {"announced", [](Args&) { return TextOf(MoveForm().homing); }},
              {"arrival",
               [](Args&) {
@@ -126,6 +129,7 @@ public:
                   const int key = Number(a);
                   return Edit2Takes(key, static_cast<std::size_t>(Number(a))) ? "yes" : "no";
               }},
+             {"offered", [](Args&) { return TheGiveUpOffer().shown ? "yes" : "no"; }},
              {"line-error", [](Args&) { return IsSet(CommErrorFlag) ? "yes" : "no"; }},
              {"event-before-last",
               [this](Args&) { return platform.events.at(platform.events.size() - 2); }},
