@@ -8,6 +8,7 @@
 #include "windows/tables/frmGrp.h"
 
 #include <QApplication>
+#include <QPushButton>
 #include <QTest>
 
 namespace qdw8::test {
@@ -36,6 +37,8 @@ TEST_F(IoWindow, KeysStartSwitchAndStop) {
     press(Qt::Key_Space);
     EXPECT_EQ(QApplication::focusWidget(), &form) << "no other control gets the locked one's keys";
     platform.run(600);
+    QTest::simulateEvent(&form, true, Qt::Key_M, Qt::AltModifier, {}, true);
+    EXPECT_FALSE(Get<QPushButton>(form, "cmdIoMonitor").isDown()) << "a key held down is one click";
     EXPECT_EQ(QApplication::focusWidget()->property("text"), "Stop &Monitor");
     EXPECT_TRUE(lit("imgOutputRdy") && !lit("imgInputStb"));
     EXPECT_EQ(Get<QWidget>(form, "imgInputStb").accessibleName(), "Inputs Stb: OFF");

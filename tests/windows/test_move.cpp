@@ -90,6 +90,12 @@ private:
              const auto key = QKeySequence::fromString(QString::fromStdString(Word(a)))[0];
              QTest::keyClick(QApplication::focusWidget(), key.key(), key.keyboardModifiers());
          }},
+        {"repeat",
+         [](Args& a) {
+             const auto key = QKeySequence::fromString(QString::fromStdString(Word(a)))[0];
+             QTest::simulateEvent(QApplication::focusWidget(), true, key.key(),
+                                  key.keyboardModifiers(), {}, true);
+         }},
         {"focus", [this](Args& a) { control(Word(a)).setFocus(); }},
         {"click", [this](Args& a) { click(Word(a)); }},
         // Without a focus that moves, as by its letter.
@@ -122,6 +128,14 @@ private:
         {"asked", [](Args&) { return std::to_string(MoveRequest); }},
         {"has-keys", [](Args&) { return QApplication::focusWidget()->objectName().toStdString(); }},
         {"open", [this](Args&) { return open(); }},
+        {"goes-down",
+         [this](Args& a) {
+             return Get<QAbstractButton>(form, Word(a).c_str()).isDown() ? "yes" : "no";
+         }},
+        {"selected",
+         [this](Args& a) {
+             return Get<QLineEdit>(form, Word(a).c_str()).selectedText().toStdString();
+         }},
         {"beeps", [this](Args&) { return std::to_string(std::exchange(platform.beeps, 0)); }},
         {"window", [this](Args&) { return form.isVisible() ? "there" : "gone"; }},
     };

@@ -23,13 +23,19 @@ KeyField::KeyField(const QString& name, int most, Takes taken, QWidget* parent)
     });
 }
 
-void KeyField::settle() {
-    if (std::exchange(spoiled, false) && edited) {
+bool KeyField::settle() {
+    const bool drops = std::exchange(spoiled, false) && edited;
+    if (drops) {
         ThePlatform().Beep();
-        selectAll();
-        del();
+        if (onSpoiled) {
+            onSpoiled();
+        } else {
+            selectAll();
+            del();
+        }
     }
     edited = false;
+    return drops;
 }
 
 void KeyField::keyPressEvent(QKeyEvent* event) {

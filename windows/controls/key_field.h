@@ -25,11 +25,13 @@ public:
     KeyField(const QString& objectName, int length, Takes takes, QWidget* parent);
 
     std::function<void()> onEnter;
+    /// Instead of emptying the box: puts the text there that counts.
+    std::function<void()> onSpoiled;
 
     /// Empties a text that was typed around a dropped character, with a beep, as an edit of the
-    /// user; not one that was emptied or wholly replaced since. Happens by itself when the box is
-    /// left and before `onEnter`; whoever takes the text earlier asks for it.
-    void settle();
+    /// user; not one that was emptied or wholly replaced since. True: it did. Happens by itself
+    /// when the box is left and before `onEnter`; whoever takes the text earlier asks for it.
+    bool settle();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -7,6 +7,7 @@
 #include "windows/controls/load_form_resources.h"
 #include "windows/controls/texts.h"
 #include "windows/motion/lamp_button.h"
+#include "windows/motion/single_shortcuts.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -89,6 +90,7 @@ frmIOCheck::frmIOCheck(QWidget* parent) : QDialog(parent), focus(*this) {
     LoadIoCheck();
     showState();
     monitor->setFocus();
+    new SingleShortcuts(*this);
 }
 
 QGroupBox* frmIOCheck::makeInputs() {

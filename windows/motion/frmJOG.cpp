@@ -11,6 +11,7 @@
 #include "windows/controls/load_form_resources.h"
 #include "windows/controls/texts.h"
 #include "windows/motion/held_button.h"
+#include "windows/motion/single_shortcuts.h"
 #include "windows/motion/teach_table.h"
 
 #include <QAccessible>
@@ -100,6 +101,7 @@ frmJOG::frmJOG(QWidget* parent) : QDialog(parent), focus(*this) {
     held = new HeldButton({axes.begin(), axes.end()}, *this, {JogPressed, JogReleased});
     showState();
     start->setFocus();
+    new SingleShortcuts(*this);
     PutBesideParent(*this);
 }
 

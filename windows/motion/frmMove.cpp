@@ -12,6 +12,7 @@
 #include "windows/motion/lamp_button.h"
 #include "windows/motion/move_list.h"
 #include "windows/motion/number_slider.h"
+#include "windows/motion/single_shortcuts.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -141,6 +142,15 @@ Button* Add(QLayout& layout, const QString& name, std::int16_t tag, char mnemoni
     return made;
 }
 
+/// A button that starts. It leaves the focus where it is: a number that is refused at the click is
+/// to be typed anew.
+QPushButton* AddStart(QLayout& layout, const QString& name, std::int16_t tag, char mnemonic,
+                      std::int16_t tip = 0) {
+    auto* made = Add<QPushButton>(layout, name, tag, mnemonic, tip);
+    made->setFocusPolicy(Qt::TabFocus);
+    return made;
+}
+
 /// A text that changes, with room for so many lines: nothing jumps when it comes.
 QLabel* AddText(QLayout& layout, const QString& name, int lines) {
     auto* made = new QLabel;
@@ -153,8 +163,8 @@ QLabel* AddText(QLayout& layout, const QString& name, int lines) {
     return made;
 }
 
-void Show(QLabel& label, const MoveStatus& status) {
-    const QString says = QString::fromStdString(TextOf(status));
+void Show(QLabel& label, const std::string& status) {
+    const QString says = QString::fromStdString(status);
     if (label.text() != says) {
         label.setText(says);
         label.setAccessibleName(says);
@@ -195,6 +205,7 @@ frmMove::frmMove(QWidget* parent) : QDialog(parent), kept(*this) {
         SSTab1_Click(static_cast<std::size_t>(tab));
     });
     list->setFocus();
+    new SingleShortcuts(*this);
     PutBesideParent(*this);
 }
 
@@ -285,6 +296,11 @@ void frmMove::makeWay(QBoxLayout& page, Tab tab) {
     way.timer->setFixedWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * kTimerWidth);
     SetNumbers(*way.timer, kWait, kUnitTip);
     connect(way.timer, &KeyField::editingFinished, this, [this] { takeTyped(); });
+    way.timer->onSpoiled = [this, &field = *way.timer] {
+        field.setModified(false);
+        showState(); // no empty text, which would mean no wait
+        field.selectAll();
+    };
     way.timer->onEnter = [this] { takeTyped(); };
     auto* wait = new QLabel;
     wait->setObjectName(QLatin1String("lbl") + QLatin1String(row.timer));
@@ -300,7 +316,7 @@ void frmMove::makeRun(QBoxLayout& page, Tab tab) {
     Run& run = runs[tab];
     QHBoxLayout* line = Row(&page);
     const auto button = [&](const char* name, std::int16_t tag, char mnemonic, void (*routine)(),
-                            std::int16_t tip = 0) {
+                            std::int16_t tip) {
         auto* made = Add<QPushButton>(*line, QLatin1String(name), tag, mnemonic, tip);
         connect(made, &QPushButton::clicked, this, [this, routine] {
             takeTyped();
@@ -308,7 +324,9 @@ void frmMove::makeRun(QBoxLayout& page, Tab tab) {
         });
         return made;
     };
-    run.move = button(row.move, kMove, 'M', row.start);
+    run.move = AddStart(*line, QLatin1String(row.move), kMove, 'M');
+    connect(run.move, &QPushButton::clicked, this,
+            [this, &row] { mayStart() ? row.start() : void(); });
     if (row.pause != nullptr) {
         run.pause = button(row.pause, kPause, 'P', row.hold, kStopTip);
     }
@@ -319,11 +337,8 @@ void frmMove::makeRun(QBoxLayout& page, Tab tab) {
 
 void frmMove::makeFoot(QBoxLayout& layout) {
     QHBoxLayout* line = Row(&layout);
-    home = Add<QPushButton>(*line, QStringLiteral("cmdHome"), kHome, 'H', kHomeTip);
-    connect(home, &QPushButton::clicked, this, [this] {
-        takeTyped();
-        cmdHome_Click();
-    });
+    home = AddStart(*line, QStringLiteral("cmdHome"), kHome, 'H', kHomeTip);
+    connect(home, &QPushButton::clicked, this, [this] { mayStart() ? cmdHome_Click() : void(); });
     line->addStretch();
     auto* out = new QLabel;
     out->setObjectName(QStringLiteral("lblOut"));
@@ -356,21 +371,23 @@ void frmMove::makeFoot(QBoxLayout& layout) {
     line->addStretch();
     auto* close = Add<QPushButton>(*line, QStringLiteral("cmdMoveWinClose"), kClose, 'C');
     connect(close, &QPushButton::clicked, this, [this] { leave(); });
-    text = AddText(layout, QStringLiteral("lblMoveState"), 1);
+    text = AddText(layout, QStringLiteral("lblMoveState"), 2);
     text->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     text->setMargin(kTextMargin);
     text->setFixedHeight(text->height() + 2 * (kTextMargin + text->frameWidth()));
 }
 
-/// What is half typed belongs to the window before anything is started, ended or left.
-void frmMove::takeTyped() {
-    list->takeTyped();
+/// What is half typed belongs to the window before anything is started, ended or left. False: some
+/// of it was refused.
+bool frmMove::takeTyped() {
+    bool taken = list->takeTyped();
     for (NumberSlider* number : {start, end, group}) {
-        number->takeTyped();
+        taken = number->takeTyped() && taken;
     }
     for (std::size_t i = 0; i < ways.size(); ++i) {
         KeyField& field = *ways[i].timer;
-        field.settle();
+        const bool spoiled = field.settle();
+        taken = taken && !spoiled;
         if (field.isModified()) {
             field.setModified(false);
             kWays[i].enterTimer(field.text().toStdString());
@@ -380,6 +397,18 @@ void frmMove::takeTyped() {
             }
         }
     }
+    return taken;
+}
+
+/// A click beside which an entry was refused starts nothing: its number isn't the one that the run
+/// would take.
+bool frmMove::mayStart() {
+    const bool entry = list->takeTyped();
+    const bool taken = takeTyped() && entry;
+    if (!entry) {
+        list->typeAgain();
+    }
+    return taken;
 }
 
 void frmMove::showWay(Tab tab, const MoveChoices& choices, bool timerUseOn, bool timerOn) {
@@ -420,7 +449,7 @@ void frmMove::showState() {
     showWay(kRange, fields.range, on.chkTimerUse2, on.txtTimer2);
     for (const Run& run : runs) {
         kept.setOn(*run.move, on.start);
-        Show(*run.homing, form.homing);
+        Show(*run.homing, TextOf(form.homing));
     }
     kept.setOn(*home, on.start);
     kept.setOn(*runs[kList].pause, on.cmdTmpStop);
@@ -439,7 +468,7 @@ void frmMove::showState() {
     showLamp(lamps[0], form.out1);
     showLamp(lamps[1], form.out2);
     reached->setValue(ResQText(kReached), QString::fromStdString(form.lblkanryoNo));
-    Show(*text, form.status);
+    Show(*text, TextOf(form.status, form.place));
 }
 
 void frmMove::focusGroupMove() {

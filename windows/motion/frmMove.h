@@ -71,7 +71,8 @@ private:
     void makeWay(QBoxLayout& page, Tab tab);
     void makeRun(QBoxLayout& page, Tab tab);
     void makeFoot(QBoxLayout& layout);
-    void takeTyped();
+    bool takeTyped();
+    bool mayStart();
     void showWay(Tab tab, const MoveChoices& choices, bool timerUseOn, bool timerOn);
     static void showLamp(const Lamp& lamp, bool on);
     void leave();

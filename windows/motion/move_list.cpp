@@ -1,6 +1,7 @@
 #include "windows/motion/move_list.h"
 
 #include "motion/move_list_edit.h"
+#include "platform/platform.h"
 #include "windows/controls/key_field.h"
 #include "windows/controls/load_form_resources.h"
 
@@ -149,11 +150,18 @@ void MoveList::showEditor(const ListEdit& edit) {
     }
 }
 
-void MoveList::takeTyped() {
-    if (editor->isVisible()) {
-        editor->settle();
-        flgdProgram_GotFocus();
+bool MoveList::takeTyped() {
+    if (!editor->isVisible()) {
+        return true;
     }
+    const bool spoiled = editor->settle();
+    return flgdProgram_GotFocus() && !spoiled;
+}
+
+void MoveList::typeAgain() {
+    ThePlatform().Beep();
+    flgdProgramEdit2(kSpaceKey);
+    editor->selectAll();
 }
 
 void MoveList::keyPressEvent(QKeyEvent* event) {

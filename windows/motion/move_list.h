@@ -19,8 +19,10 @@ public:
     /// Shows cells, current cell and editor. The entry with which the next click begins has its
     /// head in bold.
     void showState(const MoveFormData& form);
-    /// Ends the entry in the editor.
-    void takeTyped();
+    /// Ends the entry in the editor. False: it is none, and the cell stayed as it was.
+    bool takeTyped();
+    /// Opens the editor again behind one that was none, with a beep.
+    void typeAgain();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
     QSize sizeHint() const override;

@@ -64,23 +64,25 @@ void NumberSlider::chosen(int number) {
     choose(number);
 }
 
-void NumberSlider::takeTyped() {
+bool NumberSlider::takeTyped() {
     field->settle();
     if (!field->isModified()) {
-        return;
+        return true;
     }
     const int typed = field->text().toInt();
     field->setModified(false);
     if (typed >= 1 && typed <= slider->maximum()) {
         choose(typed);
     }
-    if (typed != value) {
+    const bool taken = typed == value;
+    if (!taken) {
         ThePlatform().Beep(); // it isn't the number that counts
         showValue(value);
     }
     if (field->hasFocus()) {
         field->selectAll(); // what is typed next takes its place
     }
+    return taken;
 }
 
 void NumberSlider::showValue(int number) {

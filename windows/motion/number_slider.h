@@ -34,8 +34,8 @@ public:
 
     void showValue(int number);
     void setEnabled(bool on);
-    /// What is half typed is chosen, or dropped with a beep where it is no such number.
-    void takeTyped();
+    /// What is half typed is chosen, or dropped with a beep where it is no such number: false.
+    bool takeTyped();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
