@@ -34,9 +34,9 @@ void UnloadMove();
 /// The window may go. Only the title bar asks (570), and only while a run is in the foreground.
 bool MoveMayClose(bool fromTitleBar);
 
-// Starting: the click counts while `MoveForm().enabled.start` says so. One with an entry of the list
-// half typed that is none only beeps. One that the tick can't take within a second, or over which
-// something else comes up, is dropped, and the window says so.
+// Starting: the click counts while `MoveForm().enabled.start` says so. One with an entry of the
+// list half typed that is none only beeps. One that the tick can't take within a second, or over
+// which something else comes up, is dropped, and the window says so.
 void cmdMove_Click();
 void cmdSelectMove_Click();
 void cmdGrpMove_Click();
