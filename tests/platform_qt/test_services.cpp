@@ -9,6 +9,7 @@
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QMimeData>
+#include <gtest/gtest.h>
 
 namespace qdw8::test {
 namespace {

@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QKeySequence>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTest>
