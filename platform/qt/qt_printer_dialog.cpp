@@ -6,32 +6,65 @@
 #include "platform/qt/standard_texts.h"
 
 #include <QDialogButtonBox>
+#include <QDir>
+#include <QFileInfo>
+#include <QLineEdit>
 #include <QPageSetupDialog>
 #include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QRegularExpression>
+#include <algorithm>
 
 namespace qdw8 {
 namespace {
 
-/// The dialog of the toolkit with one button more, which takes its choices like its own button to
-/// print.
-void AddPreviewButton(QPrintDialog& dialog, bool& preview) {
-    auto* buttons = dialog.findChild<QDialogButtonBox*>();
-    if (buttons == nullptr) {
-        return;
+/// The first name like this one, counted on, that no file has yet.
+QString FreeName(const QString& path) {
+    static const QRegularExpression form(QStringLiteral("^(.*?)(?:-(\\d{1,4}))?(\\.pdf)?$"),
+                                         QRegularExpression::CaseInsensitiveOption |
+                                             QRegularExpression::DotMatchesEverythingOption);
+    const QRegularExpressionMatch parts = form.match(path);
+    QString free = path;
+    for (int count = std::max(1, parts.captured(2).toInt()) + 1; QFileInfo::exists(free); ++count) {
+        free = parts.captured(1) + QStringLiteral("-%1.pdf").arg(count);
     }
-    if (auto* print = buttons->button(QDialogButtonBox::Ok)) {
-        print->setObjectName(QStringLiteral("cmdPrinterPrint"));
+    return free;
+}
+
+/// A PDF file is called one, and a bare name stands in the folder that was proposed: the toolkit
+/// looks for it in one folder and writes it into another. The proposal is a new name: who only
+/// wants to look at the pages isn't asked whether the last print may be overwritten.
+void NamePdf(const QPrintDialog& dialog, const QPushButton& print) {
+    if (auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("filename"))) {
+        name->setText(FreeName(name->text()));
+        const QDir folder = QFileInfo(name->text()).dir();
+        QObject::connect(&print, &QPushButton::pressed, name, [name, folder] {
+            if (name->text().isEmpty()) {
+                return;
+            }
+            QString path = folder.absoluteFilePath(name->text());
+            if (!path.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive) &&
+                !QFileInfo(path).isDir()) {
+                path += QLatin1String(".pdf");
+            }
+            name->setText(path);
+        });
     }
-    auto* look = buttons->addButton(QString::fromStdString(TheStandardTexts().preview),
-                                    QDialogButtonBox::ActionRole);
+}
+
+/// One button more, which goes through the dialog's own button to print: that one alone looks
+/// whether the file can be written, and asks before one is overwritten.
+void AddPreviewButton(QPrintDialog& dialog, QDialogButtonBox& buttons, QPushButton& print,
+                      bool& preview) {
+    auto* look = buttons.addButton(QString::fromStdString(TheStandardTexts().preview),
+                                   QDialogButtonBox::ActionRole);
     look->setObjectName(QStringLiteral("cmdPrintPreview"));
     look->setAutoDefault(false);
-    QObject::connect(look, &QPushButton::clicked, &dialog, [&dialog, &preview] {
+    QObject::connect(look, &QPushButton::clicked, &dialog, [&dialog, &print, &preview] {
         preview = true;
-        dialog.accept();
+        print.click();
         preview = dialog.result() == QDialog::Accepted;
     });
 }
@@ -47,8 +80,14 @@ PrinterAnswer ShowPrinterDialog(const PrinterQuestion& question) {
         printer.setCopyCount(1);
         auto* print = new QPrintDialog(&printer, DialogParent());
         print->setOption(QAbstractPrintDialog::PrintPageRange, false);
-        if (question.offersPreview) {
-            AddPreviewButton(*print, preview);
+        auto* buttons = print->findChild<QDialogButtonBox*>();
+        auto* ok = buttons == nullptr ? nullptr : buttons->button(QDialogButtonBox::Ok);
+        if (ok != nullptr) {
+            ok->setObjectName(QStringLiteral("cmdPrinterPrint"));
+            NamePdf(*print, *ok);
+            if (question.offersPreview) {
+                AddPreviewButton(*print, *buttons, *ok, preview);
+            }
         }
         dialog = print;
     }

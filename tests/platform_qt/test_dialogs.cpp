@@ -4,6 +4,7 @@
 #include "platform/qt/dialog_places.h"
 #include "platform/qt/qt_file_dialog.h"
 #include "platform/qt/qt_platform.h"
+#include "platform/qt/shared_printer.h"
 #include "pump.h"
 #include "support/story.h"
 
@@ -13,6 +14,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPrinter>
 #include <QPushButton>
 #include <QScreen>
 #include <QTemporaryDir>
@@ -52,7 +54,7 @@ public:
         EXPECT_TRUE(PumpUntil([&] { return window->isActiveWindow(); }));
         QDir::setCurrent(folder.path());
         QDir(folder.path()).mkdir("sub");
-        for (const char* name : {"there.qdd", "UP.QDD"}) {
+        for (const char* name : {"there.qdd", "UP.QDD", "taken-9.pdf"}) {
             EXPECT_TRUE(QFile(folder.filePath(name)).open(QIODevice::WriteOnly));
         }
     }
@@ -112,6 +114,17 @@ private:
         ThePlatform().ShowMessageBox({text, BoxButtons::Ok, "", {}});
         return whole ? "whole" : "cut";
     }
+    void answerMildly(const std::function<void()>& act) {
+        QTimer look;
+        QObject::connect(&look, &QTimer::timeout, &look, [this] {
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                asked = box->text().section('\n', 0, 0).section(' ', 0, 0).section('/', -1);
+                box->buttons().constLast()->click();
+            }
+        });
+        look.start(1);
+        act();
+    }
     std::string type(const std::string& name) {
         asked.clear();
         WhenShown("CommonDialog1", [&](QDialog& dialog) {
@@ -120,15 +133,7 @@ private:
                     QDir(folder.path())
                         .relativeFilePath(dynamic_cast<QFileDialog&>(dialog).directory().path());
             edit->setText(QString::fromStdString(name));
-            QTimer look;
-            QObject::connect(&look, &QTimer::timeout, &look, [this] {
-                if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-                    asked = box->text().section('\n', 0, 0).section(' ', 0, 0);
-                    box->buttons().constLast()->click();
-                }
-            });
-            look.start(1);
-            dialog.accept();
+            answerMildly([&dialog] { dialog.accept(); });
             if (dialog.isVisible()) {
                 dialog.close();
             }
@@ -145,6 +150,25 @@ private:
         const PrinterAnswer answer =
             ThePlatform().CommonDialog1.ShowPrinter({std::stoi(text), false});
         return std::to_string(static_cast<int>(answer));
+    }
+
+    std::string paper(const QString& name, const QString& button) {
+        asked.clear();
+        WhenShown("CommonDialog1", [&](QDialog& dialog) {
+            auto* edit = dialog.findChild<QLineEdit*>("filename");
+            shown = QFileInfo(edit->text()).fileName();
+            edit->setText(name);
+            answerMildly([&] { Click(dialog, button); });
+            if (dialog.isVisible()) {
+                dialog.close();
+            }
+        });
+        const PrinterAnswer answer = ThePlatform().CommonDialog1.ShowPrinter({0, true});
+        return answer == PrinterAnswer::Cancel
+                   ? ""
+                   : QDir(folder.path())
+                         .relativeFilePath(SharedPrinter().outputFileName())
+                         .toStdString();
     }
 
     QTemporaryDir folder;
@@ -173,13 +197,17 @@ private:
         {"ext", Does([this](auto& text) { question.defaultExt = text; })},
         {"filters", [](auto& text) { return NameFilters(text).join(';').toStdString(); }},
         {"printer", [](auto& text) { return printer(text); }},
-        {"paper", Does([this](auto&) {
-             SetPrinterOutputFile(folder.filePath("paper.pdf").toStdString());
+        {"look",
+         [this](auto& name) { return paper(QString::fromStdString(name), "cmdPrintPreview"); }},
+        {"print",
+         [this](auto& name) { return paper(QString::fromStdString(name), "cmdPrinterPrint"); }},
+        {"paper", Does([this](auto& name) {
+             SetPrinterOutputFile(folder.filePath(QString::fromStdString(name)).toStdString());
          })}};
 };
 
 TEST(QtDialogs, ComeOutAsTold) {
-    TellStories<DialogPlayer>(QDW8_SOURCE_DIR "/tests/platform_qt/dialogs.txt", 7);
+    TellStories<DialogPlayer>(QDW8_SOURCE_DIR "/tests/platform_qt/dialogs.txt", 8);
 }
 
 TEST(QtDialogs, ABoxStandsOverItsWindowAndGoesAlongUntilTheUserMovesIt) {
