@@ -10,6 +10,7 @@
 #include "support/simulated_line.h"
 #include "window_fixture.h"
 #include "windows/motion/frmJOG.h"
+#include "windows/motion/held_button.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -67,15 +68,26 @@ TEST_F(TeachingWindow, EveryEndOfAHoldIsAStopAndOnlyOne) {
     QMessageBox box(form.get());
     QWidget other;
     const auto tell = [](QObject& to, QEvent&& event) { QApplication::sendEvent(&to, &event); };
+    quint64 now = 0; // in the time of the events
     const auto space = [&](QEvent::Type type, bool repeats) {
-        tell(held, QKeyEvent(type, Qt::Key_Space, {}, " ", repeats));
+        QKeyEvent event(type, Qt::Key_Space, {}, " ", repeats);
+        event.setTimestamp(now);
+        tell(held, std::move(event));
+    };
+    const auto press = [&](bool repeats) { now += 50, space(QEvent::KeyPress, repeats); };
+    // A repeat that isn't told as one.
+    const auto pair = [&](int late) {
+        now += 50, space(QEvent::KeyRelease, false);
+        platform.run(late);
+        space(QEvent::KeyPress, false);
     };
     const auto slip = [&] {
         QTest::mouseMove(&held, {-1, 5}), QTest::keyClick(&held, Qt::Key_Tab);
     };
     const auto letGo = [&] {
         QTest::mouseRelease(&held, Qt::LeftButton);
-        QTest::keyRelease(&held, Qt::Key_Space);
+        now += 50, space(QEvent::KeyRelease, false);
+        platform.run(HeldButton::kUpDelay);
     };
     // The window would go, but for the question of the chart.
     TeachPosition({});
@@ -106,6 +118,8 @@ TEST_F(TeachingWindow, EveryEndOfAHoldIsAStopAndOnlyOne) {
              [&] { tell(*qApp, QApplicationStateChangeEvent(Qt::ApplicationInactive)); }},
         Loss{"the mouse slips off, or Tab is pressed", slip, true},
         Loss{"it is let go", letGo, true},
+        Loss{"a repeat comes late",
+             [&] { QTest::mouseRelease(&held, Qt::LeftButton), pair(HeldButton::kUpDelay); }},
     };
     std::string before;
     for (const Loss& loss : losses) {
@@ -114,10 +128,12 @@ TEST_F(TeachingWindow, EveryEndOfAHoldIsAStopAndOnlyOne) {
             platform.run(400);
             EXPECT_EQ(moves(), before);
             held.setFocus();
-            mouse ? QTest::mousePress(&held, Qt::LeftButton) : space(QEvent::KeyPress, false);
+            mouse ? QTest::mousePress(&held, Qt::LeftButton) : press(false);
             platform.run(400);
             space(QEvent::KeyRelease, true);
-            space(QEvent::KeyPress, true);
+            press(true);
+            pair(HeldButton::kUpDelay - 1);
+            EXPECT_TRUE(held.isDown());
             platform.run(100);
             EXPECT_EQ(moves(), "0JR02002 ");
             loss.comes();
@@ -128,10 +144,14 @@ TEST_F(TeachingWindow, EveryEndOfAHoldIsAStopAndOnlyOne) {
             comeBack();
             held.setFocus();
             // The window system hands a key that still repeats itself over as one that goes down.
-            mouse ? QTest::mouseMove(&held, {5, 5}) : space(QEvent::KeyPress, false);
+            mouse ? QTest::mouseMove(&held, {5, 5}) : press(false);
             EXPECT_EQ(held.isDown(), !mouse && loss.seen);
+            pair(0);
+            EXPECT_EQ(held.isDown(), !mouse && loss.seen);
+            pair(HeldButton::kUpDelay);
+            EXPECT_FALSE(held.isDown());
             letGo();
-            before = !mouse && loss.seen ? "0SP " : ""; // too short to be sent
+            before = !mouse && loss.seen ? "0JR02002 0SP " : "";
         }
     }
 }

@@ -32,6 +32,10 @@ bool IsSpaceRelease(const QEvent& event) {
     return IsKey(event, QEvent::KeyRelease, true);
 }
 
+std::uint64_t TimeOf(const QEvent& keyEvent) {
+    return static_cast<const QKeyEvent&>(keyEvent).timestamp();
+}
+
 } // namespace
 
 HeldButton::HeldButton(std::vector<QAbstractButton*> all, QWidget& of, Events what)
@@ -41,6 +45,7 @@ HeldButton::HeldButton(std::vector<QAbstractButton*> all, QWidget& of, Events wh
 }
 
 HeldButton::~HeldButton() {
+    DisableTimer(spaceUp);
     release();
 }
 
@@ -61,9 +66,23 @@ void HeldButton::release() {
     }
 }
 
+void HeldButton::believeSpaceUp() {
+    DisableTimer(spaceUp);
+    spaceMayRepeat = false;
+    if (by == By::Key) {
+        release();
+    }
+}
+
+/// As a release; nobody lifts a key and presses it again so soon.
+bool HeldButton::isSameTime(const QEvent& spacePress) const {
+    constexpr std::uint64_t kSoon = 2; // ms
+    return spaceUpAt && TimeOf(spacePress) - *spaceUpAt <= kSoon;
+}
+
 bool HeldButton::isReleased(const QEvent& event) const {
     if (by == By::Key) {
-        return IsSpaceRelease(event);
+        return false; // it is to be believed first
     }
     switch (event.type()) {
     case QEvent::MouseButtonRelease:
@@ -99,23 +118,28 @@ bool HeldButton::eventFilter(QObject* watched, QEvent* event) {
     if (holding && (!held || isReleased(*event) || isLost(watched, *event))) {
         release();
     }
-    // The last key that went down is the one that repeats itself.
-    if (IsSpaceRelease(*event) || IsKey(*event, QEvent::KeyPress, false)) {
-        spaceMayRepeat = false;
+    const bool spacePress = IsSpacePress(*event);
+    const bool spaceRelease = IsSpaceRelease(*event);
+    if (spaceRelease) {
+        spaceUpAt = TimeOf(*event);
+        EnableTimer(spaceUp);
+    } else if (spacePress && spaceUp.enabled) {
+        isSameTime(*event) ? DisableTimer(spaceUp) : believeSpaceUp();
+    } else if (IsKey(*event, QEvent::KeyPress, false)) {
+        spaceMayRepeat = false; // the last key that went down is the one that repeats itself
     }
     const auto found = std::find(buttons.begin(), buttons.end(), watched);
     if (found == buttons.end()) {
         return false;
     }
-    const bool spacePress = IsSpacePress(*event);
-    const bool repeats = spacePress && spaceMayRepeat;
+    const bool repeats = spacePress && (spaceMayRepeat || isSameTime(*event));
     spaceMayRepeat = spaceMayRepeat || spacePress;
     if (!holding && !repeats && (*found)->isEnabled() && (spacePress || IsLeftPress(*event))) {
         begin(static_cast<int>(found - buttons.begin()), spacePress ? By::Key : By::Mouse);
     }
-    // A button that isn't held must not look so, when the mouse comes back to it or a key repeats
-    // itself.
-    return !holding && (repeats || event->type() == QEvent::MouseMove);
+    // A button looks held for as long as it is: also when a release isn't believed yet, and when
+    // the mouse comes back to it or a key repeats itself.
+    return holding ? by == By::Key && spaceRelease : repeats || event->type() == QEvent::MouseMove;
 }
 
 } // namespace qdw8

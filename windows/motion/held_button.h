@@ -1,9 +1,12 @@
 #pragma once
 
+#include "platform/timer.h"
+
 #include <QObject>
 #include <QPointer>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <vector>
 
 class QAbstractButton;
@@ -21,6 +24,10 @@ namespace qdw8 {
 /// repeats itself neither begins nor ends one. A window system that hands the keys back to the
 /// window doesn't tell that a key only goes on repeating itself, so behind a hold that was lost
 /// Space must have been seen to go up, or another key to go down, before it counts again.
+///
+/// A repeat can also come as a release and a press of their own, which have one time. So a hold
+/// ends `kUpDelay` behind the release of Space, unless a press of that time comes first; and a
+/// press of that time is a repeat, however late it comes.
 class HeldButton : public QObject {
 public:
     struct Events {
@@ -37,10 +44,14 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+    static constexpr std::int32_t kUpDelay = 10; ///< ms
+
 private:
     enum class By : std::uint8_t { Mouse, Key };
 
     void begin(int index, By with);
+    void believeSpaceUp();
+    bool isSameTime(const QEvent& spacePress) const;
     bool isReleased(const QEvent& event) const;
     bool isLost(const QObject* watched, const QEvent& event) const;
 
@@ -51,6 +62,8 @@ private:
     By by = By::Mouse;
     bool holding = false;
     bool spaceMayRepeat = false; ///< it went down, and wasn't seen to go up
+    Timer spaceUp{"HeldButton::spaceUp", kUpDelay, false, [this] { believeSpaceUp(); }};
+    std::optional<std::uint64_t> spaceUpAt; ///< when it went up last, in the time of the events
 };
 
 } // namespace qdw8
