@@ -5,8 +5,8 @@
 
 namespace qdw8 {
 
-/// Called behind each page that went out, with their number so far. False: the user gives up, and
-/// nothing of the document is to come out.
+/// Called behind each page that is ready, with their number so far. False: the user gives up, and
+/// nothing of the document comes out; none of it leaves before all pages are ready.
 using PageDone = std::function<bool(int pages)>;
 
 /// The printer: a page on which texts and lines are placed by coordinates in millimetres from the
@@ -15,6 +15,8 @@ using PageDone = std::function<bool(int pages)>;
 /// The first drawing operation begins a document. Any operation throws `Fault` when the printer
 /// fails; the document is dropped then.
 struct Printer {
+    /// Names the document: in the queue of the printer and as the title of a PDF file.
+    std::function<void(const std::string& title)> SetTitle;
     std::function<void(const std::string& name)> SetFontName;
     std::function<void(double points)> SetFontSize;
     std::function<void(bool bold)> SetFontBold;
@@ -28,7 +30,8 @@ struct Printer {
     /// Draws a straight line of the thinnest visible width (mm).
     std::function<void(double x1, double y1, double x2, double y2)> Line;
     std::function<void()> NewPage;
-    /// Ends the document and hands it to the printer. False: it was given up between two pages.
+    /// Ends the document and hands it to the printer. False: it was given up between two pages. A
+    /// printing system that doesn't take it is a failure; what becomes of it there isn't known.
     std::function<bool(const PageDone& pageDone)> EndDoc;
     /// Writes the document into a PDF file, whole or not at all, and keeps it. False as above.
     std::function<bool(const std::string& path, const PageDone& pageDone)> SavePdf;

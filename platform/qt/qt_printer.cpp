@@ -4,12 +4,14 @@
 #include "platform/qt/qt_platform.h"
 #include "platform/qt/shared_printer.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QFont>
 #include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QGlyphRun>
 #include <QHash>
+#include <QLibrary>
 #include <QLineF>
 #include <QMarginsF>
 #include <QPageLayout>
@@ -33,6 +35,9 @@ constexpr double kMmPerPoint = kMmPerInch / 72.0;
 constexpr double kLineWidthMm = 0.15;
 /// Hardly any printer reaches the very edge of its paper.
 constexpr double kLeastMarginMm = 5.0;
+/// Of the sheet, mm: on less of it the forms can't be laid out. Margins go no further.
+constexpr QSizeF kLeastPageMm(138.0, 200.0);
+constexpr QLatin1String kSystemName("QD-W8");
 constexpr int kPdfDpi = 1200;
 /// Glyphs are drawn in hundredths of a millimetre: a font has no sizes below one pixel.
 constexpr double kUnitsPerMm = 100.0;
@@ -75,6 +80,7 @@ struct Document {
     double points = 11.0;
     bool bold = false;
     std::vector<Page> pages; ///< empty: no document has begun
+    QString title;
 };
 
 Document& TheDocument() {
@@ -198,10 +204,29 @@ QPageLayout LayoutMm() {
     return layout;
 }
 
+/// Two margins that face one another, at least as wide as `least` and leaving `room` between them.
+std::pair<double, double> Facing(std::pair<double, double> wanted, std::pair<double, double> least,
+                                 double sheet, double room) {
+    const double first = std::max(0.0, wanted.first - least.first);
+    const double second = std::max(0.0, wanted.second - least.second);
+    const double most = std::max(0.0, sheet - room - least.first - least.second);
+    const double scale = first + second > most ? most / (first + second) : 1.0;
+    return {least.first + first * scale, least.second + second * scale};
+}
+
 QMarginsF MarginsMm() {
-    const QMarginsF printer = LayoutMm().minimumMargins();
-    return {std::max(kLeastMarginMm, printer.left()), std::max(kLeastMarginMm, printer.top()),
-            std::max(kLeastMarginMm, printer.right()), std::max(kLeastMarginMm, printer.bottom())};
+    const QPageLayout layout = LayoutMm();
+    const QMarginsF set = layout.margins();
+    const QMarginsF printer = layout.minimumMargins();
+    const QSizeF sheet = layout.fullRect().size();
+    const auto least = [](double margin) { return std::max(kLeastMarginMm, margin); };
+    const auto [left, right] =
+        Facing({set.left(), set.right()}, {least(printer.left()), least(printer.right())},
+               sheet.width(), kLeastPageMm.width());
+    const auto [top, bottom] =
+        Facing({set.top(), set.bottom()}, {least(printer.top()), least(printer.bottom())},
+               sheet.height(), kLeastPageMm.height());
+    return {left, top, right, bottom};
 }
 
 QSizeF UsableMm() {
@@ -268,6 +293,7 @@ bool WritePdf(const std::vector<Page>& pages, const QString& path, const PageDon
     QPdfWriter writer(&file);
     writer.setResolution(kPdfDpi);
     writer.setPageLayout(layout);
+    writer.setTitle(TheDocument().title);
     if (!DrawPages(pages, writer, pageDone)) {
         return false;
     }
@@ -277,7 +303,17 @@ bool WritePdf(const std::vector<Page>& pages, const QString& path, const PageDon
     return true;
 }
 
-bool PrintPages(const std::vector<Page>& pages, const PageDone& pageDone) {
+/// Whether the printing system took the job that was handed to it last. Qt itself lets its answer
+/// drop, and says of a printer that refuses everything that all went well.
+bool JobTaken() {
+    constexpr int kFirstError = 0x100; // below are the shades of success
+    using LastError = int (*)();
+    static const auto lastError =
+        reinterpret_cast<LastError>(QLibrary::resolve(QStringLiteral("cups"), 2, "cupsLastError"));
+    return lastError == nullptr || lastError() < kFirstError;
+}
+
+bool PrintPages(std::vector<Page> pages, const PageDone& pageDone) {
     QPrinter& printer = SharedPrinter();
     if (printer.outputFormat() == QPrinter::PdfFormat) {
         if (printer.outputFileName().isEmpty()) {
@@ -285,24 +321,29 @@ bool PrintPages(const std::vector<Page>& pages, const PageDone& pageDone) {
         }
         return WritePdf(pages, printer.outputFileName(), pageDone);
     }
-    try {
-        if (!DrawPages(pages, printer, pageDone)) {
-            printer.abort(); // nothing of the document is to come out
-            return false;
-        }
-    } catch (const Fault&) {
-        printer.abort();
-        throw;
+    // A job once begun can't be called back: its end hands over what was drawn so far. So all is
+    // drawn into memory first, where it can be given up.
+    QBuffer memory;
+    memory.open(QIODevice::WriteOnly);
+    QPdfWriter rehearsal(&memory);
+    if (!DrawPages(pages, rehearsal, pageDone)) {
+        return false;
     }
-    if (printer.printerState() == QPrinter::Error) {
+    if (printer.pageOrder() == QPrinter::LastPageFirst) {
+        std::reverse(pages.begin(), pages.end());
+    }
+    printer.setDocName(TheDocument().title);
+    DrawPages(pages, printer, {});
+    printer.setDocName(kSystemName); // of what else is printed
+    if (printer.printerState() == QPrinter::Error || !JobTaken()) {
         throw Fault("the printer failed");
     }
     return true;
 }
 
 bool EndDoc(Document& document, const PageDone& pageDone) {
-    const std::vector<Page> pages = std::exchange(document.pages, {});
-    return pages.empty() || PrintPages(pages, pageDone);
+    std::vector<Page> pages = std::exchange(document.pages, {});
+    return pages.empty() || PrintPages(std::move(pages), pageDone);
 }
 
 } // namespace
@@ -311,9 +352,10 @@ QPrinter& SharedPrinter() {
     static std::unique_ptr<QPrinter> printer;
     if (!printer) {
         printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
-        printer->setDocName(QStringLiteral("QD-W8"));
+        printer->setDocName(kSystemName);
         printer->setFullPage(true);
         printer->setPageSize(QPageSize(QPageSize::A4));
+        printer->setPageMargins({}, QPageLayout::Millimeter);
         // It talks to a part of Qt that goes with the application object.
         qAddPostRoutine([] { printer.reset(); });
     }
@@ -328,7 +370,12 @@ void SetPrinterOutputFile(const std::string& path) {
     if (!path.empty()) {
         printer.setOutputFormat(QPrinter::PdfFormat);
     }
-    printer.setFullPage(true);
+    ShowMarginsUsed();
+}
+
+void ShowMarginsUsed() {
+    SharedPrinter().setFullPage(true);
+    SharedPrinter().setPageMargins(MarginsMm(), QPageLayout::Millimeter);
 }
 
 int PrintedPages() {
@@ -349,6 +396,9 @@ void InstallQtPrinter() {
     SetFontName(document, QStringLiteral("MS GOTHIC"));
 
     Printer& paper = ThePlatform().ThePrinter;
+    paper.SetTitle = [&document](const std::string& title) {
+        document.title = QString::fromStdString(title);
+    };
     paper.SetFontName = [&document](const std::string& name) {
         SetFontName(document, QString::fromStdString(name));
     };

@@ -5,8 +5,10 @@
 #include "platform/qt/shared_printer.h"
 #include "platform/qt/standard_texts.h"
 
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QEvent>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QPageSetupDialog>
@@ -15,6 +17,7 @@
 #include <QPrinter>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QStringList>
 #include <algorithm>
 
 namespace qdw8 {
@@ -69,12 +72,32 @@ void AddPreviewButton(QPrintDialog& dialog, QDialogButtonBox& buttons, QPushButt
     });
 }
 
+/// While it lives the dialogs of the toolkit lack what the printing system would do by itself
+/// behind the program's back: to leave pages out, to print several on one. What is looked at before
+/// would not be what is printed.
+class NotOffered : public QObject {
+public:
+    NotOffered() { qApp->installEventFilter(this); }
+
+private:
+    bool eventFilter(QObject* object, QEvent* event) override {
+        static const QStringList names{QStringLiteral("gbPrintRange"),
+                                       QStringLiteral("pagesPerSheetButtonGroup")};
+        if (event->type() == QEvent::Show && names.contains(object->objectName())) {
+            static_cast<QWidget*>(object)->hide();
+        }
+        return false;
+    }
+};
+
 PrinterAnswer ShowPrinterDialog(const PrinterQuestion& question) {
     QPrinter& printer = SharedPrinter();
     bool preview = false;
+    const NotOffered notOffered;
+    ShowMarginsUsed();
     QPointer<QDialog> dialog;
-    // A PDF file knows no page set-up dialog of its own; the printer dialog has the paper, too.
-    if ((question.flags & kPageSetup) != 0 && printer.outputFormat() == QPrinter::NativeFormat) {
+    // Without a printer it sets the paper of the PDF files.
+    if ((question.flags & kPageSetup) != 0) {
         dialog = new QPageSetupDialog(&printer, DialogParent());
     } else {
         printer.setCopyCount(1);
@@ -94,7 +117,7 @@ PrinterAnswer ShowPrinterDialog(const PrinterQuestion& question) {
     dialog->setObjectName(QStringLiteral("CommonDialog1"));
     const bool accepted = dialog->exec() == QDialog::Accepted;
     delete dialog.data();
-    printer.setFullPage(true);
+    ShowMarginsUsed();
     return !accepted ? PrinterAnswer::Cancel
            : preview ? PrinterAnswer::Preview
                      : PrinterAnswer::Print;

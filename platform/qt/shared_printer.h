@@ -9,4 +9,8 @@ namespace qdw8 {
 /// PDF file without a name if the machine has none.
 QPrinter& SharedPrinter();
 
+/// Gives the printer the margins that will be kept: those chosen, but no less than it needs and no
+/// more than leaves the forms their room. So a dialog shows what counts.
+void ShowMarginsUsed();
+
 } // namespace qdw8
