@@ -12,6 +12,9 @@
 /// user's answer and must be there when a rule reaches them.
 namespace qdw8 {
 
+/// What is printed in the place of a file's name for what a window shows.
+inline constexpr const char* kShownName = "INDICATED DATA";
+
 /// The choice dialog `frmSelection`.
 struct SelectionQuestion {
     std::string title;

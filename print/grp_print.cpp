@@ -29,9 +29,9 @@ void Print(int line, double offset, const Field& field, const std::string& text)
     PrintText(InLine(line, offset + field.x, offset + field.right), text);
 }
 
-/// A number that was never given stays blank.
+/// A number that was never given stays blank, and so does one that the file lacks.
 std::string Text(std::int16_t number) {
-    return number == 0 ? "" : std::to_string(number);
+    return number == 0 || number == kNotInFile ? "" : std::to_string(number);
 }
 
 void PrintBlockHead(int line, double offset) {

@@ -32,6 +32,20 @@ void Print(int line, double offset, const Field& field, const std::string& text)
     PrintText(InLine(line, offset + field.x, offset + field.right), text);
 }
 
+/// What is no command shows its number alone: it ends no macro.
+std::string CommandText(const SmStep& step) {
+    if (step.command == kNotInFile) {
+        return "";
+    }
+    return IsKnownCommand(step.command) || step.command == kNeverWritten
+               ? CommandOf(step).text
+               : std::to_string(step.command);
+}
+
+std::string DataText(const SmStep& step) {
+    return step.data == kNotInFile ? "" : std::to_string(step.data);
+}
+
 void PrintMacro(int number, int line, double offset) {
     Print(line, offset, kHead, "<SM No." + std::to_string(number) + ">");
     Print(line + 1, offset, kStep, "STEP");
@@ -41,8 +55,8 @@ void PrintMacro(int number, int line, double offset) {
     int count = 0;
     for (const SmStep& step : SmCompare[static_cast<std::size_t>(number)]) {
         Print(line, offset, kStep, std::to_string(++count) + " :");
-        Print(line, offset, kCommand, CommandOf(step).text);
-        Print(line, offset, kData, std::to_string(step.data));
+        Print(line, offset, kCommand, CommandText(step));
+        Print(line, offset, kData, DataText(step));
         ++line;
     }
 }

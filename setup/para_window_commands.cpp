@@ -122,7 +122,7 @@ void cmdConpareFile_Click() {
 
 void cmdParaPrint_Click() {
     if (FieldsTaken() && Confirmed(684)) {
-        FillRowTable("INDICATED DATA");
+        FillRowTable(kShownName);
         Print();
     }
 }

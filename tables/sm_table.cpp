@@ -18,23 +18,23 @@ SmMacros& MacrosOf(Held copy) {
     return copy == Held::Shown ? state.table : state.compare;
 }
 
-bool IsKnown(std::int16_t command) {
-    return command >= 0 && static_cast<std::size_t>(command) < kSmCommands.size();
-}
-
 } // namespace
 
 SmMacros& SmTable = state.table;
 SmMacros& SmCompare = state.compare;
 TableState& SmState = state.state;
 
+bool IsKnownCommand(std::int16_t command) {
+    return command >= 0 && static_cast<std::size_t>(command) < kSmCommands.size();
+}
+
 const SmCommand& CommandOf(const SmStep& step) {
-    return kSmCommands[IsKnown(step.command) ? static_cast<std::size_t>(step.command) : 0];
+    return kSmCommands[IsKnownCommand(step.command) ? static_cast<std::size_t>(step.command) : 0];
 }
 
 bool StepGood(const SmStep& step) {
     const SmCommand& command = CommandOf(step);
-    return IsKnown(step.command) &&
+    return IsKnownCommand(step.command) &&
            (step.command == 0 || (step.data >= command.lowest && step.data <= command.highest));
 }
 
@@ -80,7 +80,7 @@ std::int16_t SmData_Check() {
             if (step.command == 0 || step.command == kNeverWritten) {
                 step = {};
             }
-            if (!IsKnown(step.command)) {
+            if (!IsKnownCommand(step.command)) {
                 reason[kSmCommandField] = kUnknownCommand;
             } else if (!StepGood(step)) {
                 reason[kSmDataField] = CommandOf(step).reason;

@@ -38,6 +38,8 @@ inline constexpr std::array<SmCommand, 7> kSmCommands{{
 }};
 /// The row of a step's command; the one of END for a command that there isn't.
 const SmCommand& CommandOf(const SmStep& step);
+/// The command is one of those above.
+bool IsKnownCommand(std::int16_t command);
 /// The command is one of those above, and the data within its limits; END takes any data.
 bool StepGood(const SmStep& step);
 

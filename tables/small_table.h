@@ -24,6 +24,9 @@ enum class Held { Shown, Compare };
 /// of the rows themselves.
 using Numbers = std::vector<std::int16_t>;
 
+/// In the compare table while a file is printed: the file doesn't hold the row. It prints blank.
+inline constexpr std::int16_t kNotInFile = -32768;
+
 /// What goes with a table and is no data.
 struct TableState {
     /// What the user edited is neither in a file nor in the controller.

@@ -17,9 +17,6 @@
 namespace qdw8 {
 namespace {
 
-/// What is printed in the place of a file's name for what the window shows.
-constexpr const char* kShownName = "INDICATED DATA";
-
 /// The texts of the ids, one a line.
 std::string Text(const std::vector<std::int16_t>& ids) {
     std::string text;
@@ -132,6 +129,20 @@ private:
     const SmallTable& table;
 };
 
+/// The compare table as it was, at the end: a file that is only printed leaves no rows to the next
+/// one that is opened.
+class CompareKept {
+public:
+    explicit CompareKept(const SmallTable& of) : table(of), numbers(of.take(Held::Compare)) {}
+    ~CompareKept() { table.put(Held::Compare, numbers); }
+    CompareKept(const CompareKept&) = delete;
+    CompareKept& operator=(const CompareKept&) = delete;
+
+private:
+    const SmallTable& table;
+    Numbers numbers;
+};
+
 } // namespace
 
 bool IsEnabled(const SmallTable& table, const TableCommand& command) {
@@ -214,6 +225,8 @@ void PrintFile(const SmallTable& table) {
     if (!Confirmed(table.texts.askPrintFile)) {
         return;
     }
+    const CompareKept kept(table);
+    table.put(Held::Compare, Numbers(table.take(Held::Compare).size(), kNotInFile));
     if (const auto chosen = ReadChosenFile(table, table.texts.printTitle)) {
         (Screens().*table.print)(std::filesystem::path(chosen->path).filename().string());
     }

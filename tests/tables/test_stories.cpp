@@ -162,7 +162,14 @@ private:
         {"during", [this](Args& a) { during(a); }},
         {"paper",
          [this](Args&) {
-             Screens().PrintGrpData = [this](const std::string& name) { printed = name; };
+             Screens().PrintGrpData = [this](const std::string& name) {
+                 printed = name;
+                 for (const int number :
+                      {GrpCompare[1].start + 0, GrpCompare[5].start + 0,
+                       SmCompare[1][0].command + 0, SmCompare[20][0].command + 0}) {
+                     printed += number == kNotInFile ? " -" : " " + std::to_string(number);
+                 }
+             };
              Screens().PrintSmData = Screens().PrintGrpData;
          }},
         {"huge",
