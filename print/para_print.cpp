@@ -16,7 +16,7 @@ namespace {
 
 constexpr double kLabelX = 20.0;
 constexpr double kFileNameX = 80.0;
-constexpr std::array<double, kAxes + 1> kAxisX{80, 105, 130, 155, kPageRight};
+constexpr std::array<double, kAxes + 1> kAxisX{80, 105, 130, 155, 180};
 constexpr double kSingleX = 120.0;
 constexpr double kGap = 2.0; ///< a character between two values
 constexpr int kFirstLine = 3;

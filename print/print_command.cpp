@@ -34,8 +34,10 @@ std::optional<PosiPrint> StageGrid() {
     PosiLast = static_cast<std::int16_t>(last);
     std::optional<PosiPrint> staged;
     try {
-        if (TableTakesGrid(397)) {
-            staged = StageShownPositions();
+        switch (PosiDataCheck3()) {
+        case PosiCheck::Committed: staged = StageShownPositions(); break;
+        case PosiCheck::Faulted: ShowTexts({397, 396}); break;
+        default: break;
         }
     } catch (const std::exception&) {
         before.putBack();

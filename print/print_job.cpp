@@ -80,6 +80,7 @@ bool Send(const std::function<bool(const PageDone&)>& send) {
 }
 
 void Draw(const PrintJob& job) {
+    ThePlatform().ThePrinter.SetTitle(std::filesystem::path(state.name).stem().string());
     ThePlatform().ThePrinter.SetFontName(ResText(job.fontId));
     PrinterSetup(job.lines);
     job.draw();

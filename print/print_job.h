@@ -19,8 +19,6 @@ struct PrintJob {
     std::string fileName;
     std::int16_t shownName = 0; ///< text with the one for what a window shows
 };
-/// What is printed in the place of a file's name for what a window shows.
-inline constexpr const char* kShownName = "INDICATED DATA";
 
 /// Asks for the printer, draws the pages, shows them to a user who wants to look first, and prints
 /// them. False: nothing was printed; a box has told that the user cancelled, or that it failed. A

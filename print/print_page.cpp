@@ -36,6 +36,8 @@ constexpr double kFormWidth = 178.0;
 /// Smaller than this nobody reads; what doesn't fit then is cut, and shows so.
 constexpr double kLeastPoints = 4.5;
 constexpr double kPointStep = 10.0; ///< sizes go by tenths of a point
+/// Where the base line of a text lies in its height.
+constexpr double kBaseLine = 0.86;
 constexpr const char* kWidestPageNumber = "Page:9999";
 
 Printer& Paper() {
@@ -83,6 +85,20 @@ void DropLast(std::string& text) {
     if (!text.empty()) {
         text.pop_back();
     }
+}
+
+/// Prints in the size in force so that all texts of a line stand on one base line, whatever their
+/// sizes: that of the full size in the height of the line.
+void PrintOnBaseLine(double x, double y, double height, double fullHeight,
+                     const std::string& text) {
+    const double lower = std::min(height, fullHeight) - Paper().TextHeight(text);
+    Paper().Print(x, y + std::max(0.0, lower) * kBaseLine, text);
+}
+
+/// Height of a text in the size of the forms.
+double FullHeight(const std::string& text) {
+    Paper().SetFontSize(kPoints);
+    return Paper().TextHeight(text);
 }
 
 /// Sets the size, at most `points`, at which the text fits, and shortens a text that fits at none.
@@ -139,14 +155,16 @@ void PrintText(const TextPlace& place, const std::string& text, TextLook look) {
         return;
     }
     Paper().SetFontBold(look.bold);
+    const double full = FullHeight(text);
     const std::string fitted = Fitted(text, look.points, place.right - place.x, place.height);
-    Paper().Print(place.x, place.y, fitted);
+    PrintOnBaseLine(place.x, place.y, place.height, full, fitted);
 }
 
 void PrintAtRight(double y, double height, const std::string& text) {
     Paper().SetFontBold(false);
+    const double full = FullHeight(text);
     const std::string fitted = Fitted(text, kPoints, PrintRight - kLeft, height);
-    Paper().Print(PrintRight - Paper().TextWidth(fitted), y, fitted);
+    PrintOnBaseLine(PrintRight - Paper().TextWidth(fitted), y, height, full, fitted);
 }
 
 void PrintRule(double y) {

@@ -36,6 +36,7 @@ public:
 
     PageRecorder() {
         Printer& to = ThePlatform().ThePrinter;
+        to.SetTitle = [this](const std::string& name) { title = name; };
         to.SetFontName = [this](const std::string& name) { font = name; };
         to.SetFontSize = [this](double size) { points = size; };
         to.SetFontBold = [this](bool on) { bold = on; };
@@ -107,7 +108,7 @@ public:
     Face face;
     double width = 200; ///< that can be printed on: A4 less 5 mm at each side
     double height = 287;
-    std::string font;
+    std::string font, title;
     std::vector<Text> texts;
     std::vector<Rule> rules;
     int pages = 0;     ///< of the documents that went out

@@ -71,6 +71,9 @@ struct PagesBench : Bench {
             macro.fill({6, 9});
             macro[15] = {kNeverWritten, 0};
         }
+        SmCompare[1][14] = {9, 3};
+        SmCompare[20].fill({kNotInFile, kNotInFile});
+        GrpCompare[9] = {kNotInFile, kNotInFile, kNotInFile};
     }
     void expectSame(const char* file) {
         const std::string now = testing::TempDir() + file;

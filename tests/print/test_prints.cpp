@@ -75,10 +75,23 @@ private:
     }
     void run(void (*command)()) {
         page.clear();
+        const auto before = document();
         command();
+        if (PrintSelect.optPrintPosi == 1) {
+            EXPECT_EQ(document(), before);
+        }
         platform.checkAllAsked();
         EXPECT_TRUE(choices.empty() && answers.empty());
         ExpectAtRest(platform);
+    }
+    /// What a print of a file leaves alone.
+    std::vector<std::string> document() const {
+        std::vector<std::string> all = gridTexts();
+        for (std::size_t position = 1; position < PosiTable.size(); ++position) {
+            all.push_back(held(static_cast<int>(position)) + PosiTable[position].comment);
+        }
+        all.push_back(PosiFileName + PosiFilePath + (IsSet(PosiDirtyFlag) ? "*" : ""));
+        return all;
     }
     std::string leave(bool end, Text text) {
         platform.beeps = 0;
@@ -100,7 +113,9 @@ private:
     std::string line(double y) const {
         std::string all;
         for (const PageRecorder::Text& it : page.texts) {
-            all += it.page != 1 || it.y != y ? "" : (all.empty() ? "" : " | ") + it.text;
+            // A smaller text of the line begins lower, on the same base line.
+            all += it.page != 1 || it.y < y || it.y >= y + 2 ? ""
+                                                             : (all.empty() ? "" : " | ") + it.text;
         }
         return all;
     }
