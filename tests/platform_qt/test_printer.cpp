@@ -1,8 +1,11 @@
 #include "platform/fault.h"
 #include "platform/platform.h"
 #include "platform/qt/qt_platform.h"
+#include "platform/qt/shared_printer.h"
 
 #include <QFile>
+#include <QPageLayout>
+#include <QPrinter>
 #include <QPrinterInfo>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -45,6 +48,13 @@ protected:
 TEST_F(QtPrinter, MeasuresInMillimetres) {
     EXPECT_NEAR(paper.ScaleWidth(), 200.0, 0.5); // of 210, the margins left out
     EXPECT_NEAR(paper.ScaleHeight(), 287.0, 0.5);
+    for (const double set : {90.0, 30.0, 0.0}) {
+        SharedPrinter().setPageMargins({set, set, set, set}, QPageLayout::Millimeter);
+        ShowMarginsUsed();
+        const double used = SharedPrinter().pageLayout().margins(QPageLayout::Millimeter).left();
+        EXPECT_NEAR(used, set == 90.0 ? 36.0 : set == 30.0 ? 30.0 : 5.0, 0.1);
+        EXPECT_NEAR(paper.ScaleWidth(), 210.0 - 2 * used, 0.1);
+    }
     const double width = paper.TextWidth("A");
     EXPECT_NEAR(paper.TextWidth("iW-0."), 5.0 * width, 0.1) << "the font has no fixed width";
     paper.SetFontSize(22);

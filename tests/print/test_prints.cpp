@@ -176,6 +176,7 @@ private:
         {"pages", [this](Text) { return std::to_string(page.pages); }},
         {"line", [this](Text y) { return line(std::stod(y)); }},
         {"bars", [this](Text) { return std::exchange(bars, ""); }},
+        {"title", [this](Text) { return page.title; }},
         {"pdf", [this](Text) { return page.saved; }},
         {"asked", [this](Text) { return asked; }},
         {"ranges",
