@@ -30,8 +30,8 @@ public:
     Talking& operator=(const Talking&) = delete;
 };
 
-bool LineIsTaken() {
-    return state.talks || state.holders > 0 || IsSet(CtBusyFlag);
+bool ExchangeRuns() {
+    return state.talks || IsSet(CtBusyFlag);
 }
 
 void RunKept() {
@@ -41,8 +41,8 @@ void RunKept() {
     }
 }
 
-bool Run(const std::function<void()>& talk, bool watched) {
-    if (LineIsTaken()) {
+bool Run(const std::function<void()>& talk, bool watched, int holders = 0) {
+    if (ExchangeRuns() || holders > 0) {
         return false;
     }
     try {
@@ -60,10 +60,14 @@ bool Run(const std::function<void()>& talk, bool watched) {
 } // namespace
 
 bool RunInBackground(const std::function<void()>& talk) {
-    return !IsSet(OffLineFlag) && Run(talk, false);
+    return !IsSet(OffLineFlag) && Run(talk, false, state.holders);
 }
 
 bool RunWatched(const std::function<void()>& talk) {
+    return Run(talk, true, state.holders);
+}
+
+bool RunPastHold(const std::function<void()>& talk) {
     return Run(talk, true);
 }
 

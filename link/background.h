@@ -17,6 +17,10 @@ bool RunInBackground(const std::function<void()>& talk);
 /// offered to be given up like that of a command.
 bool RunWatched(const std::function<void()>& talk);
 
+/// The same for a stop that is due: a hold keeps it from nothing. False: an exchange runs, and lets
+/// the stop follow it.
+bool RunPastHold(const std::function<void()>& talk);
+
 /// Runs a command of the user: at once, or when the background exchange out of whose wait it was
 /// started has ended. One command is kept; a second one meanwhile is dropped, as one that is
 /// chosen while another command runs.
@@ -33,8 +37,8 @@ void AskForLine();
 /// watched or asked to end, or a command is kept for its end.
 bool UserWaitsForLine();
 
-/// Keeps ticks from sending for the life of the object: batches hold one, so that nothing starts
-/// between their exchanges. The ticks themselves go on.
+/// Keeps ticks from sending for the life of the object, but for a stop: batches hold one, so that
+/// nothing starts between their exchanges. The ticks themselves go on.
 class PollHeld {
 public:
     PollHeld();

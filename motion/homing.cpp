@@ -7,6 +7,7 @@
 #include "link/line_state.h"
 #include "link/port.h"
 #include "link/receiver.h"
+#include "link/stop.h"
 
 namespace qdw8 {
 namespace {
@@ -24,7 +25,10 @@ bool TellLostLine() {
     if (!IsSet(OffLineFlag)) {
         return false;
     }
-    ShowPortBox();
+    // Nothing was on the line when it went, so no exchange has stopped the axes.
+    if (!IsSet(AxisMayMove) || StopMotion() == 0) {
+        ShowPortBox();
+    }
     return true;
 }
 

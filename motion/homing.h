@@ -8,7 +8,8 @@
 /// (link/ct_commands.h).
 ///
 /// Both talk in the foreground while events go on; the caller keeps the ticks of others off the
-/// line meanwhile (`LineBatch`, `PollHeld`). Neither sends a stop: what is under way goes on.
+/// line meanwhile (`LineBatch`, `PollHeld`). But for a line that is
+/// lost neither sends a stop: what is under way goes on.
 namespace qdw8 {
 
 /// Pause before every question whether the axes have arrived, in milliseconds.
@@ -23,7 +24,8 @@ enum class MotionEnd : std::uint8_t {
     GivenUp  ///< nothing was started, or the axes may still be on their way
 };
 
-/// The line went between two exchanges: shows the port box. Nothing goes on line again by itself.
+/// The line went between two exchanges: shows the port box, behind a stop where an axis may move
+/// (`AxisMayMove`). Nothing goes on line again but for that stop.
 bool TellLostLine();
 
 /// Asks `0RA`, the first time after 100 ms and then every 100 ms, until the axes have arrived.

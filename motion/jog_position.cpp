@@ -50,16 +50,19 @@ std::int16_t ReadnDisp_PresentPos() {
     }
 }
 
-std::string PresentPosText(std::size_t axis) {
-    const std::optional<std::int32_t> pulse = state.JogPresentPos.at(axis);
-    if (!pulse) {
-        return {};
+bool TeachesInMm() {
+    bool inMm = IsSet(DispMmFlag);
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
+        const AxisDevice& device = DevSetting[axis];
+        inMm = inMm && (IsSet(AxisOff[axis]) || (device.DevLead != 0 && device.DevPPR != 0));
     }
-    const AxisDevice& device = DevSetting[axis];
-    if (!IsSet(DispMmFlag) || device.DevLead == 0 || device.DevPPR == 0) {
-        return std::to_string(*pulse);
-    }
-    return FixedDecimals(PulseToMm(device.DevLead, device.DevPPR, *pulse), 3);
+    return inMm;
+}
+
+std::string JogPosText(std::size_t axis, std::int32_t pulse) {
+    const AxisDevice& device = DevSetting.at(axis);
+    return TeachesInMm() ? FixedDecimals(PulseToMm(device.DevLead, device.DevPPR, pulse), 3)
+                         : std::to_string(pulse);
 }
 
 void TellBehindStop(const std::function<void()>& box) {

@@ -23,9 +23,11 @@ extern std::array<std::int32_t, kAxes>& JogMaxPulse;
 /// an axis may move, and `JogPresentPos` is as it was. A field that is no number fails it.
 std::int16_t ReadnDisp_PresentPos();
 
-/// The present position of an axis as the window shows it, in the display unit; an axis without a
-/// device has pulses only. Empty where there is none.
-std::string PresentPosText(std::size_t axis);
+/// Positions are shown in millimetres: the display unit, where each axis in use has a device. Else
+/// all are shown in pulses, for one column or head never says two units.
+bool TeachesInMm();
+/// A position of an axis as the window shows it.
+std::string JogPosText(std::size_t axis, std::int32_t pulse);
 
 /// Tells something with a box, behind a stop where an axis may move.
 void TellBehindStop(const std::function<void()>& box);

@@ -33,8 +33,9 @@ bool StopIsDue() {
 }
 
 void LetStopBeDue() {
+    // A second release must not put off what is to be said of the first.
+    state.ticks = state.due ? state.ticks : 0;
     state.due = true;
-    state.ticks = 0;
     state.reading.reset();
     WishStop();
 }
@@ -64,8 +65,7 @@ void SeeReading() {
 }
 
 void SeeFailure(bool answerDecides) {
-    const bool answered = LastStop == Stop::Answered && (answerDecides || !state.due);
-    if (!IsSet(AxisMayMove) || answered) {
+    if (!IsSet(AxisMayMove) || (LastStop == Stop::Answered && answerDecides)) {
         NothingMoves();
         return;
     }

@@ -17,7 +17,7 @@ StopSign TheStopSign();
 
 /// A stop is due, and not yet confirmed.
 bool StopIsDue();
-/// From now on; wishes it (link/stop.h).
+/// From now on, or already since it was due; wishes it (link/stop.h).
 void LetStopBeDue();
 /// 100 ms have passed: 200 ms behind a stop that is due it counts as not confirmed, where an axis
 /// may move at all.
@@ -29,10 +29,9 @@ void SeeMove(bool byItself);
 /// A reading came, behind the answer to the stop where one is due. Two in turn that are equal
 /// confirm that stop, and end a step that ran by itself: no axis moves any more.
 void SeeReading();
-/// An exchange has failed, and no more readings come. Where an axis may move, a stop that was due
-/// is not confirmed by anything any more. The stop that the exchange itself has sent counts where
-/// it was answered and no other was due; with `answerDecides`, for a failed `0JR` or `0MV`, its
-/// answer is enough in any case.
+/// An exchange has failed, and no more readings come. Where an axis may move, its stop is not
+/// confirmed by anything any more, whether one was due or the exchange itself has sent it; with
+/// `answerDecides`, for a failed `0JR`, `0MV` or homing, the answer to the stop is enough.
 void SeeFailure(bool answerDecides);
 
 /// The axes stand still: no stop is due, and none is wished any more.

@@ -16,12 +16,13 @@ namespace qdw8 {
 namespace {
 
 constexpr std::int16_t kAdopt = 2224;
+constexpr std::int16_t kLeftOut = 3234;
 
 /// The state of a fresh start.
 struct TeachChartState {
     Flag TeachingDataFlag = kClear;
     std::int16_t lblPosiNo = 0;
-    std::map<std::int16_t, TaughtPosition> rows;
+    std::map<std::int16_t, AxisPulses> rows;
 
     std::unique_ptr<GridLock> grid;
 };
@@ -55,7 +56,7 @@ void Adopt(int position, std::size_t axis, std::int32_t pulse) {
 Flag& TeachingDataFlag = state.TeachingDataFlag;
 std::int16_t& lblPosiNo = state.lblPosiNo;
 
-const std::map<std::int16_t, TaughtPosition>& TeachChart() {
+const std::map<std::int16_t, AxisPulses>& TeachChart() {
     return state.rows;
 }
 
@@ -72,36 +73,45 @@ void ChooseTeachRow(int position) {
     }
 }
 
-void TeachPosition(const TaughtPosition& present) {
+void TeachPosition(const AxisPulses& present) {
     if (lblPosiNo != 0) {
         state.rows[lblPosiNo] = present;
         TeachingDataFlag = kSet;
     }
 }
 
-bool MayLeaveTeachChart() {
+ChartEnd AskAboutTeachChart() {
     if (!IsSet(TeachingDataFlag)) {
-        return true;
+        return ChartEnd::Leave;
     }
     switch (AskBox(ResText(kAdopt), BoxButtons::YesNoCancel)) {
-    case BoxAnswer::Yes: AdoptTeachingData(); return true;
-    case BoxAnswer::No: return true;
-    default: return false;
+    case BoxAnswer::Yes: return ChartEnd::Adopt;
+    case BoxAnswer::No: return ChartEnd::Leave;
+    default: return ChartEnd::Stay;
     }
 }
 
 void AdoptTeachingData() {
+    bool leftOut = false;
     FreezeGrid();
     for (const auto& [position, taught] : state.rows) {
-        for (std::size_t axis = 0; axis < kAxes && IsOffered(position); ++axis) {
-            if (taught.pulse[axis] && CanBeAdopted(axis)) {
-                Adopt(position, axis, *taught.pulse[axis]);
+        for (std::size_t axis = 0; axis < kAxes; ++axis) {
+            if (!taught[axis]) {
+                continue;
             }
+            if (!IsOffered(position) || !CanBeAdopted(axis)) {
+                leftOut = true;
+                continue;
+            }
+            Adopt(position, axis, *taught[axis]);
+            PosiDirtyFlag = kSet;
         }
     }
-    PosiDirtyFlag = kSet;
     TeachingDataFlag = kClear;
     ThawGrid();
+    if (leftOut) {
+        ShowTexts({kLeftOut});
+    }
 }
 
 void ResetTeachChart() {

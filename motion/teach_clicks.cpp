@@ -19,9 +19,31 @@ bool MayLeaveStop() {
                BoxAnswer::Ok;
 }
 
+/// A close runs: what it asks of the user and of the line lets a second click through.
+bool closing = false;
+struct Closing {
+    Closing() { closing = true; }
+    ~Closing() { closing = false; }
+    Closing(const Closing&) = delete;
+    Closing& operator=(const Closing&) = delete;
+};
+
 void Close() {
-    if (!JogOpen() || !MayLeaveStop() || !MayLeaveTeachChart()) {
+    if (!JogOpen() || closing) {
         return;
+    }
+    const Closing running;
+    if (!MayLeaveStop()) {
+        return;
+    }
+    const ChartEnd end = AskAboutTeachChart();
+    if (end == ChartEnd::Stay) {
+        return;
+    }
+    // What was taught is written for the devices that the axes keep.
+    EndTeaching();
+    if (end == ChartEnd::Adopt) {
+        AdoptTeachingData();
     }
     ResetTeachChart();
     UnloadJog();
@@ -33,9 +55,8 @@ void Close() {
 } // namespace
 
 void cmdJOGWrite_Click() {
-    const TeachingForm form = TheTeachingForm();
-    if (form.cmdJOGWrite) {
-        TeachPosition({JogPresentPos, form.lblPosi});
+    if (TheTeachingForm().cmdJOGWrite) {
+        TeachPosition(JogPresentPos);
     }
 }
 

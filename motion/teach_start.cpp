@@ -21,6 +21,7 @@ namespace {
 constexpr std::int16_t kTeaching = 2; ///< the controller's mode
 constexpr std::int16_t kFailed = 377;
 constexpr std::int16_t kNoStrokeEnd = 3194;
+constexpr std::int16_t kNotHomed = 3236;
 constexpr std::int16_t kAxisName = 1405; ///< of AXIS 1
 
 bool SetMode() {
@@ -46,7 +47,10 @@ bool Home(const std::function<void(bool)>& homing, const GiveUpLook& giveUp) {
         SeeFailure(true);
     }
     homing(false);
-    return end == MotionEnd::Arrived;
+    if (end == MotionEnd::Arrived && !IsSet(HomedFlag)) {
+        ShowTexts({kNotHomed}); // no position that is shown could be believed
+    }
+    return end == MotionEnd::Arrived && IsSet(HomedFlag);
 }
 
 /// Three bytes of the axis' device block, the most significant first.

@@ -10,6 +10,7 @@
 #include "link/line_state.h"
 #include "link/port.h"
 #include "link/stop.h"
+#include "motion/homing.h"
 #include "motion/jog_frames.h"
 #include "motion/motion_window.h"
 #include "motion/teach_start.h"
@@ -45,6 +46,7 @@ enum Text : std::int16_t {
     kStopping = 3192,
     kNotConfirmed = 3193,
     kBeyond = 3195,
+    kMayHome = 3235,
 };
 
 /// The state of a fresh start.
@@ -91,21 +93,26 @@ void MakeTickDue() {
     }
 }
 
-/// A stop goes in front of all that was not sent.
-void QueueStop() {
+/// What was not sent never is.
+void DropMoves() {
     DropJogs();
     state.JogHeld = kClear;
+}
+
+/// A stop goes in front of all.
+void QueueStop() {
+    DropMoves();
+    if (!StopIsDue()) {
+        EnableTimer(TimerBosoKansi); // the sign counts from here
+    }
     LetStopBeDue();
-    // The sign counts from here.
-    EnableTimer(TimerBosoKansi);
     MakeTickDue();
 }
 
 /// Nothing goes out any more, and nobody knows where the axes stand.
 void Fail(bool answerDecides = false) {
     DisableTimer(timerTusin);
-    DropJogs();
-    state.JogHeld = kClear;
+    DropMoves();
     SeeFailure(answerDecides);
     JogPresentPos = {};
     GoTo(Teaching::Failed);
@@ -133,8 +140,9 @@ bool ReadPosition() {
     return goesOn;
 }
 
-/// What the entry has the axis do; false where that is nothing.
-bool MakeData(JogEntry& entry) {
+/// What the entry has the axis do; false where that is nothing. `beyond`: it ends beyond the stroke
+/// end.
+bool MakeData(JogEntry& entry, bool& beyond) {
     if (entry.step == 0) {
         return true;
     }
@@ -145,48 +153,58 @@ bool MakeData(JogEntry& entry) {
     if (!target) {
         return false;
     }
-    state.beyond = *target > end;
+    beyond = *target > end;
     entry.data = InchingData(entry.button, *target);
     return entry.data.size() == kInchingData;
 }
 
-/// The head of the queue. A release drops it out of every wait, and it is gone then.
+/// None while a stop is not confirmed.
+bool MoveWaits() {
+    return IsSet(JogSendPending) && !StopIsDue();
+}
+
+/// The head of the queue. A release or an end drops it out of every wait, and it is gone then.
 void SendHead() {
     const std::int16_t arrived = ReadArrivalStatus();
-    // A move is never sent on top of one in progress, and none while a stop is not confirmed.
-    if (!GoesOn(arrived >= 0) || arrived == 0 || StopIsDue()) {
+    // A move is never sent on top of one in progress.
+    if (!GoesOn(arrived >= 0) || arrived == 0 || !MoveWaits()) {
+        return;
+    }
+    if (JogHead().step != 0 && (!ReadPosition() || !MoveWaits())) {
         return;
     }
     JogEntry entry = JogHead();
-    if (entry.step != 0 && (!ReadPosition() || StopIsDue())) {
-        return;
-    }
     PopJog();
-    if (!MakeData(entry)) {
+    bool beyond = false;
+    if (!MakeData(entry, beyond)) {
         return;
     }
     SeeMove(entry.step != 0);
     Tell();
-    GoesOn((entry.step != 0 ? InchingMove(entry.data) : JogRun(entry.data)) == 0, true);
+    const bool good = (entry.step != 0 ? InchingMove(entry.data) : JogRun(entry.data)) == 0;
+    state.beyond = good && beyond;
+    GoesOn(good, true);
+    Tell();
 }
 
-/// Off line from here: nothing was on the line when it went, so nobody has told.
-bool LineIsLost() {
-    if (!IsSet(OffLineFlag)) {
+/// A stop that is wished goes out. False: the tick ends here.
+bool ServeStop() {
+    if (TellLostLine()) {
+        Fail();
         return false;
     }
-    if (!IsSet(AxisMayMove) || StopMotion() == 0) {
-        ShowPortBox();
+    return !StopIsWished() || GoesOn(StopMotion() == 0);
+}
+
+/// Where another command holds the line: the stop and what confirms it, and nothing else.
+void TalkOfStop() {
+    if (ServeStop() && StopIsDue()) {
+        ReadPosition();
     }
-    Fail();
-    return true;
 }
 
 void Talk() {
-    if (LineIsLost()) {
-        return;
-    }
-    if (StopIsWished() && !GoesOn(StopMotion() == 0)) {
+    if (!ServeStop()) {
         return;
     }
     state.JogTickCount = static_cast<std::int16_t>((state.JogTickCount + 1) % kTicks);
@@ -194,14 +212,14 @@ void Talk() {
     if ((state.JogTickCount == kReadingTick || StopIsDue()) && !ReadPosition()) {
         return;
     }
-    if (IsSet(JogSendPending) && !StopIsDue()) {
+    if (MoveWaits()) {
         SendHead();
     }
 }
 
-void TalkOrFail() {
+void TalkOrFail(void (*talk)()) {
     try {
-        Talk();
+        talk();
     } catch (const std::exception&) {
         TellBehindStop([] { ShowTexts({397}); });
         Fail();
@@ -219,6 +237,9 @@ void FinishStop() {
         } else {
             SeeReading();
         }
+    }
+    if (state.state != Teaching::Started) {
+        JogPresentPos = {}; // nothing reads on, and what is shown would not stay true
     }
     Tell();
 }
@@ -242,6 +263,11 @@ void Start() {
     if (AxisOff != axesBefore) {
         state.otherAxes = true;
         RepaintAxes();
+    }
+    // Before any position is shown: in millimetres that of another device would be another place.
+    if (good && state.otherAxes) {
+        state.otherAxes = TakeOverLackingDevices() != 0;
+        good = !IsSet(OffLineFlag) && !brokenOff();
     }
     if (!good) {
         if (IsSet(AxisMayMove) && LastStop != Stop::Failed) {
@@ -306,7 +332,7 @@ bool PositionStands() {
             return false;
         }
     }
-    return true;
+    return JogPresentPos != AxisPulses{};
 }
 
 void TakeRange(std::int16_t& figure, std::int16_t last, std::int16_t fallback) {
@@ -327,8 +353,7 @@ void TimerBosoKansi_Tick() {
     if (TheStopSign() != state.shown) {
         if (TheStopSign() == StopSign::NotConfirmed) {
             // What waits would begin whenever the stop is confirmed at last.
-            DropJogs();
-            state.JogHeld = kClear;
+            DropMoves();
         }
         Tell();
     }
@@ -353,12 +378,13 @@ TeachingForm TheTeachingForm() {
     form.stateText = StateText();
     form.stopText = StopText();
     for (std::size_t axis = 0; axis < kAxes; ++axis) {
-        form.lblPosi[axis] = PresentPosText(axis);
+        form.lblPosi[axis] = JogPresentPos[axis] ? JogPosText(axis, *JogPresentPos[axis]) : "";
     }
-    form.lblGenzaitiHyoji = IsSet(DispMmFlag) ? kPositionMm : kPositionPls;
+    form.lblGenzaitiHyoji = TeachesInMm() ? kPositionMm : kPositionPls;
     form.lblJogVEL = std::to_string(VelOf100Pls);
     form.optJOG = state.optJOG;
     form.cmdJOGST = state.open && !IsStarting() && state.state != Teaching::Started;
+    form.homeText = form.cmdJOGST && form.stop == StopSign::NotConfirmed ? kMayHome : 0;
     form.cmdJOGend = IsStarting() || ButtonsStay();
     form.flgdJOGPosi = ButtonsStay();
     form.cmdJOGWrite = ButtonsStay() && PositionStands() && !IsSet(AxisMayMove);
@@ -387,16 +413,20 @@ void LoadJog() {
     Tell();
 }
 
+void EndTeaching() {
+    End();
+    if (std::exchange(state.otherAxes, false) && !IsSet(ProgramEndFlag)) {
+        CompleteAxes();
+    }
+}
+
 void UnloadJog() {
     if (!state.open) {
         return;
     }
-    End();
-    if (std::exchange(state.otherAxes, false) && !IsSet(ProgramEndFlag)) {
-        CompleteAxes();
-        if (!state.open) {
-            return;
-        }
+    EndTeaching();
+    if (!state.open) { // closed out of the wait of an exchange
+        return;
     }
     DisableTimer(TimerBosoKansi);
     const bool maybeMoving = TheStopSign() == StopSign::NotConfirmed;
@@ -465,10 +495,12 @@ void JogReleased() {
         QueueStop();
         Tell();
     }
+    state.JogHeld = kClear;
 }
 
 void LetStopOut(const std::function<void()>& then) {
     JogReleased();
+    DropMoves();
     if (IsStarting()) {
         state.breakOff = true;
         if (IsSet(AxisMayMove)) {
@@ -479,7 +511,8 @@ void LetStopOut(const std::function<void()>& then) {
     }
     WhenLineIsFree([then] {
         JogReleased(); // of a press that came while this waited
-        if (StopIsDue() && !RunWatched(FinishStop)) {
+        DropMoves();
+        if (StopIsDue() && !RunPastHold(FinishStop)) {
             FinishStop();
         }
         then();
@@ -494,7 +527,9 @@ void timerTusin_Tick() {
         DisableTimer(timerTusin);
         return;
     }
-    RunWatched(TalkOrFail);
+    if (!RunWatched([] { TalkOrFail(Talk); }) && StopIsDue()) {
+        RunPastHold([] { TalkOrFail(TalkOfStop); });
+    }
 }
 
 void ResetTeaching() {

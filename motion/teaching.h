@@ -39,10 +39,12 @@ struct TeachingForm {
     /// the stroke end.
     std::int16_t stateText = 0;
     std::int16_t stopText = 0; ///< of the sign; nothing but the sign itself may hide it
-    /// `lblPosi1` to `lblPosi4`, in the display unit; empty for an axis out of use and where no
-    /// reading stands.
+    /// What Start will do, to stand below the text of a sign that hides `stateText` for good.
+    std::int16_t homeText = 0;
+    /// `lblPosi1` to `lblPosi4`, in the unit of the caption; empty for an axis out of use and where
+    /// no reading stands.
     std::array<std::string, kAxes> lblPosi;
-    std::int16_t lblGenzaitiHyoji = 0; ///< caption over them, by the display unit
+    std::int16_t lblGenzaitiHyoji = 0; ///< caption over them, by `TeachesInMm`
     std::string lblJogVEL;
     int optJOG = 0; ///< the chosen way of moving, 0 to 3
 
@@ -60,9 +62,12 @@ extern Timer TimerBosoKansi; ///< 100 ms, on while the window is open: the sign 
 /// The window opens: settings read, nothing started, nothing chosen but JOG, the commands away. A
 /// stop that was not confirmed when it was closed still isn't.
 void LoadJog();
-/// The window is gone: timers off, the port closed unless it is kept, the commands back. A stop
-/// that is due must be out before (`LetStopOut`). Axes that came into use are completed. Ends the
-/// program where that was confirmed.
+/// The last of teaching: timer off, queue empty, the port closed unless it is kept, and the axes
+/// that came into use completed, where the start could not do it. A stop that is due must be out
+/// before.
+void EndTeaching();
+/// The window is gone: teaching is ended where it wasn't, timers off, the commands back. A stop
+/// that is due must be out before (`LetStopOut`). Ends the program where that was confirmed.
 void UnloadJog();
 /// Between the two.
 bool JogOpen();
@@ -87,9 +92,10 @@ void JogPressed(int index);
 /// here: the stop goes out with the next look of the line, which is at once.
 void JogReleased();
 
-/// Counts as a release. Lets the stop that is due out (a stop that was not confirmed is tried once
-/// more), then runs `then`: before this returns, or, called out of the wait of an exchange, behind
-/// it. Window closing, end of the program, going off line, change of the port begin with it.
+/// Counts as a release, and drops the moves that wait. Lets the stop that is due out (a stop that
+/// was not confirmed is tried once more), then runs `then`: before this returns, or, called out of
+/// the wait of an exchange, behind it. Window closing, end of the program, going off line, change
+/// of the port begin with it.
 void LetStopOut(const std::function<void()>& then);
 
 /// The tick of `timerTusin`.

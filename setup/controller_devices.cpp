@@ -46,6 +46,15 @@ AxisChoice AxesWithoutLead() {
     return axes;
 }
 
+AxisChoice LackingAxes() {
+    AxisChoice lacking = AxesWithoutLead();
+    for (std::size_t axis = 0; axis < lacking.size(); ++axis) {
+        // A device that only the settings know of has no stroke end, and may not be the one fitted.
+        lacking[axis] = lacking[axis] || (!IsSet(AxisOff[axis]) && DevSetting[axis].MaxPulse <= 0);
+    }
+    return lacking;
+}
+
 } // namespace
 
 std::int16_t TakeOverDevicesOfController() {
@@ -53,11 +62,7 @@ std::int16_t TakeOverDevicesOfController() {
 }
 
 bool CompleteAxes() {
-    AxisChoice lacking = AxesWithoutLead();
-    for (std::size_t axis = 0; axis < lacking.size(); ++axis) {
-        // A device that only the settings know of has no stroke end, and may not be the one fitted.
-        lacking[axis] = lacking[axis] || (!IsSet(AxisOff[axis]) && DevSetting[axis].MaxPulse <= 0);
-    }
+    const AxisChoice lacking = LackingAxes();
     if (lacking == AxisChoice{}) {
         return false;
     }
@@ -75,6 +80,19 @@ bool CompleteAxes() {
         RecheckPositions();
     }
     return true;
+}
+
+std::int16_t TakeOverLackingDevices() {
+    const AxisChoice lacking = LackingAxes();
+    if (lacking == AxisChoice{}) {
+        return 0;
+    }
+    const PollHeld held;
+    if (TakeOver(lacking) != 0) {
+        return 1;
+    }
+    RecheckPositions();
+    return 0;
 }
 
 bool TakeOutAxesWithoutLead() {

@@ -18,6 +18,11 @@ std::int16_t TakeOverDevicesOfController();
 /// the port is closed. The poll is held meanwhile, and nothing faults.
 bool CompleteAxes();
 
+/// The same without a last word: an axis for which the controller names none stays as it is, in
+/// use, and nobody is told but of an exchange that failed. The port stays open. 0: no axis lacks
+/// anything any more.
+std::int16_t TakeOverLackingDevices();
+
 /// Takes the axes out of use for which nothing gives a lead or pulses per revolution. True if there
 /// were any.
 bool TakeOutAxesWithoutLead();

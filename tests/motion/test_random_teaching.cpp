@@ -147,7 +147,7 @@ private:
     }
     void release() {
         if (std::exchange(held, false)) {
-            releasedAt = platform.now;
+            releasedAt = sign == StopSign::Stopping ? releasedAt : platform.now;
             JogReleased();
         }
     }
@@ -202,9 +202,9 @@ private:
     std::mt19937 dice;
     std::size_t button = 0;
     bool held = false;
-    std::int64_t releasedAt = 0;
-    int frames = 0; ///< that move or stop
-    int runAt = 0;  ///< the number of the last 0JR, of any other that moves, of the last 0SP
+    std::int64_t releasedAt = 0; ///< the first release whose stop is not confirmed
+    int frames = 0;              ///< that move or stop
+    int runAt = 0; ///< the number of the last 0JR, of any other that moves, of the last 0SP
     int moveAt = 0;
     int stopAt = 0;
     std::int64_t sentAt = 0;        ///< when the last 0SP went out

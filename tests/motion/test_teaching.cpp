@@ -3,12 +3,18 @@
 
 #include "app/number_forms.h"
 #include "app/string_table.h"
+#include "device/Module2Calc.h"
 #include "device/axis_device.h"
 #include "link/stop.h"
 #include "motion/jog_frames.h"
 #include "motion/motion_story.h"
 #include "motion/motion_window.h"
+#include "motion/teach_chart.h"
+#include "motion/teach_clicks.h"
 #include "motion/teaching.h"
+#include "position/grid_display.h"
+#include "position/posi_check.h"
+#include "position/posi_table.h"
 #include "simulator/motion.h"
 #include "support/every_step.h"
 
@@ -43,7 +49,31 @@ public:
               }},
              {"complete", [](Args&) { cmdJOGend_Click(); }},
              {"close", [](Args&) { LetStopOut(UnloadJog); }},
+             {"exit", [](Args&) { cmdJogExit_Click(); }},
+             {"answer",
+              [this](Args& a) {
+                  const BoxAnswer answer = Word(a) == "yes" ? BoxAnswer::Yes : BoxAnswer::Cancel;
+                  platform.expectBox(ResText(2224), BoxButtons::YesNoCancel, answer);
+              }},
              {"open", [](Args&) { OpenMotionWindow(&ScreenFunctions::frmJOGShow); }},
+             {"check", [](Args&) { PosiDataCheck3(); }},
+             {"get", [](Args&) { cmdJOGWrite_Click(); }},
+             {"grid",
+              [](Args&) {
+                  ClearPosiTable();
+                  GridFirst = PosiFirst = 1;
+                  GridLast = PosiLast = GridRowCount = 5;
+                  QdDataHyoji_3();
+                  LoadTeachChart();
+              }},
+             {"unused",
+              [](Args& a) {
+                  const auto axis = static_cast<std::size_t>(Number(a));
+                  AxisOff.at(axis) = kSet;
+                  DevSetting.at(axis).MaxPulse = 0;
+              }},
+             {"homed",
+              [this](Args& a) { line.controller.setHomed(static_cast<unsigned>(Number(a))); }},
              {"press", [](Args& a) { JogPressed(Number(a)); }},
              {"let-go", [](Args&) { JogReleased(); }},
              {"opt", [](Args& a) { optJOG_Click(Number(a)); }},
@@ -55,6 +85,8 @@ public:
                   AxisDevice& its = device(a);
                   its.DevLead = static_cast<std::int16_t>(Number(a));
                   its.DevPPR = static_cast<std::int16_t>(Number(a));
+                  its.MaxPulse = 20000;
+                  its.MaxStrokeMm = PulseToMm(its.DevLead, its.DevPPR, its.MaxPulse);
               }},
              {"stored",
               [this](Args& a) {
@@ -90,6 +122,15 @@ public:
                   return text;
               }},
              {"enabled", [](Args&) { return enabled(TheTeachingForm()); }},
+             {"head", [](Args&) { return ResText(TheTeachingForm().lblGenzaitiHyoji); }},
+             {"table",
+              [](Args& a) {
+                  const auto row = static_cast<std::size_t>(Number(a));
+                  const auto axis = static_cast<std::size_t>(Number(a));
+                  return FixedDecimals(PosiUnitTable[row].pulse[axis], 0) + " " +
+                         FixedDecimals(PosiUnitTable[row].mm[axis], 3);
+              }},
+             {"edited", [](Args&) { return std::string(IsSet(PosiDirtyFlag) ? "yes" : "no"); }},
              {"waiting", [](Args&) { return std::to_string(JogQueueCount()); }},
              {"target",
               [](Args& a) {
@@ -226,7 +267,7 @@ TEST(Teaching, AtEveryStepAFailureIsToldBehindAStop) {
 }
 
 TEST(Teaching, KnowsTheAxesInUseAndNoOthers) {
-    for (unsigned mask = 0; mask < 16; ++mask) {
+    for (unsigned mask = 1; mask < 16; ++mask) {
         SCOPED_TRACE(mask);
         TeachBench bench;
         bench.line.controller.setAxisMask(mask);

@@ -180,6 +180,7 @@ TEST_F(TeachingWindow, TaughtPositionsGoIntoTheRowsOfTheGridAndNothingElseChange
     platform.run(500);
     AxisOff[1] = kSet;
     platform.expectBox(ResText(2224), BoxButtons::YesNoCancel, BoxAnswer::Yes);
+    platform.expectBox(ResText(3234));
     press("cmdJogExit");
     EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(flgdData().locked, 0);

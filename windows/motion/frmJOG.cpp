@@ -187,7 +187,7 @@ QWidget* frmJOG::makeAxes() {
     auto* layout = new QGridLayout(area);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(kGap);
-    auto* head = new QLabel(area);
+    head = new QLabel(area);
     head->setObjectName(QStringLiteral("lblGenzaitiHyoji"));
     SetNumbers(*head, TheTeachingForm().lblGenzaitiHyoji);
     layout->addWidget(head, 0, 2, Qt::AlignHCenter);
@@ -275,7 +275,11 @@ void frmJOG::showSign(const TeachingForm& form) {
     }
     Paint(*sign, form.stop == StopSign::NotConfirmed);
     const std::int16_t id = form.stopText != 0 ? form.stopText : form.stateText;
-    if (const QString says = id == 0 ? QString() : ResQText(id); says != signText->text()) {
+    QString says = id == 0 ? QString() : ResQText(id);
+    if (form.homeText != 0) {
+        says += QLatin1Char('\n') + ResQText(form.homeText);
+    }
+    if (says != signText->text()) {
         signText->setText(says);
         signText->setAccessibleName(says);
         QAccessibleEvent told(signText, QAccessible::Alert);
@@ -301,6 +305,7 @@ void frmJOG::showState() {
     for (std::size_t way = 0; way < ways.size(); ++way) {
         ways[way]->setChecked(static_cast<int>(way) == form.optJOG);
     }
+    head->setText(ResQText(form.lblGenzaitiHyoji));
     speed->setValue(ResQText(kSpeed), QString::fromStdString(form.lblJogVEL));
     for (std::size_t axis = 0; axis < positions.size(); ++axis) {
         const auto id = static_cast<std::int16_t>(kAxisHead + axis);

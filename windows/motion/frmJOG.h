@@ -50,6 +50,7 @@ private:
     std::array<FieldLabel*, kAxes> positions{};
     HeldButton* held = nullptr;
     QWidget* sign = nullptr;
+    QLabel* head = nullptr;
     QLabel* signText = nullptr;
     std::array<QWidget*, 3> signPictures{};
     FieldLabel* speed = nullptr;

@@ -1,5 +1,6 @@
 #include "windows/motion/teach_table.h"
 
+#include "motion/jog_position.h"
 #include "motion/teach_chart.h"
 #include "position/flex_grid.h"
 #include "position/posi_table.h"
@@ -48,8 +49,9 @@ public:
         case Qt::DisplayRole: {
             const auto found =
                 TeachChart().find(static_cast<std::int16_t>(index.row() + GridFirst));
-            return found == TeachChart().end() ? QString()
-                                               : QString::fromStdString(found->second.text[axis]);
+            return found == TeachChart().end() || !found->second[axis]
+                       ? QString()
+                       : QString::fromStdString(JogPosText(axis, *found->second[axis]));
         }
         case Qt::TextAlignmentRole: return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
         case Qt::BackgroundRole:
@@ -70,10 +72,11 @@ public:
         }
         return QString(ResQText(static_cast<std::int16_t>(kAxisHead + section)) +
                        QLatin1Char(role == Qt::DisplayRole ? '\n' : ' ') +
-                       ResQText(IsSet(DispMmFlag) ? kMm : kPulses));
+                       ResQText(TeachesInMm() ? kMm : kPulses));
     }
 
     void tellAll() {
+        emit headerDataChanged(Qt::Horizontal, 0, kAxes - 1); // the unit
         if (rows > 0) {
             emit dataChanged(index(0, 0), index(rows - 1, kAxes - 1));
         }
