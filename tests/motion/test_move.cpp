@@ -3,6 +3,8 @@
 
 #include "app/boxes.h"
 #include "app/transfer_dialog.h"
+#include "link/background.h"
+#include "link/ct_commands.h"
 #include "link/line_state.h"
 #include "motion/motion_story.h"
 #include "motion/motion_window.h"
@@ -108,7 +110,17 @@ public:
               }},
              {"under-modal",
               [this](Args& a) { ShowModal([this, ms = Number(a)] { platform.run(ms); }); }},
-             {"throw", [](Args&) { throw qdw8::Fault("nobody's"); }},
+             {"window-fails",
+              [](Args&) {
+                  Screens().frmMove = [] {
+                      Screens().frmMove = {};
+                      throw qdw8::Fault("not foreseen");
+                  };
+              }},
+             {"poll",
+              [this](Args&) {
+                  platform.after(0, [] { RunInBackground([] { PollCtStatus(); }); });
+              }},
              {"title-bar", [](Args&) { MoveMayClose(true) ? UnloadMove() : void(); }}},
             {{"says", [](Args&) { return TextOf(MoveForm().status, MoveForm().place); }},
              {"announced", [](Args&) { return TextOf(MoveForm().homing); }},
