@@ -86,8 +86,11 @@ std::int16_t PollCtStatus() {
 
 std::int16_t SetCtMode(std::int16_t mode) {
     GoOnLine();
-    const bool known = mode >= 0 && mode <= 2;
-    return OnceEchoed("0CM", 7, "0" + std::to_string(known ? mode : 0));
+    const std::int16_t asked = mode >= 0 && mode <= 2 ? mode : std::int16_t{0};
+    CtModeAnswered = -1;
+    const std::int16_t result = OnceEchoed("0CM", 7, "0" + std::to_string(asked));
+    CtModeAnswered = result == 0 ? asked : CtModeAnswered;
+    return result;
 }
 
 std::int16_t SendAlarmReset() {

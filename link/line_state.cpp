@@ -16,6 +16,7 @@ struct LineState {
     LineLoss LastLoss = LineLoss::None;
     bool LineAnswers = true;
     std::int16_t ReplyTimeoutMs = 0;
+    std::int16_t CtModeAnswered = -1;
     std::string CtVersion;
     std::int16_t CtAxisCount = 0;
     std::array<std::string, kAxes> CtAxisVersion;
@@ -33,6 +34,7 @@ Flag& HomedFlag = state.HomedFlag;
 LineLoss& LastLoss = state.LastLoss;
 bool& LineAnswers = state.LineAnswers;
 std::int16_t& ReplyTimeoutMs = state.ReplyTimeoutMs;
+std::int16_t& CtModeAnswered = state.CtModeAnswered;
 std::string& CtVersion = state.CtVersion;
 std::int16_t& CtAxisCount = state.CtAxisCount;
 std::array<std::string, kAxes>& CtAxisVersion = state.CtAxisVersion;

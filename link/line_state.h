@@ -30,6 +30,10 @@ extern bool& LineAnswers;
 /// Milliseconds allowed for the next reply; every caller sets it before. 0 is no limit.
 extern std::int16_t& ReplyTimeoutMs;
 
+/// The mode that the controller has answered last, 0 to 2. -1: none, or the last one that it was
+/// asked for had no good answer, and it may have taken it all the same.
+extern std::int16_t& CtModeAnswered;
+
 extern std::string& CtVersion;    ///< version text from `0RV`
 extern std::int16_t& CtAxisCount; ///< axis count from `0RV`
 extern std::array<std::string, kAxes>& CtAxisVersion;

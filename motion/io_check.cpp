@@ -32,6 +32,7 @@ enum Text : std::int16_t {
     kFailed = 3175,
     kMayIgnore = 3176,
     kNotBegun = 3219,
+    kUnderQuestion = 3227,
 };
 
 /// The state of a fresh start.
@@ -48,11 +49,10 @@ struct IoCheckState {
 
     bool open = false;
     StartRequest request;
-    bool starting = false;      ///< the request was taken, the controller has not answered
-    bool closing = false;       ///< the window goes when monitoring has been stopped
-    bool movesByInputs = false; ///< the controller has said so in this monitoring
-    bool notBegun = false;      ///< the last click on the start was dropped
-    std::int16_t failure = 0;   ///< what is to be told of it
+    bool starting = false; ///< the request was taken, the controller has not answered
+    bool closing = false;  ///< the window goes when monitoring has been stopped
+    bool notBegun = false; ///< the last click on the start was dropped
+    bool failed = false;   ///< the last monitoring, or the start of one
     std::unique_ptr<CommandsAway> commands; ///< away while this lives
 };
 IoCheckState state;
@@ -106,22 +106,20 @@ void End() {
 void Fail() {
     End();
     state.closing = false;
-    state.failure = state.movesByInputs ? kFailed : kMayIgnore;
+    state.failed = true;
 }
 
 bool Start() {
     const std::int16_t mode = IsSet(state.chkIgnore) ? kIgnores : kMoves;
     ClearRequests();
     state.starting = true;
-    state.movesByInputs = false;
-    state.failure = 0;
+    state.failed = false;
     state.commands = std::make_unique<CommandsAway>();
     Tell();
     if (SetCtMode(mode) != 0) {
         return false;
     }
     state.starting = false;
-    state.movesByInputs = mode == kMoves;
     state.IoMonitoring = kSet;
     return true;
 }
@@ -231,9 +229,9 @@ Timer timerInputOutput1{"timerInputOutput1", 300, false, {}};
 Timer TimerBtnOff{"TimerBtnOff", 500, false, {}};
 
 void LoadIoCheck() {
-    const std::int16_t failure = state.failure;
+    const bool failed = state.failed;
     ResetIoCheck();
-    state.failure = failure;
+    state.failed = failed;
     state.open = true;
     EnableTimer(timerInputOutput1);
 }
@@ -298,6 +296,10 @@ void timerInputOutput1_Tick() {
         Tell();
         return;
     }
+    if (IsSet(state.IoMonitoring) && PollIsHeld() && IsSet(state.IoLampsShown)) {
+        AllLED_Off(); // nothing is read under a question
+        Tell();
+    }
     if ((starts || IsBusy()) && RunWatched(TalkOrFail)) {
         EndIfConfirmed();
     }
@@ -311,10 +313,12 @@ std::int16_t IoStateText() {
         return kStarting;
     }
     if (IsSet(state.IoMonitoring)) {
-        return kRuns;
+        return PollIsHeld() ? kUnderQuestion : kRuns;
     }
-    // What a failure has left behind is the graver news.
-    return state.failure == 0 && state.notBegun ? std::int16_t{kNotBegun} : state.failure;
+    if (state.failed) { // graver than a click that was dropped
+        return CtModeAnswered == kMoves ? kFailed : kMayIgnore;
+    }
+    return state.notBegun ? std::int16_t{kNotBegun} : std::int16_t{0};
 }
 
 void ResetIoCheck() {

@@ -1,6 +1,7 @@
 // The I/O monitor: stories/io.txt, and every frame of a monitoring with every fault of the line.
 
 #include "app/string_table.h"
+#include "link/ct_commands.h"
 #include "motion/io_check.h"
 #include "motion/motion_story.h"
 #include "motion/motion_window.h"
@@ -37,6 +38,7 @@ public:
                          lamp.name == name ? OutputLamp_Click(lamp.slot) : void();
                      }
                  }},
+                {"mode", [](Args& a) { SetCtMode(static_cast<std::int16_t>(Number(a))); }},
                 {"close", [](Args&) { CloseIoCheck(); }},
                 {"open", [](Args&) { OpenMotionWindow(&ScreenFunctions::frmIOCheckShow); }},
                 {"open-another", [](Args&) { OpenMotionWindow(&ScreenFunctions::frmGrpShow); }},
