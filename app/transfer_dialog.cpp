@@ -42,7 +42,11 @@ const TransferDialog& TheTransferDialog() {
 }
 
 void ShowTrance(int maximum, const std::string& text) {
-    dialog = {true, IsSet(TransferRunFlag), text, maximum, 0};
+    dialog = {.shown = true,
+              .titleId = dialog.titleId,
+              .cancelShown = IsSet(TransferRunFlag),
+              .lblSetumei = text,
+              .prgBar1Max = maximum};
     Tell();
 }
 
@@ -55,6 +59,7 @@ void UnloadTrance() {
     if (dialog.shown) {
         dialog.shown = false;
         Tell();
+        dialog.titleId = TransferDialog().titleId;
     }
 }
 
@@ -65,11 +70,13 @@ void cmdTranceCancel_Click() {
     }
 }
 
-TransferShown::TransferShown(int maximum, std::int16_t textId, Cancel cancel) {
+TransferShown::TransferShown(int maximum, std::int16_t textId, Cancel cancel,
+                             std::int16_t titleId) {
     if (cancel == Cancel::Yes) {
         TransferCancelFlag = kClear;
     }
     TransferRunFlag = FlagOf(cancel == Cancel::Yes);
+    dialog.titleId = titleId;
     ShowTrance(maximum, ResText(textId));
 }
 

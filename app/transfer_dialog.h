@@ -10,6 +10,7 @@ namespace qdw8 {
 /// screen without blocking and refuse a close from the window's menu.
 struct TransferDialog {
     bool shown = false;
+    std::int16_t titleId = 2401; ///< says of a transfer that it communicates
     bool cancelShown = false; ///< `cmdTranceCancel` is there: `TransferRunFlag` was set at opening
     std::string lblSetumei;
     int prgBar1Max = 0;
@@ -35,8 +36,9 @@ class TransferShown {
 public:
     enum class Cancel { No, Yes };
     /// `maximum` is at least 0. With `Cancel::Yes` the dialog has its button, and an earlier press
-    /// is forgotten.
-    TransferShown(int maximum, std::int16_t textId, Cancel cancel = Cancel::No);
+    /// is forgotten. `titleId` is the title of work that isn't a transfer.
+    TransferShown(int maximum, std::int16_t textId, Cancel cancel = Cancel::No,
+                  std::int16_t titleId = TransferDialog().titleId);
     ~TransferShown();
     TransferShown(const TransferShown&) = delete;
     TransferShown& operator=(const TransferShown&) = delete;

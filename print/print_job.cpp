@@ -71,7 +71,7 @@ bool Send(const std::function<bool(const PageDone&)>& send) {
     if (PrintPageNo < kLongPrint) {
         return send({});
     }
-    const TransferShown shown(PrintPageNo, 3265, TransferShown::Cancel::Yes);
+    const TransferShown shown(PrintPageNo, 3265, TransferShown::Cancel::Yes, 3260);
     return send([&shown](int pages) {
         shown.moveTo(pages);
         MsecTimer(1); // the user's click comes in

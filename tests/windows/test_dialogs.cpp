@@ -413,7 +413,12 @@ TEST_F(Dialogs, TranceShowsTheTransferUntilItEnds) {
         EXPECT_EQ(bar.value(), 100000); // the end at once, and no further
     }
     EXPECT_FALSE(dialog.isVisible());
+    {
+        const TransferShown printing(5, 3265, TransferShown::Cancel::Yes, 3260);
+        EXPECT_EQ(dialog.windowTitle(), "Print") << "nothing is on the line";
+    }
     const TransferShown shown(4, 378);
+    EXPECT_EQ(dialog.windowTitle(), "QD-W8 Communicating,now...");
     EXPECT_EQ(bar.value(), 0);
     TransferCancelFlag = kClear;
     step(dialog, "<Esc>");

@@ -12,6 +12,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QTest>
 #include <QTextBrowser>
 #include <QWindow>
@@ -130,6 +131,9 @@ TEST_F(Help, F1OpensThePageOfWhatIsInFront) {
     key(Qt::Key_F1);
     EXPECT_EQ(file(), "main.html");
     EXPECT_EQ(help->windowTitle(), "The main window - Help");
+    help->resize(640, 500);
+    EXPECT_EQ(help->findChild<QTextBrowser*>()->horizontalScrollBar()->maximum(), 0)
+        << "the picture is cut off";
     // In front of a box, at its message; and the pages can be used while it is up.
     QMessageBox box(window.get());
     box.setObjectName("MessageBox");
@@ -138,6 +142,7 @@ TEST_F(Help, F1OpensThePageOfWhatIsInFront) {
     QTest::keyClick(&box, Qt::Key_F1);
     EXPECT_EQ(file() + ' ' + marked(), "messages.html " + ResText(433));
     EXPECT_EQ(help->windowHandle()->transientParent(), box.windowHandle());
+    EXPECT_FALSE(help->geometry().contains(box.geometry()));
     QTest::keyClick(help.get(), Qt::Key_F1);
     EXPECT_EQ(file(), "help.html");
 }

@@ -26,7 +26,6 @@ frmTrance::frmTrance(QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint), home(parent),
       text(new QLabel(this)), bar(new QProgressBar(this)) {
     setObjectName(QStringLiteral("frmTrance"));
-    SetNumbers(*this, 2401);
     text->setObjectName(QStringLiteral("lblSetumei"));
     text->setTextFormat(Qt::PlainText);
     text->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * kWidthCharacters);
@@ -58,6 +57,7 @@ void frmTrance::showState() {
     }
     const bool opens = !isVisible();
     if (opens) {
+        SetNumbers(*this, dialog.titleId);
         LoadFormResources(*this);
         bar->setAccessibleName(windowTitle());
     }

@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QBuffer>
 #include <QHBoxLayout>
+#include <QImage>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPageSize>
@@ -23,10 +24,14 @@
 #include <QShortcut>
 #include <QSplitter>
 #include <QTabWidget>
+#include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextCursor>
+#include <QTextDocument>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <QWindow>
+#include <algorithm>
 #include <exception>
 #include <stdexcept>
 #include <utility>
@@ -53,6 +58,7 @@ constexpr std::int16_t kPdfName = 3334;
 constexpr std::int16_t kIndexStart = 3335;
 
 constexpr QSize kSize{1000, 720};
+constexpr int kLeastWidth = 560; ///< with the list and a page that can be read
 constexpr int kListWidth = 260;
 constexpr int kMargin = 8;
 constexpr int kPageMargin = 14;
@@ -70,6 +76,39 @@ public:
             return PageHtml(manual, name.fileName());
         }
         return QTextBrowser::loadResource(type, name);
+    }
+
+    /// Makes pictures that are wider than the page as wide as it.
+    void fitPictures() {
+        const double room = viewport()->width() - 2.0 * document()->documentMargin();
+        for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+            for (auto at = block.begin(); !at.atEnd(); ++at) {
+                const QTextFragment piece = at.fragment();
+                QTextImageFormat format = piece.charFormat().toImageFormat();
+                if (!format.isValid()) {
+                    continue;
+                }
+                const QByteArray file =
+                    loadResource(QTextDocument::ImageResource, QUrl(format.name())).toByteArray();
+                const QSizeF size = QImage::fromData(file).size();
+                const double scale = std::min(1.0, room / std::max(1.0, size.width()));
+                if (scale > 0.0 && format.width() != size.width() * scale) {
+                    format.setWidth(size.width() * scale);
+                    format.setHeight(size.height() * scale);
+                    QTextCursor cursor(document());
+                    cursor.setPosition(piece.position());
+                    cursor.setPosition(piece.position() + piece.length(), QTextCursor::KeepAnchor);
+                    cursor.setCharFormat(format);
+                    break; // the pieces are others now; a picture stands alone
+                }
+            }
+        }
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QTextBrowser::resizeEvent(event);
+        fitPictures();
     }
 
 private:
@@ -108,10 +147,13 @@ frmHelp::frmHelp(Manual shown) : QWidget(nullptr, Qt::Window), manual(std::move(
     SetNumbers(*this, kTitle);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    page = new PageBrowser(manual, this);
+    auto* browser = new PageBrowser(manual, this);
+    page = browser;
     page->setObjectName(QStringLiteral("txtPage"));
     SetNumbers(*page, kTitle);
     page->document()->setDocumentMargin(kPageMargin);
+    // Else a picture that is fitted could make the bar come and go.
+    page->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     auto* row = new QHBoxLayout;
     makeButtons(*row);
     layout->addLayout(row);
@@ -128,8 +170,10 @@ frmHelp::frmHelp(Manual shown) : QWidget(nullptr, Qt::Window), manual(std::move(
         size = size.boundedTo(on->availableSize() - kFrameAround);
     }
     resize(size);
-    connect(page, &QTextBrowser::sourceChanged, this,
-            [this](const QUrl& url) { followPage(url.fileName()); });
+    connect(page, &QTextBrowser::sourceChanged, this, [this, browser](const QUrl& url) {
+        browser->fitPictures();
+        followPage(url.fileName());
+    });
 }
 
 void frmHelp::makeButtons(QHBoxLayout& row) {
@@ -328,12 +372,32 @@ void frmHelp::open(const HelpAsked& asked) {
     if (isVisible() && windowHandle()->transientParent() != over) {
         hide();
     }
+    if (over != nullptr && !isVisible()) {
+        putBeside(*modal);
+    }
     windowHandle()->setTransientParent(over);
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
     activateWindow();
     page->setFocus();
+}
+
+/// What is explained is to be seen with what explains it.
+void frmHelp::putBeside(const QWidget& other) {
+    const QRect screen = other.screen()->availableGeometry();
+    const QRect taken = other.frameGeometry();
+    const int left = taken.x() - screen.x();
+    const int right = screen.x() + screen.width() - taken.x() - taken.width();
+    const int beside = std::max(left, right) - kFrameAround.width();
+    // Where no side has room for a page, it covers no more than it must of the wider one.
+    const int most = beside >= kLeastWidth ? beside : screen.width() * 2 / 3;
+    resize(std::min(kSize.width(), most),
+           std::min(kSize.height(), screen.height() - kFrameAround.height()));
+    // It has no frame before it is on the screen.
+    const QPoint frame(kFrameAround.width() / 2, kFrameAround.height() - kFrameAround.width() / 2);
+    move(right >= left ? screen.x() + screen.width() - width() - frame.x() : screen.x() + frame.x(),
+         screen.y() + frame.y());
 }
 
 void frmHelp::print() {

@@ -38,6 +38,7 @@ private:
     void filterIndex(const QString& start);
     void search(const QString& question);
     void markWords(const QString& question);
+    void putBeside(const QWidget& other);
     void print();
     void savePdf();
 

@@ -14,10 +14,12 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 namespace qdw8 {
 namespace {
@@ -82,6 +84,14 @@ frmOptions2::frmOptions2(QWidget* parent) : QDialog(parent) {
     addPage("pageLanguage", 2508, makeChoicePage(2526, "optLanguege", optLanguege, 2527, 3281));
     addPage("pageTeaching", 2543, makeTeachingPage());
     makeButtons(*layout);
+    // The fields take the keys of the tabs, as all that they have no use for.
+    for (const auto& [keys, by] : {std::pair{"Ctrl+Tab", 1}, std::pair{"Ctrl+Shift+Tab", -1},
+                                   std::pair{"Ctrl+PgDown", 1}, std::pair{"Ctrl+PgUp", -1}}) {
+        auto* shortcut = new QShortcut(QKeySequence(QLatin1String(keys)), this);
+        connect(shortcut, &QShortcut::activated, this, [this, step = by] {
+            tabs->setCurrentIndex((tabs->currentIndex() + step + tabs->count()) % tabs->count());
+        });
+    }
     LoadFormResources(*this);
     for (const auto& [head, choices] : {std::pair{2546, optJogAcc}, std::pair{2547, optJogAcc2}}) {
         for (QRadioButton* choice : choices) {

@@ -73,6 +73,10 @@ frmPrintSelect::frmPrintSelect(QWidget* parent) : QDialog(parent) {
     ok = button("cmdPrintSet", 1403);
     ok->setDefault(true);
     connect(ok, &QPushButton::clicked, this, [this] { accept(); });
+    // Where no range is left to type, OK is next and not what stands below in the form.
+    range[1]->onEnter = [this] {
+        (ok->isEnabled() ? ok : range[1]->nextInFocusChain())->setFocus();
+    };
     connect(button("cmdPrintCancel", 1404), &QPushButton::clicked, this, &QDialog::reject);
     layout->addLayout(buttons);
 
