@@ -151,14 +151,41 @@ QPushButton* AddStart(QLayout& layout, const QString& name, std::int16_t tag, ch
     return made;
 }
 
-/// A text that changes, with room for so many lines: nothing jumps when it comes.
-QLabel* AddText(QLayout& layout, const QString& name, int lines) {
+/// Ids of the texts that one label can show.
+struct TextRange {
+    std::int16_t first;
+    std::int16_t last;
+};
+constexpr TextRange kHomingTexts{3200, 3201};
+constexpr TextRange kStateTexts{3202, 3216};
+constexpr int kTextLines = 2;
+
+/// The width at which each of the texts has room in `kTextLines` lines.
+int WidthFor(const TextRange& texts, const QFontMetrics& metrics) {
+    int width = 1;
+    for (std::int16_t id = texts.first; id <= texts.last; ++id) {
+        const QString text = QString::fromStdString(TextOf({id, kHighestPosition}));
+        // A line can be somewhat higher than it is said to be, in a font that stands in for
+        // another.
+        while (metrics.boundingRect({0, 0, width, 0}, Qt::TextWordWrap, text).height() >=
+               (kTextLines + 1) * metrics.lineSpacing()) {
+            width += metrics.averageCharWidth();
+        }
+    }
+    return width;
+}
+
+/// A text that changes, with room for the longest: nothing jumps when it comes.
+QLabel* AddText(QLayout& layout, const QString& name, const TextRange& texts) {
     auto* made = new QLabel;
     made->setObjectName(name);
     made->setWordWrap(true);
     made->setTextFormat(Qt::PlainText);
     made->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    made->setFixedHeight(lines * made->fontMetrics().lineSpacing() + 2);
+    const QFontMetrics metrics = made->fontMetrics();
+    made->setMinimumWidth(WidthFor(texts, metrics));
+    made->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    made->setFixedHeight(kTextLines * metrics.lineSpacing() + 2);
     layout.addWidget(made);
     return made;
 }
@@ -331,7 +358,7 @@ void frmMove::makeRun(QBoxLayout& page, Tab tab) {
         run.pause = button(row.pause, kPause, 'P', row.hold, kStopTip);
     }
     run.stop = button(row.stop, kStop, 'S', row.end, row.stopTip);
-    run.homing = AddText(*line, Named("lblHoming", static_cast<int>(tab)), 2);
+    run.homing = AddText(*line, Named("lblHoming", static_cast<int>(tab)), kHomingTexts);
     line->setStretchFactor(run.homing, 1);
 }
 
@@ -371,7 +398,7 @@ void frmMove::makeFoot(QBoxLayout& layout) {
     line->addStretch();
     auto* close = Add<QPushButton>(*line, QStringLiteral("cmdMoveWinClose"), kClose, 'C');
     connect(close, &QPushButton::clicked, this, [this] { leave(); });
-    text = AddText(layout, QStringLiteral("lblMoveState"), 2);
+    text = AddText(layout, QStringLiteral("lblMoveState"), kStateTexts);
     text->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     text->setMargin(kTextMargin);
     text->setFixedHeight(text->height() + 2 * (kTextMargin + text->frameWidth()));
