@@ -51,7 +51,7 @@ void Reset() {
 /// The window, its user and whoever stands at the machine.
 class Play {
 public:
-    explicit Play(std::uint32_t seed) : dice(seed) {
+    explicit Play(std::uint32_t number) : dice(number) {
         Reset();
         AnswerByItself(platform);
         ThePlatform().ShowMessageBox = [this, shown = ThePlatform().ShowMessageBox](const auto& q) {
@@ -216,9 +216,9 @@ TEST(RandomTeaching, NoAxisRunsOnUnnoticed) {
     const char* const wanted = std::getenv("QDW8_SEQUENCES");
     const std::uint32_t sequences =
         wanted == nullptr ? kSequences : static_cast<std::uint32_t>(std::atoi(wanted));
-    for (std::uint32_t seed = 1; seed <= sequences && !HasFailure(); ++seed) {
-        SCOPED_TRACE("sequence " + std::to_string(seed));
-        Play(seed).go();
+    for (std::uint32_t number = 1; number <= sequences && !HasFailure(); ++number) {
+        SCOPED_TRACE("sequence " + std::to_string(number));
+        Play(number).go();
     }
 }
 

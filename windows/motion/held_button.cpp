@@ -74,10 +74,12 @@ void HeldButton::believeSpaceUp() {
     }
 }
 
-/// As a release; nobody lifts a key and presses it again so soon.
+/// As a release; nobody lifts a key and presses it again so soon. A tool that types may give no
+/// times; it tells no repeats either.
 bool HeldButton::isSameTime(const QEvent& spacePress) const {
     constexpr std::uint64_t kSoon = 2; // ms
-    return spaceUpAt && TimeOf(spacePress) - *spaceUpAt <= kSoon;
+    const std::uint64_t pressed = TimeOf(spacePress);
+    return pressed != 0 && spaceUpAt && pressed - *spaceUpAt <= kSoon;
 }
 
 bool HeldButton::isReleased(const QEvent& event) const {
