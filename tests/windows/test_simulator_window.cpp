@@ -2,10 +2,10 @@
 
 #include "motion/io_lamps.h"
 #include "simulator/motion.h"
-#include "simulator/window/lamp.h"
-#include "simulator/window/texts.h"
-#include "simulator/window/trouble_panel.h"
-#include "simulator/window/window.h"
+#include "windows/simulator/lamp.h"
+#include "windows/simulator/texts.h"
+#include "windows/simulator/trouble_panel.h"
+#include "windows/simulator/window.h"
 
 #include <QAbstractButton>
 #include <QApplication>

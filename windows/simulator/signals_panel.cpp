@@ -1,7 +1,7 @@
-#include "simulator/window/signals_panel.h"
+#include "windows/simulator/signals_panel.h"
 
-#include "simulator/window/lamp.h"
-#include "simulator/window/texts.h"
+#include "windows/simulator/lamp.h"
+#include "windows/simulator/texts.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

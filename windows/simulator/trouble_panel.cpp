@@ -1,6 +1,6 @@
-#include "simulator/window/trouble_panel.h"
+#include "windows/simulator/trouble_panel.h"
 
-#include "simulator/window/texts.h"
+#include "windows/simulator/texts.h"
 
 #include <QCheckBox>
 #include <QComboBox>

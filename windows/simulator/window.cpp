@@ -1,10 +1,10 @@
-#include "simulator/window/window.h"
+#include "windows/simulator/window.h"
 
-#include "simulator/window/axes_panel.h"
-#include "simulator/window/lamp.h"
-#include "simulator/window/signals_panel.h"
-#include "simulator/window/texts.h"
-#include "simulator/window/trouble_panel.h"
+#include "windows/simulator/axes_panel.h"
+#include "windows/simulator/lamp.h"
+#include "windows/simulator/signals_panel.h"
+#include "windows/simulator/texts.h"
+#include "windows/simulator/trouble_panel.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -1,8 +1,8 @@
-#include "simulator/window/run_window.h"
+#include "windows/simulator/run_window.h"
 
 #include "simulator/serve.h"
-#include "simulator/window/texts.h"
-#include "simulator/window/window.h"
+#include "windows/simulator/texts.h"
+#include "windows/simulator/window.h"
 
 #include <QApplication>
 #include <QIcon>

@@ -1,7 +1,7 @@
-#include "simulator/window/axes_panel.h"
+#include "windows/simulator/axes_panel.h"
 
-#include "simulator/window/rail.h"
-#include "simulator/window/texts.h"
+#include "windows/simulator/rail.h"
+#include "windows/simulator/texts.h"
 
 #include <QGridLayout>
 #include <QLabel>

@@ -1,4 +1,4 @@
-#include "simulator/window/texts.h"
+#include "windows/simulator/texts.h"
 
 #include <QAbstractButton>
 #include <QGroupBox>

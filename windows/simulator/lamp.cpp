@@ -1,6 +1,6 @@
-#include "simulator/window/lamp.h"
+#include "windows/simulator/lamp.h"
 
-#include "simulator/window/texts.h"
+#include "windows/simulator/texts.h"
 
 #include <QPainter>
 

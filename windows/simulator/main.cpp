@@ -1,7 +1,7 @@
 #include "simulator/front.h"
 #include "simulator/help.h"
 #include "simulator/serve.h"
-#include "simulator/window/run_window.h"
+#include "windows/simulator/run_window.h"
 
 #include <cstdio>
 #include <exception>

@@ -1,4 +1,4 @@
-#include "simulator/window/rail.h"
+#include "windows/simulator/rail.h"
 
 #include <QPainter>
 #include <algorithm>

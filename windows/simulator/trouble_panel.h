@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/window/signals_panel.h"
+#include "windows/simulator/signals_panel.h"
 
 #include <QStringList>
 
