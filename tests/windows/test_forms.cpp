@@ -1,14 +1,8 @@
 // Every window as it stands, in both languages, against forms.txt: a line for each control with its
 // caption, what a screen reader says, its tip, and whether it is off or hidden.
 
-#include "every_window.h"
-#include "main_form.h"
-#include "parameter/para_window.h"
+#include "each_window.h"
 #include "platform/whole_file.h"
-#include "position/grid_display.h"
-#include "print/print_select.h"
-#include "program/commands.h"
-#include "windows/dialogs/frmSplash.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -86,96 +80,13 @@ QString Describe(const char* name, QWidget& window) {
     return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
 }
 
-class Forms : public MainForm {
-protected:
-    template<typename Window, typename... With> void add(const char* name, With&&... with) {
-        Window form(std::forward<With>(with)...);
-        if constexpr (requires { form.showState(); }) {
-            form.showState();
-        }
-        all += Describe(name, form);
-    }
-
-    void describeAll() {
-        Set_MainFormStr();
-        frmMain another(Commands(), {});
-        another.loadResources();
-        all += Describe("frmMain", another);
-        add<frmSelection>("frmSelection", SelectionQuestion{ResText(471),
-                                                            ResText(44),
-                                                            {"A & B", ResText(46), ResText(47)},
-                                                            false});
-        add<frmSelection>(
-            "frmSelection, must be answered",
-            SelectionQuestion{ResText(471), ResText(41), {ResText(42), ResText(43)}, true});
-        {
-            const TransferShown shown(4, 368, TransferShown::Cancel::Yes);
-            add<frmTrance>("frmTrance");
-        }
-        {
-            const TransferShown shown(4, 378);
-            add<frmTrance>("frmTrance, without cancel");
-        }
-        OfferGiveUp();
-        add<frmGiveUp>("frmGiveUp");
-        WithdrawGiveUp();
-        ProcessingShownFlag = kSet;
-        add<frmProcessing>("frmProcessing");
-        ProcessingShownFlag = kClear;
-        GridFirst = 1;
-        GridLast = 10;
-        add<frmSelectPosiNo2>("frmSelectPosiNo2");
-        add<frmSelectPosiNo3>("frmSelectPosiNo3");
-        for (const std::int16_t first : {std::int16_t{5}, std::int16_t{11}}) {
-            FileFirst = first;
-            FileLast = 20;
-            add<frmSelectPosiNo4>("frmSelectPosiNo4", CompareFileRange() == 0);
-        }
-        add<frmDataShogo>("frmDataShogo");
-        for (const Flag mode : {kClear, kSet}) {
-            SyogoMode = mode;
-            add<frmSyogoKekka>("frmSyogoKekka");
-        }
-        add<frmSplash>("frmSplash");
-        FirstDeviceSetFlag = DispMmFlag = kSet;
-        add<frmDevice2>("frmDevice2, in mm");
-        StartDeviceSelectFlag = kSet;
-        DispMmFlag = kClear;
-        add<frmDevice2>("frmDevice2, at the start");
-        StartDeviceSelectFlag = kClear;
-        add<frmDevice3>("frmDevice3");
-        LoadParameta2();
-        add<frmParameta2>("frmParameta2");
-        add<frmDevice>("frmDevice");
-        add<frmGrp>("frmGrp");
-        add<frmSqMcr>("frmSqMcr");
-        add<frmIOCheck>("frmIOCheck");
-        add<frmJOG>("frmJOG");
-        UnloadJog();
-        add<frmMove>("frmMove");
-        LoadPrintSelect();
-        add<frmPrintSelect>("frmPrintSelect");
-        add<frmPrintPreview>("frmPrintPreview");
-        ThePlatform().programFolder = "/opt/QD-W8";
-        ThePlatform().settingsFolder = "/home/user/.config/QD-W8";
-        add<frmOptions2>("frmOptions2");
-        add<frmAbout>("frmAbout");
-        ThePlatform().programFolder = QDW8_SOURCE_DIR;
-        add<frmHelp>("frmHelp", ReadManual().value_or(Manual{}));
-        ThePlatform().programFolder = QDW8_DATA_DIR;
-    }
-
-    QString all;
-};
+using Forms = EachWindow;
 
 TEST_F(Forms, StandAsInTheFile) {
-    loadParameters();
-    Screens().frmDeviceShow = [] {};
-    ThePlatform().programFolder = QDW8_DATA_DIR;
-    AxisOff[2] = kSet;
+    QString all;
     for (const std::int16_t base : {std::int16_t{10000}, std::int16_t{0}}) {
         speak(base);
-        describeAll();
+        visitAll([&all](const char* name, QWidget& form) { all += Describe(name, form); });
     }
     const std::string actual = all.toStdString();
     const std::string path = testing::TempDir() + "forms.txt";
