@@ -43,10 +43,12 @@ endfunction()
 set(qdw8_qt_headers <QApplication> <QtWidgets>)
 set(qdw8_test_options -O0)
 qdw8_precompiled(qdw8_precompiled_qt HEADERS ${qdw8_qt_headers} LINKS Qt6::Widgets)
-qdw8_precompiled(qdw8_precompiled_tests HEADERS <gtest/gtest.h>
-  LINKS GTest::gtest OPTIONS ${qdw8_test_options})
-qdw8_precompiled(qdw8_precompiled_qt_tests HEADERS <gtest/gtest.h> ${qdw8_qt_headers}
-  LINKS GTest::gtest Qt6::Widgets OPTIONS ${qdw8_test_options})
+if(QDW8_TESTS)
+  qdw8_precompiled(qdw8_precompiled_tests HEADERS <gtest/gtest.h>
+    LINKS GTest::gtest OPTIONS ${qdw8_test_options})
+  qdw8_precompiled(qdw8_precompiled_qt_tests HEADERS <gtest/gtest.h> ${qdw8_qt_headers}
+    LINKS GTest::gtest Qt6::Widgets OPTIONS ${qdw8_test_options})
+endif()
 
 # qdw8_library(name folder SOURCES ... LINKS ...): the library of one folder.
 function(qdw8_library target folder)

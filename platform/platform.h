@@ -83,7 +83,8 @@ struct Platform {
     /// it notes the end and returns.
     std::function<void()> EndProgram;
 
-    /// Folder of the program, in which the list files lie; no separator at the end.
+    /// Folder in which the list files and the manual lie: that of the program, or the one of its
+    /// data where it is installed; no separator at the end.
     std::string programFolder;
     /// Where the system tells of its serial devices.
     std::string serialClassFolder = "/sys/class/tty";

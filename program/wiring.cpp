@@ -13,8 +13,8 @@
 #include "print/sm_print.h"
 #include "program/commands.h"
 #include "program/shutdown.h"
-#include "windows/controls/icons.h"
 #include "windows/controls/in_front.h"
+#include "windows/controls/program_icon.h"
 #include "windows/device/frmDevice2.h"
 #include "windows/device/frmDevice3.h"
 #include "windows/dialogs/frmDataShogo.h"
@@ -182,7 +182,7 @@ void ShowMain(bool small) {
 } // namespace
 
 void WireScreens() {
-    QApplication::setWindowIcon(IconOf(Drawing::Application));
+    QApplication::setWindowIcon(ProgramIcon());
     ScreenFunctions& screens = Screens();
     screens.frmMainPanel = Tell(&Windows::main, &frmMain::showPanel);
     screens.frmMainCommands = TellCommands;

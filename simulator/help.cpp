@@ -10,6 +10,7 @@ std::string HelpText() {
     return R"(qd-k8-sim: a QD-K8 positioning controller on a pseudo-terminal.
 
 usage: qd-k8-sim [OPTION]...
+       qd-k8-sim --help | --version
 
 It prints one line as soon as a program can connect:
     qd-k8-sim ready on /dev/pts/N

@@ -86,6 +86,9 @@ bool* FlagOf(const std::string& name, Options& options) {
     if (name == "--help" || name == "-h") {
         return &options.help;
     }
+    if (name == "--version") {
+        return &options.version;
+    }
     if (name == "--unpaced") {
         return &options.unpaced;
     }

@@ -19,6 +19,7 @@ struct AlarmOrder {
 
 struct Options {
     bool help = false;
+    bool version = false;
     bool unpaced = false;
     bool control = false;
     bool trace = false;

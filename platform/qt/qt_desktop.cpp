@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDateTime>
+#include <QDir>
 #include <QScreen>
 
 #include <cmath>
@@ -45,6 +46,14 @@ LocalTime TimeOfDay() {
     });
     std::fflush(nullptr);
     std::_Exit(0);
+}
+
+/// Lists and manual lie beside the program, or, where it is installed in a folder of programs, in
+/// the one of their data: bin and share stand side by side.
+QString FolderOfProgram() {
+    const QString beside = QCoreApplication::applicationDirPath();
+    const QString installed = QDir::cleanPath(beside + QStringLiteral("/../share/qd-w8"));
+    return QDir(installed).exists() ? installed : beside;
 }
 
 /// More than any table takes.
@@ -95,7 +104,7 @@ void InstallQtDesktop() {
     platform.GetScreenSize = PrimaryScreenSize;
     platform.GetLocalTime = TimeOfDay;
     platform.EndProgram = EndTheProcess;
-    platform.programFolder = QCoreApplication::applicationDirPath().toStdString();
+    platform.programFolder = FolderOfProgram().toStdString();
 }
 
 } // namespace qdw8

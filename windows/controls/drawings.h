@@ -25,9 +25,7 @@ enum class Drawing : std::uint8_t {
     // lamps; each says its state by its shape, too
     LampGreen, ///< a disc with a tick
     LampWhite, ///< an empty ring
-    LampRed,   ///< a disc with an exclamation mark
-    // the program
-    Application
+    LampRed    ///< a disc with an exclamation mark
 };
 
 } // namespace qdw8

@@ -240,26 +240,6 @@ void DrawLampRed(QPainter& painter, const Inks&) {
     painter.drawPoint(QPointF(12, 17.5));
 }
 
-/// A slide on its rail, and the position that it goes to.
-void DrawApplication(QPainter& painter, const Inks&) {
-    const QColor white = Qt::white;
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0x1F5A96));
-    painter.drawRoundedRect(QRectF(0.5, 0.5, 23, 23), 4.5, 4.5);
-    painter.setBrush(QColor(0x9CC3EA));
-    painter.drawRoundedRect(QRectF(3, 16.5, 18, 3), 1, 1);
-    painter.setBrush(white);
-    painter.drawRoundedRect(QRectF(4.5, 12, 7, 6), 1, 1);
-    painter.setPen(Pen(QColor(0xFFB347), 1.6));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawEllipse(QPointF(17, 8), 2.8, 2.8);
-    for (const QPointF& way : {QPointF(1, 0), QPointF(-1, 0), QPointF(0, 1), QPointF(0, -1)}) {
-        painter.drawLine(QPointF(17, 8) + way * 2.8, QPointF(17, 8) + way * 4.6);
-    }
-    painter.setPen(Pen(white, 1.4));
-    painter.drawPolyline(QPolygonF{{8, 10}, {8, 8}, {10.8, 8}});
-}
-
 void Draw(Drawing drawing, QPainter& painter, const Inks& inks) {
     switch (drawing) {
     case Drawing::New: return DrawNew(painter, inks);
@@ -280,7 +260,6 @@ void Draw(Drawing drawing, QPainter& painter, const Inks& inks) {
     case Drawing::LampGreen: return DrawLampGreen(painter, inks);
     case Drawing::LampWhite: return DrawLampWhite(painter, inks);
     case Drawing::LampRed: return DrawLampRed(painter, inks);
-    case Drawing::Application: return DrawApplication(painter, inks);
     }
 }
 
@@ -305,11 +284,6 @@ public:
         QPainter painter(&made);
         paint(&painter, QRect(QPoint(0, 0), size), mode, state);
         return made;
-    }
-
-    QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override {
-        // Window managers take the sizes of a window icon from this list.
-        return {{16, 16}, {24, 24}, {32, 32}, {48, 48}, {64, 64}, {128, 128}};
     }
 
     QIconEngine* clone() const override { return new DrawingEngine(drawing); }

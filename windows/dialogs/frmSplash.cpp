@@ -1,8 +1,8 @@
 #include "windows/dialogs/frmSplash.h"
 
-#include "windows/controls/icons.h"
 #include "windows/controls/labels.h"
 #include "windows/controls/load_form_resources.h"
+#include "windows/controls/program_icon.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -31,11 +31,11 @@ QLabel* Line(QWidget& parent, const char* name, std::int16_t tag, qreal size) {
 frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint) {
     setObjectName(QStringLiteral("frmSplash"));
     SetNumbers(*this, 201);
-    setWindowIcon(IconOf(Drawing::Application));
+    setWindowIcon(ProgramIcon());
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
 
-    auto* picture = new PictureLabel(IconOf(Drawing::Application), kPictureSide, this);
+    auto* picture = new PictureLabel(ProgramIcon(), kPictureSide, this);
     picture->setObjectName(QStringLiteral("imgLogo"));
     auto* texts = new QVBoxLayout;
     texts->addStretch();

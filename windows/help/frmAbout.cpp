@@ -2,9 +2,9 @@
 
 #include "setup/system_info.h"
 #include "version/version.h"
-#include "windows/controls/icons.h"
 #include "windows/controls/labels.h"
 #include "windows/controls/load_form_resources.h"
+#include "windows/controls/program_icon.h"
 #include "windows/controls/texts.h"
 
 #include <QGridLayout>
@@ -61,7 +61,7 @@ QWidget* frmAbout::makeHead() {
     auto* layout = new QHBoxLayout(head);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(kMargin);
-    auto* picture = new PictureLabel(IconOf(Drawing::Application), kPictureSide, head);
+    auto* picture = new PictureLabel(ProgramIcon(), kPictureSide, head);
     picture->setObjectName(QStringLiteral("picIcon"));
     layout->addWidget(picture);
     auto* texts = new QVBoxLayout;

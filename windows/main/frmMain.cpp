@@ -8,6 +8,7 @@
 #include "windows/controls/icons.h"
 #include "windows/controls/labels.h"
 #include "windows/controls/load_form_resources.h"
+#include "windows/controls/program_icon.h"
 #include "windows/controls/texts.h"
 
 #include <QAction>
@@ -49,7 +50,7 @@ frmMain::frmMain(const CommandTable& commands, MainWindowEvents handlers)
     : table(commands), events(std::move(handlers)) {
     setObjectName(QStringLiteral("frmMain"));
     SetNumbers(*this, 201);
-    setWindowIcon(IconOf(Drawing::Application));
+    setWindowIcon(ProgramIcon());
     CountAsWorkWindow(*this);
     // The menu entry shows and hides the tool bar; a second way would leave its tick behind.
     setContextMenuPolicy(Qt::PreventContextMenu);

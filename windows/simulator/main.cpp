@@ -1,6 +1,7 @@
 #include "simulator/front.h"
 #include "simulator/help.h"
 #include "simulator/serve.h"
+#include "version/version.h"
 #include "windows/simulator/run_window.h"
 
 #include <cstdio>
@@ -20,6 +21,10 @@ int main(int count, char** texts) {
         }
         if (front.options.help) {
             std::fputs(qdk8::HelpText().c_str(), stdout);
+            return 0;
+        }
+        if (front.options.version) {
+            std::printf("qd-k8-sim %s\n", version::kNumber);
             return 0;
         }
         if (!qdk8::SetUp(front, problem)) {

@@ -6,13 +6,18 @@
 
 #include <QApplication>
 #include <QIcon>
-#include <QPainter>
 #include <QStyleFactory>
 #include <cstdio>
 #include <cstdlib>
 #include <sys/eventfd.h>
 #include <thread>
 #include <unistd.h>
+
+/// The pictures stand in a library, which hands them over only when they are asked for by name.
+/// The toolkit wants that said outside of every namespace.
+static void TakePictures() {
+    Q_INIT_RESOURCE(icon_of_qd_k8_sim);
+}
 
 namespace qdk8 {
 namespace {
@@ -28,25 +33,13 @@ bool HasDesktop() {
     return false;
 }
 
-/// Slides on their strokes.
-QIcon DrawIcon() {
-    constexpr int kSide = 64;
-    QPixmap picture(kSide, kSide);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0x2A6DB0));
-    painter.drawRoundedRect(2, 2, kSide - 4, kSide - 4, 8, 8);
-    int place = 10;
-    for (const int top : {14, 30, 46}) {
-        painter.setBrush(QColor(0xBFD6EA));
-        painter.drawRect(8, top, kSide - 16, 4);
-        painter.setBrush(Qt::white);
-        painter.drawRoundedRect(place, top - 4, 14, 12, 2, 2);
-        place += 15;
+QIcon Icon() {
+    TakePictures();
+    QIcon icon;
+    for (const int side : {16, 24, 32, 48, 64, 128, 256}) {
+        icon.addFile(QStringLiteral(":/qd-k8-sim/%1.png").arg(side));
     }
-    return QIcon(picture);
+    return icon;
 }
 
 void Choose(const std::string& language) {
@@ -67,7 +60,7 @@ int RunWithWindow(Front& front, int count, char** texts) {
     QApplication application(count, texts);
     QApplication::setApplicationName("qd-k8-sim");
     QApplication::setStyle(QStyleFactory::create("Fusion"));
-    QApplication::setWindowIcon(DrawIcon());
+    QApplication::setWindowIcon(Icon());
     Choose(front.options.language);
 
     front.wake = ::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC);
