@@ -1,11 +1,13 @@
 #include "app/number_forms.h"
 
 #include "platform/fault.h"
+#include "platform/platform.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdio>
 #include <limits>
 
 namespace qdw8 {
@@ -240,6 +242,13 @@ std::string Trim(std::string_view text) {
         text.remove_suffix(1);
     }
     return std::string(text);
+}
+
+std::string TimeText(const LocalTime& time) {
+    std::array<char, 64> text{};
+    std::snprintf(text.data(), text.size(), "%04d/%02d/%02d  %02d:%02d:%02d", time.year, time.month,
+                  time.day, time.hour, time.minute, time.second);
+    return text.data();
 }
 
 std::string HexField(std::int64_t value, int width) {

@@ -8,6 +8,8 @@
 /// The number and text forms that the whole program shares. None of them follows the locale.
 namespace qdw8 {
 
+struct LocalTime;
+
 /// The leading number of a text, 0 if there is none; it never fails. Blanks in front are skipped,
 /// a sign is allowed, there is no exponent: "12ab" is 12, " -3.5" is -3.5. A text that begins
 /// with "&H" or "&h" is hexadecimal and never negative.
@@ -51,6 +53,9 @@ std::string PadLeft(std::string_view text, std::size_t width);
 
 /// Without the blanks at both ends.
 std::string Trim(std::string_view text);
+
+/// "2024/11/21  09:05:07".
+std::string TimeText(const LocalTime& time);
 
 /// Upper-case hexadecimal of `width` digits, padded with "0". A value that is negative or too wide
 /// for the field comes out as the single character "X", which fails every length test.

@@ -56,4 +56,10 @@ void ShowAxisDevices() {
     }
 }
 
+std::string TypeWordOf(std::size_t axis) {
+    const bool old = !ThePanel().lblDeviceType[axis].empty() && !IsSet(AxisOff[axis]) &&
+                     !IsSet(DevSetting[axis].NewType);
+    return old ? "OLD" : "NEW";
+}
+
 } // namespace qdw8

@@ -90,6 +90,9 @@ struct Platform {
     std::string serialClassFolder = "/sys/class/tty";
     /// Folder of the user's settings; no separator at the end.
     std::string settingsFolder;
+    /// Folder of what a run leaves for the next one without being asked, no separator at the end.
+    /// It may not be there yet.
+    std::string stateFolder;
 };
 
 /// The platform in force. Its functions are empty until a platform has been installed.

@@ -1,8 +1,9 @@
 #include "platform/side_file.h"
 
+#include "platform/check_digits.h"
+
 #include <algorithm>
 #include <cerrno>
-#include <cstdint>
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
@@ -20,7 +21,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t kPrefixLength = 80;
-constexpr std::size_t kNumberDigits = 16;
 constexpr int kNameTries = 100;
 
 /// The first bytes of a name, cut at the end of a character.
@@ -33,32 +33,20 @@ std::string CutPrefix(const std::string& name) {
     return name.substr(0, end);
 }
 
-/// Digits that no other file bears but by the rarest of chances: they depend on what the side file
-/// belongs to and on its number.
-std::string CheckDigits(const std::string& text) {
-    std::uint64_t hash = 0xCBF29CE484222325U;
-    for (const char byte : text) {
-        hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001B3U;
-    }
-    char digits[kNumberDigits + 1];
-    std::snprintf(digits, sizeof digits, "%016llx", static_cast<unsigned long long>(hash));
-    return digits;
-}
-
 std::string NameOf(const SidePlace& place, const std::string& number, const char* ending) {
     return place.prefix + '.' + number + '-' + CheckDigits(place.key + '/' + number) + ending;
 }
 
 std::string FreshName(const SidePlace& place, const char* ending) {
     static std::mt19937_64 numbers{std::random_device{}()};
-    char number[kNumberDigits + 1];
+    char number[kCheckDigits + 1];
     std::snprintf(number, sizeof number, "%016llx", static_cast<unsigned long long>(numbers()));
     return place.folder + '/' + NameOf(place, number, ending);
 }
 
 bool IsSideFile(const SidePlace& place, const std::string& name, const char* ending) {
     const std::size_t at = place.prefix.size() + 1;
-    return name.size() > at && NameOf(place, name.substr(at, kNumberDigits), ending) == name;
+    return name.size() > at && NameOf(place, name.substr(at, kCheckDigits), ending) == name;
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include "position/grid_display.h"
 #include "position/posi_check.h"
 #include "position/posi_table.h"
+#include "position/recovery.h"
 
 #include <algorithm>
 
@@ -37,7 +38,7 @@ void MakeRoom() {
 void SetNoData() {
     GridFirst = GridLast = 0;
     PosiFirst = PosiLast = GridRowCount = 1;
-    PosiDirtyFlag = kClear;
+    NothingUnsaved();
     EmptyPosiTable(); // there is nothing left that a read could ask to save
     GridHome();
     EditCMD_Muko();

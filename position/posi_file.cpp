@@ -8,7 +8,7 @@
 #include "app/screens.h"
 #include "app/string_table.h"
 #include "app/waits.h"
-#include "device/axis_device.h"
+#include "device/axis_texts.h"
 #include "platform/cp932_text.h"
 #include "platform/whole_file.h"
 #include "position/flex_grid.h"
@@ -16,6 +16,7 @@
 #include "position/posi_check.h"
 #include "position/posi_command.h"
 #include "position/posi_table.h"
+#include "position/recovery.h"
 
 #include <algorithm>
 #include <cmath>
@@ -37,12 +38,6 @@ State state;
 std::string Quoted(const std::string& text) {
     const bool plain = std::all_of(text.begin(), text.end(), [](char c) { return c > 0; });
     return QuotedField(plain ? text : ToCp932(text));
-}
-
-std::string TypeWord(std::size_t axis) {
-    const bool old = !ThePanel().lblDeviceType[axis].empty() && !IsSet(AxisOff[axis]) &&
-                     !IsSet(DevSetting[axis].NewType);
-    return Quoted(old ? "OLD" : "NEW");
 }
 
 /// A number as a text field. Nearly all are small whole numbers, which need no work on digits.
@@ -71,7 +66,7 @@ std::string FileText() {
     for (std::size_t axis = 0; axis < kAxes; ++axis) {
         const char* separator = axis == 0 ? "" : ",";
         names += separator + Quoted(ThePanel().lblDeviceType[axis]);
-        types += separator + TypeWord(axis);
+        types += separator + Quoted(TypeWordOf(axis));
     }
     std::string text = Quoted("QD-K8") + "\r\n" + names + "\r\n" + types + "\r\n";
     for (std::int16_t position = PosiFirst; position <= PosiLast; ++position) {
@@ -152,7 +147,7 @@ bool WriteFile(const std::string& path) {
             ShowWrittenComments();
         }
         if (PosiFirst <= GridFirst && PosiLast >= GridLast) {
-            PosiDirtyFlag = kClear;
+            NothingUnsaved();
         } else {
             PosiFilePath.clear();
         }

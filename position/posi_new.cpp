@@ -9,6 +9,7 @@
 #include "position/posi_command.h"
 #include "position/posi_file.h"
 #include "position/posi_table.h"
+#include "position/recovery.h"
 
 #include <exception>
 
@@ -49,7 +50,7 @@ void ShowNewRows() {
     FreezeGrid();
     ClearPosiTable();
     QdDataHyoji_3();
-    PosiDirtyFlag = kClear;
+    NothingUnsaved();
     ShowPosiFileName(ResText(213));
     ThawGrid();
 }

@@ -8,11 +8,13 @@
 #include "position/posi_reader.h"
 #include "position/posi_table.h"
 #include "position/posi_verify.h"
+#include "position/recovery.h"
 #include "position/stroke_check.h"
 
 namespace qdw8 {
 
 void ResetPositions() {
+    ResetRecovery();
     ResetPositionCommand();
     ResetPosiTable();
     ResetGrid();

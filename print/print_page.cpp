@@ -5,9 +5,7 @@
 #include "platform/platform.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstdio>
 
 namespace qdw8 {
 namespace {
@@ -42,14 +40,6 @@ constexpr const char* kWidestPageNumber = "Page:9999";
 
 Printer& Paper() {
     return ThePlatform().ThePrinter;
-}
-
-std::string Stamp() {
-    const LocalTime now = ThePlatform().GetLocalTime();
-    std::array<char, 64> text{};
-    std::snprintf(text.data(), text.size(), "%04d/%02d/%02d  %02d:%02d:%02d", now.year, now.month,
-                  now.day, now.hour, now.minute, now.second);
-    return text.data();
 }
 
 /// The measures for lines of `spacing` mm: "A" is measured at the largest size that gives them.
@@ -142,7 +132,7 @@ void PrinterSetup(int lines) {
     }
     PrintRight = ToInt16(Paper().ScaleWidth() - kRightMargin);
     PrintPageNo = 1;
-    state.stamp = Stamp();
+    state.stamp = TimeText(ThePlatform().GetLocalTime());
 }
 
 TextPlace InLine(int line, double x, double right) {

@@ -13,6 +13,7 @@
 #include "parameter/para_file.h"
 #include "position/posi_file.h"
 #include "position/posi_table.h"
+#include "position/recovery.h"
 #include "tables/groups.h"
 #include "tables/macros.h"
 
@@ -71,6 +72,7 @@ bool frmMain_QueryUnload() {
     if (IsSet(ProgramEndFlag) || !TeachingAllowsEnd() || !UserConfirms()) {
         return false;
     }
+    EndKeeping();
     if (CommandsTaken()) {
         ProgramEndFlag = kSet;
         return false;

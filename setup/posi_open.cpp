@@ -18,6 +18,7 @@
 #include "position/posi_command.h"
 #include "position/posi_reader.h"
 #include "position/posi_table.h"
+#include "position/recovery.h"
 #include "setup/device_copies.h"
 #include "setup/devices_before.h"
 
@@ -153,7 +154,7 @@ bool Open(const DevicesBefore& before) {
         // What is shown is not out of this file, which some other program may need as it is.
         PosiFilePath.clear();
     }
-    PosiDirtyFlag = kClear;
+    NothingUnsaved();
     if (IsSet(FileCommentCut)) {
         ShowTexts({3020});
     }

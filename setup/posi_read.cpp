@@ -10,6 +10,7 @@
 #include "position/posi_command.h"
 #include "position/posi_file.h"
 #include "position/posi_table.h"
+#include "position/recovery.h"
 #include "position/posi_transfer.h"
 #include "setup/controller_settings.h"
 #include "setup/devices_before.h"
@@ -50,7 +51,7 @@ void ShowWhatCame() {
     ConvertTableToMm();
     QdDataHyoji_3();
     ShowPosiFileName(ResText(374));
-    PosiDirtyFlag = kClear;
+    NothingUnsaved();
 }
 
 /// True: the rows have come. Until then grid and range variables say what the grid shows, and a

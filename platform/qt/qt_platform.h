@@ -41,7 +41,8 @@ void InstallQtPrinter();
 /// The settings store `settings.ini`, and the folder that it lies in: `QD-W8` in the user's
 /// configuration folder. The folder is made if it is missing. What stands under the name of the
 /// store and can't be one (a file of more than 64 kB, a pipe, a device) is set aside under
-/// "settings.ini.aside", or a number behind that, and the store begins afresh.
+/// "settings.ini.aside", or a number behind that, and the store begins afresh. Also tells the state
+/// folder: `QD-W8` in $XDG_STATE_HOME, else in ~/.local/state; it is made by who writes there.
 void InstallQtSettings();
 
 /// Clipboard, beep, screen size, program folder and the end of the process.

@@ -32,6 +32,14 @@ QString UsableStore(const QString& path) {
     return usable || QFile::rename(path, aside) ? path : path + QStringLiteral("/none");
 }
 
+/// The toolkit doesn't know this folder yet. What is no whole path doesn't count.
+QString StateFolder() {
+    const QString told = qEnvironmentVariable("XDG_STATE_HOME");
+    return (QDir::isAbsolutePath(told) ? told
+                                       : QDir::homePath() + QStringLiteral("/.local/state")) +
+           QStringLiteral("/QD-W8");
+}
+
 } // namespace
 
 void InstallQtSettings() {
@@ -39,6 +47,7 @@ void InstallQtSettings() {
                            QStringLiteral("/QD-W8");
     QDir().mkpath(folder);
     ThePlatform().settingsFolder = folder.toStdString();
+    ThePlatform().stateFolder = StateFolder().toStdString();
 
     auto store = std::make_shared<QSettings>(UsableStore(folder + QStringLiteral("/settings.ini")),
                                              QSettings::IniFormat);
