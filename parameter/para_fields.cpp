@@ -23,6 +23,7 @@ struct Image {
     ParameterSet shown;
     ParameterSet kept;
     Flag keptLoaded = kClear;
+    std::string name;
 };
 Image image;
 
@@ -124,6 +125,8 @@ bool Filled(const ParaControlRow& row) {
 }
 
 } // namespace
+
+std::string& ParaName = image.name;
 
 bool ParaFieldsFilled() {
     const auto rows = ParaControls();

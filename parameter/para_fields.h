@@ -4,12 +4,17 @@
 #include "parameter/para_controls.h"
 
 #include <cstdint>
+#include <string>
 
 /// Between the fields of the parameter window and `ParaSet`.
 namespace qdw8 {
 
 /// -1: the fields hold what is neither in a file nor in the controller.
 extern Flag ParaEditedFlag;
+
+/// The file that the fields were filled from or saved to last, without its folder, or words for the
+/// inside of the controller. Empty while they are of neither.
+extern std::string& ParaName;
 
 /// What stands in `ParaSet` is in a file or in the controller: no edits, and what is given up later
 /// leads back to here.

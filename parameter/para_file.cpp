@@ -198,6 +198,7 @@ std::int16_t SaveParameters() {
         const bool written = SixTries([&answer] { return WriteParaFile(answer->path) == 0; });
         if (written) {
             CountParaAsKept();
+            ParaName = answer->title;
         }
         ShowTexts({written ? std::int16_t{14} : std::int16_t{13}});
         return written ? 0 : 1;

@@ -19,6 +19,9 @@ void LoadParameta2() {
     for (std::size_t axis = 0; axis < kAxes; ++axis) {
         FollowActuator(axis);
     }
+    if (ParaSetHasMovedOn()) {
+        ParaName.clear();
+    }
     if (IsSet(ParaLoadedFlag)) {
         ParametaHyoji();
     } else {
@@ -31,6 +34,7 @@ void FollowParaSet() {
         return;
     }
     if (!IsSet(ParaEditedFlag) && IsSet(ParaLoadedFlag) && ParaSetHasMovedOn()) {
+        ParaName.clear();
         ParametaHyoji();
     } else if (AxesHaveMovedOn()) {
         YukoJikuHyojiSettei(); // edits of the axes in use stay

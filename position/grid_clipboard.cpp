@@ -216,8 +216,8 @@ void PasteCells() {
     if (cells.empty()) {
         return;
     }
-    const bool commentCut = PutCells(cells);
     PosiDirtyFlag = kSet;
+    const bool commentCut = PutCells(cells);
     LineCopiedFlag = kClear;
     EditCMD_Yuko();
     TellIfCut(commentCut);

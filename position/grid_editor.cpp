@@ -239,8 +239,8 @@ void flgdData_Delete() {
         SetGridText(row, kGridCommentColumn, {});
         flgdData_CellChanged(row, kGridCommentColumn);
     }
-    ThawGrid();
     PosiDirtyFlag = kSet;
+    ThawGrid();
 }
 
 std::optional<std::string> TextToPaste(std::string_view pasted, int room) {

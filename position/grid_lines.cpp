@@ -62,9 +62,9 @@ void InsertLines(int gridRow, int count) {
     }
     GridRowCount = static_cast<std::int16_t>(GridLast - GridFirst + 1);
     NumberGridRows();
+    PosiDirtyFlag = kSet;
     ThawGrid();
     GoToCell(gridRow, 1);
-    PosiDirtyFlag = kSet;
 }
 
 void InsertLine_Click() {

@@ -5,6 +5,7 @@
 #include "app/string_table.h"
 #include "link/background.h"
 #include "link/end_of_run.h"
+#include "platform/qt/kept_places.h"
 #include "platform/qt/qt_platform.h"
 #include "platform/qt/work_window.h"
 #include "position/grid_editor.h"
@@ -113,6 +114,7 @@ template<typename Window> std::function<void()> Open(std::unique_ptr<Window> Win
         auto& there = TheWindows().*window;
         if (!there || !there->isVisible()) {
             there = std::make_unique<Window>(TheWindows().main.get());
+            KeepPlace(*there);
         }
         there->show();
         WorkIn(*there);
@@ -147,6 +149,7 @@ void OpenParameters(bool modal) {
     auto& there = TheWindows().parameters;
     if (!there) {
         there = std::make_unique<frmParameta2>(TheWindows().main.get());
+        KeepPlace(*there);
     }
     there->open(modal);
 }

@@ -27,6 +27,8 @@
 namespace qdw8 {
 namespace {
 
+constexpr std::int16_t kInsideOfCt = 374;
+
 void Tell(std::int16_t id) {
     ShowTexts({id});
 }
@@ -114,6 +116,7 @@ Got Get() {
         return Got::Failed;
     }
     ParaEditedFlag = kClear;
+    ParaName = ResText(kInsideOfCt);
     ParametaHyoji();
     return Got::Done;
 }
@@ -159,6 +162,9 @@ bool WriteInMode() {
     mode.end();
     CloseCtPort();
     if (written) {
+        if (IsSet(ParaEditedFlag)) {
+            ParaName = ResText(kInsideOfCt); // the file that they came from lacks the edits
+        }
         CountParaAsKept();
     } else {
         Tell(1528);

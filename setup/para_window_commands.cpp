@@ -100,6 +100,7 @@ void cmdParaRead_Click() {
 void cmdReadParaFile_Click() {
     if (OpenParaFile() == 0) {
         ParaEditedFlag = kClear;
+        ParaName = CellText(ParaRowTable.at(0, kRowFileName));
         ParametaHyoji();
     }
 }
@@ -144,6 +145,7 @@ void cmdIniPrm_Click() {
     // The choice was for the parameters: until they are written and reflected the actuators stay.
     LetDevSettingToDevSettei();
     ParaEditedFlag = kSet;
+    ParaName.clear();
     ParametaHyoji();
 }
 

@@ -31,6 +31,9 @@ inline constexpr std::int16_t kNotInFile = -32768;
 struct TableState {
     /// What the user edited is neither in a file nor in the controller.
     bool unsaved = false;
+    /// The file that what is shown came from or was saved to last, without its folder, or words for
+    /// the inside of the controller. Empty while it is of neither.
+    std::string name;
     /// The window's commands are away, between `GrpCMDBTN_Muko` and `GrpCMDBTN_Yuko`.
     bool commandsOff = false;
     /// For each number what the last check had against it, as a text id; 0 nothing.

@@ -17,6 +17,8 @@
 namespace qdw8 {
 namespace {
 
+constexpr std::int16_t kInsideOfCt = 374;
+
 /// The texts of the ids, one a line.
 std::string Text(const std::vector<std::int16_t>& ids) {
     std::string text;
@@ -55,16 +57,18 @@ bool CheckGood(const SmallTable& table) {
 }
 
 /// What is shown is in a file, or in the controller, now.
-void CountAsSaved(const SmallTable& table) {
+void CountAsSaved(const SmallTable& table, const std::string& name) {
     table.state.unsaved = false;
+    table.state.name = name;
     TellWindow(table);
 }
 
 /// What was delivered is shown now; what was against the old numbers says nothing of the new ones.
-void ShowDelivered(const SmallTable& table) {
+void ShowDelivered(const SmallTable& table, const std::string& name) {
     CopyTable(table, Held::Compare, Held::Shown);
     table.state.reasons.clear();
     table.state.unsaved = false;
+    table.state.name = name;
     table.shown();
 }
 
@@ -111,7 +115,7 @@ void Save(const SmallTable& table) {
         return;
     }
     if (SixTries([&] { return WriteTableFile(table, chosen->path) == 0; })) {
-        CountAsSaved(table);
+        CountAsSaved(table, chosen->title);
     } else {
         ShowTexts({table.texts.saveFailed});
     }
@@ -168,13 +172,13 @@ void SetCommandsOff(const SmallTable& table, bool off) {
 
 void ReadTable(const SmallTable& table) {
     if (Confirmed(table.texts.askRead) && ReadFromController(table)) {
-        ShowDelivered(table);
+        ShowDelivered(table, ResText(kInsideOfCt));
     }
 }
 
 void OpenTable(const SmallTable& table) {
-    if (ReadChosenFile(table, table.texts.openTitle)) {
-        ShowDelivered(table);
+    if (const auto chosen = ReadChosenFile(table, table.texts.openTitle)) {
+        ShowDelivered(table, chosen->title);
     }
 }
 
@@ -190,7 +194,8 @@ void WriteTable(const SmallTable& table) {
     WritingMode mode; // ends with the write, whatever becomes of it
     if (StandsStill(OnFailure::Tell) && mode.begin() &&
         WriteTableToCt(table, frames) == LineResult::Done) {
-        CountAsSaved(table);
+        // The file that it came from doesn't hold the edits.
+        CountAsSaved(table, table.state.unsaved ? ResText(kInsideOfCt) : table.state.name);
     }
 }
 

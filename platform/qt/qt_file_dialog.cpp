@@ -1,6 +1,7 @@
 #include "platform/qt/qt_file_dialog.h"
 
 #include "platform/qt/dialog_parent.h"
+#include "platform/qt/kept_places.h"
 #include "platform/qt/standard_texts.h"
 
 #include <QDir>
@@ -108,7 +109,8 @@ void SetUp(QFileDialog& dialog, const FileQuestion& question) {
     SetLabels(dialog, saving);
     // Wide enough for the side bar and whole file names, whatever the font, and on the screen.
     const QFontMetrics metrics(dialog.font());
-    const QSize wanted(metrics.horizontalAdvance(u'0') * 100, metrics.height() * 28);
+    const QSize wanted =
+        KeepSize(dialog, {metrics.horizontalAdvance(u'0') * 100, metrics.height() * 28});
     const QScreen* screen = dialog.screen();
     dialog.resize(screen == nullptr ? wanted : wanted.boundedTo(screen->availableSize() * 0.9));
 }

@@ -2,6 +2,7 @@
 
 #include "platform/platform.h"
 #include "platform/qt/dialog_places.h"
+#include "platform/qt/kept_places.h"
 #include "platform/qt/qt_file_dialog.h"
 #include "platform/qt/qt_platform.h"
 #include "platform/qt/shared_printer.h"
@@ -253,6 +254,39 @@ TEST(QtDialogs, ABoxStandsOverItsWindowAndGoesAlongUntilTheUserMovesIt) {
     placed.move(5, 6);
     placed.show();
     EXPECT_EQ(placed.pos(), QPoint(5, 6));
+}
+
+TEST(QtDialogs, AWindowComesBackWhereItWasAndShowsTheOthersWhenItIsNew) {
+    const DialogPlayer player;
+    QWidget& window = *player.window;
+    const QRect screen = window.screen()->availableGeometry();
+    ForgetPlaces();
+    const auto open = [&](const char* name, QSize size) {
+        auto made = std::make_unique<QDialog>(&window);
+        made->setObjectName(name);
+        KeepPlace(*made);
+        made->resize(size);
+        made->show();
+        return made;
+    };
+    const auto first = open("first", {300, 200});
+    auto over = open("over", {320, 240});
+    EXPECT_TRUE(screen.contains(over->frameGeometry()));
+    EXPECT_FALSE(over->frameGeometry().contains(first->frameGeometry().topLeft()));
+    over->setGeometry(33, 44, 222, 111);
+    over->hide();
+    over = open("over", {320, 240});
+    EXPECT_EQ(over->geometry(), QRect(33, 44, 222, 111));
+    over->move(screen.bottomRight() + QPoint(500, 500)); // on a screen that is gone
+    over->hide();
+    over->show();
+    EXPECT_TRUE(screen.contains(over->geometry()));
+    QDialog result(&window);
+    EXPECT_EQ(KeepSize(result, {9, 9}), QSize(9, 9));
+    result.resize(250, 150);
+    result.show();
+    result.hide();
+    EXPECT_EQ(KeepSize(result, {9, 9}), QSize(250, 150));
 }
 
 } // namespace

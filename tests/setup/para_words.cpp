@@ -114,6 +114,7 @@ StoryValues ParaValues() {
             {"walk", [](Args& a) { return Walk(Place(a)); }},
             {"actuator-lists", [](Args& a) { return Actuator(Place(a).axis); }},
             {"edited", [](Args&) { return IsSet(ParaEditedFlag) ? "yes" : "no"; }},
+            {"named", [](Args&) { return ParaName; }},
             {"mark",
              [](Args& a) {
                  const auto [control, axis] = Place(a);

@@ -219,6 +219,7 @@ private:
              return reason == 0 ? "no" : ResText(reason);
          }},
         {"unsaved", [](Args& a) { return YesOrNo(TableOf(a).state.unsaved); }},
+        {"named", [](Args& a) { return TableOf(a).state.name; }},
         {"closes", [this](Args& a) { return closes(a); }},
         {"frames", [this](Args&) { return frames(); }},
         {"bar", [this](Args&) { return bar; }},

@@ -42,7 +42,8 @@ QStringList Heads(const QTableView& table) {
 
 /// The window's controls in the order in which they were made.
 QString Describe(const char* name, QWidget& window) {
-    QStringList lines{QStringLiteral("%1 | %2").arg(QLatin1String(name), window.windowTitle())};
+    QStringList lines{
+        QStringLiteral("%1 | %2").arg(QLatin1String(name), window.windowTitle().remove("[*]"))};
     for (const QWidget* control : window.findChildren<QWidget*>()) {
         const QString object = control->objectName();
         if (object.isEmpty() || object.startsWith(QLatin1String("qt_")) ||

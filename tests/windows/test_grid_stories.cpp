@@ -205,6 +205,7 @@ TEST_P(GridStories, GoesAsTold) {
             }
         }
         play(line.substr(0, end), rest, numbers);
+        ASSERT_EQ(window->isWindowModified(), IsSet(PosiDirtyFlag));
     }
 }
 
@@ -241,6 +242,7 @@ TEST_F(GridUser, ScreenAndDataAgreeWhateverTheUserDoes) {
         const std::string name = deed == 3 ? any(presses) : any(keys);
         SCOPED_TRACE(std::to_string(step) + (deed < 4 ? " " + verbs[deed] : " keys") + " " + name);
         play(deed < 4 ? verbs[deed] : "keys", name, cells);
+        ASSERT_EQ(window->isWindowModified(), IsSet(PosiDirtyFlag));
         if (flgdData().rows.size() < 5) {
             show(1, 8);
         }

@@ -78,6 +78,15 @@ TEST_F(MainWindow, ShowsThePanel) {
               "<1>1mm = 200Pulse<1>1Pulse= 0.005mm");
 }
 
+TEST_F(MainWindow, NamesTheFileInItsTitle) {
+    EXPECT_EQ(window->windowTitle(), "QD-W8[*]");
+    ShowPosiFileName("New Data");
+    EXPECT_EQ(window->windowTitle(), "New Data[*] - QD-W8");
+    TakePosiFile("/tmp/a[*].qdd");
+    window->showCommands();
+    EXPECT_EQ(window->windowTitle(), "a[*][*].qdd[*] - QD-W8");
+}
+
 TEST_F(MainWindow, TabGoesThroughTheButtonsAndOnToTheGrid) {
     QStringList order;
     for (QWidget* at = &Get<QPushButton>(*window, "cmdPosiFileOpen"); at != grid;

@@ -1,5 +1,7 @@
 #include "windows/controls/beside.h"
 
+#include "platform/qt/kept_places.h"
+
 #include <QEvent>
 #include <QScreen>
 #include <QWidget>
@@ -30,6 +32,9 @@ public:
     explicit BesideParent(QWidget& of) : QObject(&of), window(of) {}
 
     bool eventFilter(QObject*, QEvent* event) override {
+        if (HasKeptPlace(window)) {
+            return false;
+        }
         const bool comesUp = event->type() == QEvent::Show;
         const bool settles = event->type() == QEvent::Resize && window.isVisible() &&
                              (window.pos() - at).manhattanLength() <= kFrameShift;

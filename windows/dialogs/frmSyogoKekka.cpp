@@ -1,5 +1,6 @@
 #include "windows/dialogs/frmSyogoKekka.h"
 
+#include "platform/qt/kept_places.h"
 #include "position/check_result.h"
 #include "position/flex_grid.h"
 #include "position/grid_cursor.h"
@@ -171,7 +172,7 @@ frmSyogoKekka::frmSyogoKekka(QWidget* parent) : QDialog(parent) {
     table->setAccessibleName(windowTitle());
     close->setFocus();
 
-    QSize size(940, 480);
+    QSize size = KeepSize(*this, {940, 480});
     if (const QScreen* on = screen()) {
         size = size.boundedTo(on->availableSize() - QSize(2 * kOffset, 2 * kOffset));
     }

@@ -5,6 +5,8 @@
 #include "position/grid_clipboard.h"
 #include "position/grid_editor.h"
 #include "position/posi_columns.h"
+#include "position/posi_table.h"
+#include "windows/controls/document_title.h"
 #include "windows/controls/icons.h"
 #include "windows/controls/labels.h"
 #include "windows/controls/load_form_resources.h"
@@ -24,12 +26,14 @@
 #include <QStatusBar>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <filesystem>
 
 namespace qdw8 {
 namespace {
 
 using enum Command;
 
+constexpr std::int16_t kTitle = 201;
 constexpr int kLampSide = 16;
 constexpr int kSpacing = 6;
 constexpr int kFrameMargin = 4;
@@ -49,7 +53,7 @@ constexpr QSize kFrameAround{10, 40};
 frmMain::frmMain(const CommandTable& commands, MainWindowEvents handlers)
     : table(commands), events(std::move(handlers)) {
     setObjectName(QStringLiteral("frmMain"));
-    SetNumbers(*this, 201);
+    SetNumbers(*this, kTitle);
     setWindowIcon(ProgramIcon());
     CountAsWorkWindow(*this);
     // The menu entry shows and hides the tool bar; a second way would leave its tick behind.
@@ -265,7 +269,15 @@ void frmMain::showLamp(const Lamp& lamp, bool on, const QString& state) {
     lamp.white->setAccessibleName(name);
 }
 
+/// What the document is called can change by itself, and so can whether it is saved.
+void frmMain::showTitle() {
+    const std::filesystem::path file(PosiFilePath);
+    ShowDocumentTitle(*this, PosiFilePath.empty() ? PosiFileName : file.filename().string(),
+                      IsSet(PosiDirtyFlag), kTitle);
+}
+
 void frmMain::showPanel() {
+    showTitle();
     const MainPanel& panel = ThePanel();
     if (loaded && panel == shown) {
         return;
@@ -295,10 +307,12 @@ void frmMain::showPanel() {
 }
 
 void frmMain::showCommands() {
+    showTitle();
     controls.showStates();
 }
 
 void frmMain::showGrid() {
+    showTitle();
     grid->refresh();
     showLimits();
 }

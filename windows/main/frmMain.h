@@ -74,6 +74,7 @@ private:
     void chosen(Command command);
     void lookAtClipboard();
     void showLimits();
+    void showTitle();
 
     CommandTable table;
     MainWindowEvents events;

@@ -2,9 +2,11 @@
 
 #include "app/command_states.h"
 #include "link/window_command.h"
+#include "parameter/para_fields.h"
 #include "parameter/para_window.h"
 #include "platform/qt/work_window.h"
 #include "setup/para_window_commands.h"
+#include "windows/controls/document_title.h"
 #include "windows/controls/load_form_resources.h"
 #include "windows/controls/texts.h"
 #include "windows/parameter/frmDevice.h"
@@ -25,6 +27,7 @@
 namespace qdw8 {
 namespace {
 
+constexpr std::int16_t kTitle = 601;
 constexpr int kMargin = 8;
 constexpr int kSpacing = 8;
 constexpr int kGap = 4;
@@ -59,7 +62,7 @@ const ButtonPlace& PlaceOf(std::string_view name) {
 
 frmParameta2::frmParameta2(QWidget* parent) : QDialog(parent), pages(new ParaPages(this)) {
     setObjectName(QStringLiteral("frmParameta2"));
-    SetNumbers(*this, 601);
+    SetNumbers(*this, kTitle);
     CountAsWorkWindow(*this);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
@@ -173,6 +176,7 @@ void frmParameta2::showState() {
     if (back) {
         FollowParaSet();
     }
+    ShowDocumentTitle(*this, ParaName, IsSet(ParaEditedFlag), kTitle);
     pages->showFields();
     for (const Button& button : buttons) {
         button.control->setEnabled(ParaCommandEnabled(*button.command));

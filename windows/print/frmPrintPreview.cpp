@@ -1,5 +1,6 @@
 #include "windows/print/frmPrintPreview.h"
 
+#include "platform/qt/kept_places.h"
 #include "platform/qt/printed_pages.h"
 #include "print/print_job.h"
 #include "windows/controls/load_form_resources.h"
@@ -62,7 +63,7 @@ frmPrintPreview::frmPrintPreview(QWidget* parent) : QDialog(parent) {
     layout->addLayout(end);
     makeKeys();
     LoadFormResources(*this);
-    QSize size = kSize;
+    QSize size = KeepSize(*this, kSize);
     if (const QScreen* on = screen()) {
         size = size.boundedTo(on->availableSize() - kAround);
     }

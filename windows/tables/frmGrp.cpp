@@ -1,6 +1,7 @@
 #include "windows/tables/frmGrp.h"
 
 #include "tables/groups.h"
+#include "windows/controls/document_title.h"
 #include "windows/controls/key_field.h"
 #include "windows/controls/load_form_resources.h"
 #include "windows/controls/refused_field.h"
@@ -17,6 +18,7 @@
 namespace qdw8 {
 namespace {
 
+constexpr std::int16_t kTitle = 801;
 constexpr int kRowGap = 3;
 constexpr int kBlockGap = 20;
 constexpr int kBlockRows = 11;
@@ -31,7 +33,7 @@ constexpr std::array<const char*, kGrpFields> kFieldNames{"txtGrpStartNo", "txtG
 } // namespace
 
 frmGrp::frmGrp(QWidget* parent) : QDialog(parent) {
-    const TableFrame frame = LayTableWindow(*this, "frmGrp", 801);
+    const TableFrame frame = LayTableWindow(*this, "frmGrp", kTitle);
     body = frame.fields;
     frame.left->addWidget(makePages());
     frame.left->addWidget(makeRows());
@@ -154,6 +156,7 @@ void frmGrp::moveTo(int row, int field) {
 }
 
 void frmGrp::showState() {
+    ShowDocumentTitle(*this, Groups().state.name, Groups().state.unsaved, kTitle);
     commands->showState(*body);
     for (std::size_t page = 0; page < pages.size(); ++page) {
         pages[page]->setChecked(static_cast<int>(page) == optGrpNo);
@@ -174,8 +177,8 @@ void frmGrp::showState() {
                 box.setText(text);
             }
             if (pageTurned) {
-                box.setAccessibleName(windowTitle() + QLatin1Char(' ') + number + QLatin1Char(' ') +
-                                      ResQText(kHeads[field]));
+                box.setAccessibleName(ResQText(kTitle) + QLatin1Char(' ') + number +
+                                      QLatin1Char(' ') + ResQText(kHeads[field]));
             }
             const std::int16_t reason = ReasonOf(Groups(), group, static_cast<int>(field));
             ShowJudgement(box, reason == 0 ? QString() : ResQText(reason), ResQText(kGrpLimits));

@@ -2,6 +2,7 @@
 
 #include "tables/macros.h"
 #include "windows/controls/arrows.h"
+#include "windows/controls/document_title.h"
 #include "windows/controls/key_field.h"
 #include "windows/controls/load_form_resources.h"
 #include "windows/controls/refused_field.h"
@@ -19,6 +20,7 @@
 namespace qdw8 {
 namespace {
 
+constexpr std::int16_t kTitle = 901;
 constexpr int kRowGap = 3;
 constexpr int kBlockGap = 20;
 constexpr int kBlockSteps = 8;
@@ -35,7 +37,7 @@ constexpr std::array kHeads{Head{"lblStepMoji", 914}, Head{"lblMereiMoji", 904},
 } // namespace
 
 frmSqMcr::frmSqMcr(QWidget* parent) : QDialog(parent) {
-    const TableFrame frame = LayTableWindow(*this, "frmSqMcr", 901);
+    const TableFrame frame = LayTableWindow(*this, "frmSqMcr", kTitle);
     body = frame.fields;
     frame.left->addWidget(makeHead());
     frame.left->addWidget(makeSteps());
@@ -142,6 +144,7 @@ void frmSqMcr::turnTo(int macro) {
 }
 
 void frmSqMcr::showState() {
+    ShowDocumentTitle(*this, Macros().state.name, Macros().state.unsaved, kTitle);
     commands->showState(*body);
     const SmForm& form = TheSmForm();
     const QString number = QString::number(form.lblSqMacroNo);
