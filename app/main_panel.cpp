@@ -35,6 +35,10 @@ void SetPanelText(std::array<std::string, kAxes> MainPanel::*field, std::size_t 
     Change((panel.*field)[axis], text);
 }
 
+void SetPanelLine(const LinePanel& line) {
+    Change(panel.line, line);
+}
+
 void SetPanelScale(const std::string& pulsesPerMm, const std::string& mmPerPulse) {
     Change(panel.scale[0], pulsesPerMm);
     Change(panel.scale[1], mmPerPulse);

@@ -3,9 +3,20 @@
 #include "app/Module1.h"
 
 #include <array>
+#include <cstdint>
 #include <string>
 
 namespace qdw8 {
+
+/// What is told of the line: the port, and whether the controller has answered.
+struct LinePanel {
+    enum class Sign : std::uint8_t { Rest, Good, Bad };
+    Sign sign = Sign::Rest;
+    std::string port;  ///< its number, its device, and whether it is open
+    std::string state; ///< what was heard last; if something is the matter, what to do
+
+    bool operator==(const LinePanel&) const = default;
+};
 
 /// What the main window shows beside the grid and the command states: the lamps and the alarm
 /// display of `FrameOnLine`, the file name, the axis texts, the status bar.
@@ -22,6 +33,7 @@ struct MainPanel {
     std::array<std::string, kAxes> axisHeader;
     /// Head of each axis' position column, "Posi1(mm)".
     std::array<std::string, kAxes> posiHeader;
+    LinePanel line;
     /// Panels 2 and 3 of `sbStatusBar`: the scale of the axis under the cursor.
     std::array<std::string, 2> scale;
 
@@ -36,6 +48,7 @@ void SetPanel(bool MainPanel::*lamp, bool on);
 void SetPanel(std::string MainPanel::*field, const std::string& text);
 void SetPanelText(std::array<std::string, kAxes> MainPanel::*field, std::size_t axis,
                   const std::string& text);
+void SetPanelLine(const LinePanel& line);
 void SetPanelScale(const std::string& pulsesPerMm, const std::string& mmPerPulse);
 
 /// The state of a fresh start: everything off and empty.

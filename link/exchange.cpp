@@ -304,8 +304,31 @@ Ending Attempt(const Request& request, int late, int& sent) {
     }
 }
 
+/// What was heard. A stop that went out instead tells nothing of the line, a port that could not be
+/// opened has been noted.
+void NoteHeard(Ending ending) {
+    Heard heard = Heard::Answer;
+    switch (ending) {
+    case Ending::NoPort:
+    case Ending::Overtaken: return;
+    case Ending::Good:
+    case Ending::ErrorReply: break;
+    case Ending::Timeout:
+    case Ending::GivenUp: heard = Heard::Silence; break;
+    case Ending::PortGone:
+    case Ending::Fault: heard = Heard::PortLost; break;
+    case Ending::WrongEcho:
+    case Ending::WrongLength:
+        heard = ReplyText.starts_with("0%%") ? Heard::Answer : Heard::Garble;
+        break;
+    case Ending::WrongData: heard = Heard::Garble; break;
+    }
+    LastHeard = {heard, PortNo};
+}
+
 /// What an ending means for the line and the alarm, and what is told of it.
 void Conclude(Ending ending, Manner manner) {
+    NoteHeard(ending);
     switch (ending) {
     case Ending::Good:
         AlarmFlag = kClear;

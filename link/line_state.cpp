@@ -14,6 +14,7 @@ struct LineState {
     Flag AlarmFlag = kClear;
     Flag HomedFlag = kClear;
     LineLoss LastLoss = LineLoss::None;
+    LineHeard LastHeard;
     bool LineAnswers = true;
     std::int16_t ReplyTimeoutMs = 0;
     std::int16_t CtModeAnswered = -1;
@@ -32,6 +33,7 @@ Flag& CommErrorFlag = state.CommErrorFlag;
 Flag& AlarmFlag = state.AlarmFlag;
 Flag& HomedFlag = state.HomedFlag;
 LineLoss& LastLoss = state.LastLoss;
+LineHeard& LastHeard = state.LastHeard;
 bool& LineAnswers = state.LineAnswers;
 std::int16_t& ReplyTimeoutMs = state.ReplyTimeoutMs;
 std::int16_t& CtModeAnswered = state.CtModeAnswered;

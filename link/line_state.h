@@ -23,6 +23,21 @@ enum class LineLoss : std::uint8_t {
     Overtaken ///< a stop went out instead
 };
 extern LineLoss& LastLoss;
+/// What the last exchange brought, for the eyes of the user; an error reply is an answer, too.
+enum class Heard : std::uint8_t {
+    Nothing, ///< there was none yet
+    Answer,
+    Silence,
+    Garble,   ///< what came can't be believed
+    Stranger, ///< a controller of another kind
+    NoPort,   ///< the port could not be opened
+    PortLost  ///< it closed itself
+};
+struct LineHeard {
+    Heard what = Heard::Nothing;
+    std::int16_t portNo = 0; ///< there
+};
+extern LineHeard& LastHeard;
 /// The controller was heard in the last exchange, if not to its liking, and can be talked to: the
 /// plain question after a reply that can't be believed was answered, too. False when the time limit
 /// passed, the wait was given up, the port is gone, or an alarm stands that no reset clears.

@@ -3,6 +3,7 @@
 #include "link/alarm.h"
 #include "link/background.h"
 #include "link/line_state.h"
+#include "link/line_status.h"
 #include "link/port.h"
 #include "link/receiver.h"
 #include "link/stop.h"
@@ -12,6 +13,7 @@ namespace qdw8 {
 
 void ResetModule3Tusin() {
     ResetLineState();
+    ResetLineStatus();
     ResetPort();
     ResetAlarmState();
     ResetReceiver();

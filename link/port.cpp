@@ -50,7 +50,11 @@ std::int16_t OpenCtPort() {
 }
 
 std::int16_t OpenCtPortWithTries() {
-    return SixTries([] { return OpenCtPort() == 0; }) ? 0 : 1;
+    if (SixTries([] { return OpenCtPort() == 0; })) {
+        return 0;
+    }
+    LastHeard = {Heard::NoPort, PortNo};
+    return 1;
 }
 
 void ShowPortBox() {

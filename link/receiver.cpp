@@ -66,6 +66,7 @@ void TakeCharacters() {
 /// is the one place after which both flags can be set.
 void GiveLineUp() {
     LineAnswers = false;
+    LastHeard = {Heard::PortLost, PortNo};
     OffLineFlag = kSet;
     CloseCtPortForce();
 }
@@ -87,6 +88,7 @@ void LineEvent() {
         Receive();
     } else if (!IsSet(ReplyAwaitedFlag) && !IsSet(OffLineFlag)) {
         LineAnswers = false;
+        LastHeard = {Heard::PortLost, PortNo};
         SetOfflineState();
     }
 }

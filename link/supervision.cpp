@@ -6,6 +6,7 @@
 #include "link/background.h"
 #include "link/ct_commands.h"
 #include "link/line_state.h"
+#include "link/line_status.h"
 #include "link/port.h"
 #include "platform/platform.h"
 
@@ -37,6 +38,7 @@ void Poll() {
 void SupervisionTick() {
     try {
         SetPanel(&MainPanel::imgPortGreen, MSComm1().PortOpen());
+        WatchLine();
         if (PollIsDue()) {
             RunInBackground(Poll);
         }

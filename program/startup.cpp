@@ -20,6 +20,7 @@
 #include "link/ct_commands.h"
 #include "link/end_of_run.h"
 #include "link/line_state.h"
+#include "link/line_status.h"
 #include "link/port.h"
 #include "link/supervision.h"
 #include "parameter/para_reset.h"
@@ -124,6 +125,7 @@ bool IsRightController() {
     }
     if (CtAxisCount != kAxes) {
         LeaveLine();
+        LastHeard = {Heard::Stranger, PortNo};
         ShowTexts({124, 125});
         return false;
     }
@@ -267,6 +269,7 @@ void Main() {
 
 void frmMain_Load() {
     HomedFlag = kClear;
+    WatchLine();
     EnableTimer(Timer1);
     LoadErrorList();
     Set_MainFormStr();

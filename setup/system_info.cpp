@@ -4,9 +4,9 @@
 #include "app/string_table.h"
 #include "link/line_state.h"
 #include "link/port.h"
+#include "link/port_words.h"
 #include "platform/platform.h"
 #include "platform/port_info.h"
-#include "setup/port_words.h"
 #include "version/version.h"
 
 namespace qdw8 {

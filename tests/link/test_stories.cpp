@@ -11,6 +11,7 @@
 #include "link/batch.h"
 #include "link/ct_commands.h"
 #include "link/line_state.h"
+#include "link/line_status.h"
 #include "link/link_fixture.h"
 #include "link/port.h"
 #include "link/receiver.h"
@@ -19,6 +20,8 @@
 #include "platform/fault.h"
 #include "platform/whole_file.h"
 #include "support/story.h"
+
+#include <filesystem>
 
 namespace qdw8::test {
 namespace {
@@ -209,6 +212,21 @@ private:
         }
         return std::to_string(rows);
     }
+    /// Makes it the device of the port.
+    void plug(const std::string& device) {
+        ThePlatform().settingsFolder = bench.folder;
+        const std::string link = bench.pathOf("ports/com") + std::to_string(PortNo);
+        std::filesystem::create_directory(bench.pathOf("ports"));
+        std::filesystem::remove(link);
+        std::filesystem::create_symlink(device, link);
+    }
+    static std::string Line() {
+        WatchLine();
+        const LinePanel& line = ThePanel().line;
+        EXPECT_NE(line.port.find(MSComm1().PortOpen() ? ", port open" : ", port closed"),
+                  line.port.npos);
+        return std::string(1, "-+!"[static_cast<int>(line.sign)]) + " " + line.state;
+    }
     static std::string On(bool lit) { return lit ? "on" : "off"; }
     static std::string alarm() {
         EXPECT_EQ(ThePanel().lblAlarmNo + ThePanel().lblErrorComment, ErrorNo + ErrorText);
@@ -258,6 +276,7 @@ private:
          })},
         {"refuse",
          Does([](auto&) { MSComm1().SetHandshaking = [](int) { throw Fault("refused"); }; })},
+        {"plug", Does([this](auto& device) { plug(device); })},
         {"hold", Does([this](auto& what) { hold(what); })},
         {"free", Does([this](auto&) { held.clear(); })},
         {"stored", Does([this](auto& port) { platform.settings["PortNo"] = port; })},
@@ -294,6 +313,7 @@ private:
         {"differ", [this](auto&) { return On(platform.boxes.at(0) != platform.boxes.at(1)); }},
         {"lamp", [](auto&) { return On(ThePanel().imgGreenLedOnline); }},
         {"alarmlamp", [](auto&) { return On(ThePanel().imgAlarmLed); }},
+        {"line", [](auto&) { return Line(); }},
         {"portlamp", [](auto&) { return On(ThePanel().imgPortGreen); }},
         {"homed", [](auto&) { return On(ThePanel().imgHomeGreen) + " " + On(IsSet(HomedFlag)); }},
         {"port", [](auto&) { return std::to_string(PortNo); }},

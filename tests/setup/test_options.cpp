@@ -3,11 +3,12 @@
 
 #include "app/move_defaults.h"
 #include "link/line_state.h"
+#include "link/line_status.h"
 #include "link/port.h"
+#include "link/port_words.h"
 #include "link/window_command.h"
 #include "platform/port_info.h"
 #include "setup/options.h"
-#include "setup/port_words.h"
 #include "setup/system_info.h"
 #include "setup_bench.h"
 #include "support/story.h"
@@ -131,6 +132,12 @@ TEST_F(PortWordsTest, SayWhatIsMissingInOneSentence) {
               "COM2 is /dev/ttyS1, which you may not open; ask the administrator for the right to "
               "read and write it."}}) {
         EXPECT_EQ(PortSentence(2, info), sentence);
+        if (info.state == PortState::NotAllowed) {
+            EXPECT_EQ(LineInWords(info, false).state,
+                      info.group.empty() ? PortSentence(PortNo, info)
+                                         : "You may not open it: join the group \"dialout\", then "
+                                           "log in again.");
+        }
     }
 }
 

@@ -145,6 +145,8 @@ TEST_F(Help, F1OpensThePageOfWhatIsInFront) {
     EXPECT_FALSE(help->geometry().contains(box.geometry()));
     QTest::keyClick(help.get(), Qt::Key_F1);
     EXPECT_EQ(file(), "help.html");
+    QTest::keyClick(&Get<QWidget>(*window, "FrameLine"), Qt::Key_F1);
+    EXPECT_EQ(file(), "connect.html");
 }
 
 TEST_F(Help, WordsAreFoundInIndexAndText) {

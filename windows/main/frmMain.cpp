@@ -12,6 +12,7 @@
 #include "windows/controls/load_form_resources.h"
 #include "windows/controls/program_icon.h"
 #include "windows/controls/texts.h"
+#include "windows/main/line_row.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -76,6 +77,8 @@ frmMain::frmMain(const CommandTable& commands, MainWindowEvents handlers)
     layout->setContentsMargins(kSpacing, kSpacing, kSpacing, 0);
     layout->setSpacing(kSpacing);
     layout->addWidget(makeTop());
+    lineRow = new LineRow(middle);
+    layout->addWidget(lineRow);
     layout->addWidget(makeInfoRow());
     layout->addWidget(grid, 1);
     setCentralWidget(middle);
@@ -240,7 +243,8 @@ void frmMain::setTabOrders() {
         }
         before = control;
     }
-    setTabOrder(before, grid);
+    setTabOrder(before, lineRow);
+    setTabOrder(lineRow, grid);
 }
 
 void frmMain::loadResources() {
@@ -293,6 +297,7 @@ void frmMain::showPanel() {
     alarmNo->setValue(ResQText(214), text(panel.lblAlarmNo));
     alarmText->setText(text(panel.lblErrorComment));
     alarmText->setToolTip(text(panel.lblErrorComment));
+    lineRow->showLine(panel.line);
     fileName->setValue(ResQText(212), text(panel.lblFileName));
     for (std::size_t axis = 0; axis < deviceTypes.size(); ++axis) {
         deviceTypes[axis]->setValue(ResQText(static_cast<std::int16_t>(220 + axis)),

@@ -15,6 +15,7 @@ class QLabel;
 namespace qdw8 {
 
 class FieldLabel;
+class LineRow;
 
 /// What the main window hands to the rules.
 struct MainWindowEvents {
@@ -84,6 +85,7 @@ private:
     std::array<Lamp, 4> lamps;
     FieldLabel* alarmNo = nullptr;
     QLabel* alarmText = nullptr;
+    LineRow* lineRow = nullptr;
     FieldLabel* fileName = nullptr;
     std::array<FieldLabel*, kAxes> deviceTypes{};
     std::array<FieldLabel*, 4> statusPanels{};

@@ -1,8 +1,8 @@
 #include "windows/options/port_page.h"
 
+#include "link/port_words.h"
 #include "platform/port_info.h"
 #include "setup/options.h"
-#include "setup/port_words.h"
 #include "windows/controls/key_field.h"
 #include "windows/controls/load_form_resources.h"
 

@@ -1,4 +1,4 @@
-#include "setup/port_words.h"
+#include "link/port_words.h"
 
 #include "app/string_table.h"
 #include "platform/port_info.h"

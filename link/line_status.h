@@ -1,0 +1,26 @@
+#pragma once
+
+#include "app/main_panel.h"
+
+#include <string>
+
+/// The line in words, for somebody who looks on: which port it is, whether it is open, whether the
+/// controller has answered, and what to do where something is the matter.
+namespace qdw8 {
+
+struct PortInfo;
+
+/// What is told of the line now, if `PortNo` is what `info` says.
+LinePanel LineInWords(const PortInfo& info, bool open);
+
+/// Looks at the port, unless it is open, and shows what is told of the line. Opens and sends
+/// nothing.
+void WatchLine();
+
+/// What is told besides to somebody who asks, some lines: the port in a sentence, the other ports
+/// of the machine.
+std::string LineDetails();
+
+void ResetLineStatus();
+
+} // namespace qdw8
