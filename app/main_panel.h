@@ -8,11 +8,12 @@
 
 namespace qdw8 {
 
-/// What is told of the line: the port, and whether the controller has answered.
+/// What is told of the line: the port, whether it is open, whether the controller has answered.
 struct LinePanel {
     enum class Sign : std::uint8_t { Rest, Good, Bad };
     Sign sign = Sign::Rest;
-    std::string port;  ///< its number, its device, and whether it is open
+    std::string port; ///< its number and its device
+    bool open = false;
     std::string state; ///< what was heard last; if something is the matter, what to do
 
     bool operator==(const LinePanel&) const = default;

@@ -59,7 +59,8 @@ LinePanel LineInWords(const PortInfo& info, bool open) {
     // Somebody who works on files alone has nothing to mend.
     const bool offLine = IsSet(OffLineFlag) && !failed;
     LinePanel line;
-    line.port = ResText(open ? 3301 : 3302, {"COM" + std::to_string(PortNo) + ": " + info.device});
+    line.port = "COM" + std::to_string(PortNo) + ": " + info.device;
+    line.open = open;
     if (!open && info.state != PortState::Ready) {
         line.sign = offLine ? Rest : Bad;
         line.state = WhatThePortLacks(info);
@@ -91,13 +92,17 @@ void WatchLine() {
     SetPanelLine(LineInWords(watched.info, open));
 }
 
+std::string PortInWords(const LinePanel& line, bool open) {
+    return ResText(open ? 3301 : 3302, {line.port});
+}
+
 std::string LineDetails() {
     const LinePanel& line = ThePanel().line;
-    std::string text = line.port + "\n" + line.state;
+    std::string text = PortInWords(line, line.open) + "\n" + line.state;
     if (AlarmStays()) {
         text += "\n" + ResText(325);
     }
-    if (!watched.open) {
+    if (!line.open) {
         text += "\n" + PortSentence(PortNo, watched.info);
     }
     if (line.sign != LinePanel::Sign::Good) {

@@ -13,6 +13,9 @@ struct PortInfo;
 /// What is told of the line now, if `PortNo` is what `info` says.
 LinePanel LineInWords(const PortInfo& info, bool open);
 
+/// The port of `line` as it reads when it is open, or closed.
+std::string PortInWords(const LinePanel& line, bool open);
+
 /// Looks at the port, unless it is open, and shows what is told of the line. Opens and sends
 /// nothing.
 void WatchLine();

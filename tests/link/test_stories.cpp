@@ -223,8 +223,7 @@ private:
     static std::string Line() {
         WatchLine();
         const LinePanel& line = ThePanel().line;
-        EXPECT_NE(line.port.find(MSComm1().PortOpen() ? ", port open" : ", port closed"),
-                  line.port.npos);
+        EXPECT_EQ(line.open, MSComm1().PortOpen());
         return std::string(1, "-+!"[static_cast<int>(line.sign)]) + " " + line.state;
     }
     static std::string On(bool lit) { return lit ? "on" : "off"; }

@@ -65,7 +65,7 @@ TEST_F(MainWindow, ShowsThePanel) {
     }
     EXPECT_NE(grey("imgPortGreen"), grey("imgAlarmLed"));
     EXPECT_EQ(text("sbStatusBar(1)"), "Online");
-    SetPanelLine({LinePanel::Sign::Bad, "COM1: /dev/ttyS0, port closed", "It is not there."});
+    SetPanelLine({LinePanel::Sign::Bad, "COM1: /dev/ttyS0", false, "It is not there."});
     EXPECT_EQ(Get<QWidget>(*window, "FrameLine").accessibleName(),
               "RS-232C COM1: /dev/ttyS0, port closed - It is not there.");
     EXPECT_TRUE(isLit("imgLine(2)") && !isLit("imgLine(0)"));

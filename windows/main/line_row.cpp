@@ -18,9 +18,10 @@ namespace {
 
 constexpr int kSignSide = 16;
 constexpr int kSpacing = 6;
-constexpr int kFocusRoom = 1;       ///< around the fields, for the frame that shows the focus
-constexpr int kPortCharacters = 34; ///< "COM1: /dev/ttyUSB0, port closed"
+constexpr int kFocusRoom = 1; ///< around the fields, for the frame that shows the focus
 constexpr int kStateCharacters = 24;
+/// Digits; a link whose device is gone may name a much longer one.
+constexpr int kLongestPort = 44;
 
 } // namespace
 
@@ -40,7 +41,7 @@ LineRow::LineRow(QWidget* parent) : QFrame(parent) {
         signs[sign]->setObjectName(QStringLiteral("imgLine(%1)").arg(sign));
         layout->addWidget(signs[sign]);
     }
-    port = new FieldLabel(QStringLiteral("lblLinePort"), kPortCharacters, this);
+    port = new FieldLabel(QStringLiteral("lblLinePort"), 0, this);
     layout->addWidget(port);
     state = new FieldLabel(QStringLiteral("lblLineState"), kStateCharacters, this);
     state->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -51,7 +52,16 @@ void LineRow::showLine(const LinePanel& line) {
     for (std::size_t sign = 0; sign < signs.size(); ++sign) {
         signs[sign]->setVisible(sign == static_cast<std::size_t>(line.sign));
     }
-    port->setValue({}, QString::fromStdString(line.port));
+    // As wide as its words, and no other when it is opened or closed.
+    const auto words = [&line](bool open) {
+        return QString::fromStdString(PortInWords(line, open));
+    };
+    const QFontMetrics font = port->fontMetrics();
+    const int room =
+        qMax(font.horizontalAdvance(words(true)), font.horizontalAdvance(words(false)));
+    const int most = font.horizontalAdvance(QLatin1Char('0')) * kLongestPort;
+    port->setFixedWidth(port->sizeHint().width() + qMin(room, most));
+    port->setValue({}, words(line.open));
     state->setValue({}, QString::fromStdString(line.state));
     // The row's own tells more.
     port->setToolTip({});
