@@ -13,8 +13,9 @@ namespace {
 
 /// Who takes a command away. The lists of lines and cells come back with a selection in the grid.
 enum class List : std::uint8_t {
-    LeftOut, ///< nobody; while a batch runs the command does nothing
-    Always,  ///< nobody, ever
+    LeftOut,  ///< nobody; while a batch runs the command does nothing
+    ByItself, ///< as `LeftOut`, but off until its room says that there is something to do
+    Always,   ///< nobody, ever
     Button,
     Menu,
     ToolBar,
@@ -109,7 +110,7 @@ std::string_view NameOf(Command command) {
 
 bool IsEnabled(Command command) {
     return state.built.test(IndexOf(command)) && state.enabled.test(IndexOf(command)) &&
-           !(state.batchRuns && kEntries[IndexOf(command)].list == List::LeftOut);
+           !(state.batchRuns && kEntries[IndexOf(command)].list < List::Always);
 }
 
 void SetEnabled(Command command, bool enabled) {

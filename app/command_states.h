@@ -51,6 +51,8 @@ namespace qdw8 {
     C(mnuEditLinePaste, LinePaste)                                                                 \
     C(mnuEditCellCopy, CellCopy)                                                                   \
     C(mnuEditCellPaste, CellPaste)                                                                 \
+    C(mnuGridUndo, ByItself)                                                                       \
+    C(mnuGridRedo, ByItself)                                                                       \
     C(mnuView, Menu)                                                                               \
     C(mnuViewToolBar, LeftOut)                                                                     \
     C(mnuViewStatusBar, LeftOut)                                                                   \

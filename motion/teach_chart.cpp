@@ -7,6 +7,7 @@
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
 #include "position/grid_editor.h"
+#include "position/grid_history.h"
 #include "position/posi_columns.h"
 #include "position/posi_table.h"
 
@@ -93,6 +94,7 @@ ChartEnd AskAboutTeachChart() {
 
 void AdoptTeachingData() {
     bool leftOut = false;
+    auto step = std::make_unique<GridStep>();
     FreezeGrid();
     for (const auto& [position, taught] : state.rows) {
         for (std::size_t axis = 0; axis < kAxes; ++axis) {
@@ -109,6 +111,7 @@ void AdoptTeachingData() {
     }
     TeachingDataFlag = kClear;
     ThawGrid();
+    step.reset();
     if (leftOut) {
         ShowTexts({kLeftOut});
     }

@@ -7,6 +7,7 @@
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
 #include "position/grid_editor.h"
+#include "position/grid_history.h"
 #include "position/posi_columns.h"
 #include "position/posi_table.h"
 
@@ -171,6 +172,7 @@ void PutClip() {
 /// From the current line on, as far as the grid goes. True: a comment was cut.
 bool PutLines() {
     const std::string text = ClipText();
+    const GridStep step;
     Pasting pasting;
     ClipRows rows(text);
     for (int row = flgdData().row; row <= LastGridRow() && !rows.atEnd(); ++row) {
@@ -179,18 +181,18 @@ bool PutLines() {
             pasting.put(row, column++, cell);
         }
     }
+    PosiDirtyFlag = kSet;
+    GoToCell(flgdData().row, 1); // the current line, wherever the selection began
     return pasting.commentCut;
 }
 
 void PasteLines() {
-    const bool commentCut = PutLines();
-    PosiDirtyFlag = kSet;
-    GoToCell(flgdData().row, 1); // the current line, wherever the selection began
-    TellIfCut(commentCut);
+    TellIfCut(PutLines());
 }
 
 /// Down the selection: one cell fills it, several go down it in order. True: a comment was cut.
 bool PutCells(const std::vector<std::string_view>& cells) {
+    const GridStep step;
     Pasting pasting;
     const auto [first, last] = SelectedRows();
     for (int row = first; row <= last; ++row) {
@@ -201,6 +203,7 @@ bool PutCells(const std::vector<std::string_view>& cells) {
             pasting.put(row, flgdData().col, cells[index]);
         }
     }
+    PosiDirtyFlag = kSet;
     return pasting.commentCut;
 }
 
@@ -216,7 +219,6 @@ void PasteCells() {
     if (cells.empty()) {
         return;
     }
-    PosiDirtyFlag = kSet;
     const bool commentCut = PutCells(cells);
     LineCopiedFlag = kClear;
     EditCMD_Yuko();

@@ -4,6 +4,7 @@
 #include "device/Module2Calc.h"
 #include "position/bad_cells.h"
 #include "position/flex_grid.h"
+#include "position/grid_history.h"
 #include "position/posi_columns.h"
 #include "position/posi_table.h"
 
@@ -124,6 +125,7 @@ void ShowTable() {
     if (GridFirst == 0 && GridLast == 0) {
         return;
     }
+    EndGridHistory();
     FreezeGrid();
     SetGridRows(GridLast - GridFirst + 1 + kGridHeadRows);
     Change_DispUnit();

@@ -11,8 +11,8 @@ std::string MmText(double mm);
 /// Head texts of the position columns; called at load and when the unit changes.
 void Set_MainFormStr();
 
-/// Fills the grid from the table for `GridFirst` to `GridLast`; the user's place stays. Nothing
-/// happens without data. No cell is longer than its edit box.
+/// Fills the grid from the table for `GridFirst` to `GridLast`; the user's place stays, and nothing
+/// of before can be undone. Nothing happens without data. No cell is longer than its edit box.
 void ShowTable();
 /// The same for one row of the table that took its values from the grid's very cells: a cell that
 /// shows its number as it would be shown stays as it is.

@@ -5,6 +5,7 @@
 #include "position/cell_edit.h"
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
+#include "position/grid_history.h"
 #include "position/grid_lines.h"
 #include "position/posi_columns.h"
 #include "position/posi_table.h"
@@ -218,6 +219,7 @@ bool CommitEdit() {
     if (!flgdData().edit.open) {
         return true;
     }
+    const GridStep step; // the line that Enter adds is part of it
     if (!flgdData_ValidateEdit()) {
         return false;
     }
@@ -234,6 +236,7 @@ void flgdData_Delete() {
         grid.colSel != kGridCommentColumn || first < kGridHeadRows || last > LastGridRow()) {
         return;
     }
+    const GridStep step;
     FreezeGrid();
     for (int row = first; row <= last; ++row) {
         SetGridText(row, kGridCommentColumn, {});

@@ -5,6 +5,7 @@
 #include "position/flex_grid.h"
 #include "position/grid_cursor.h"
 #include "position/grid_display.h"
+#include "position/grid_history.h"
 #include "position/posi_check.h"
 #include "position/posi_table.h"
 #include "position/recovery.h"
@@ -53,6 +54,7 @@ void LastRowIsGone() {
 } // namespace
 
 void InsertLines(int gridRow, int count) {
+    const GridStep step;
     FreezeGrid();
     for (int i = 0; i < count; ++i) {
         MakeRoom();
@@ -93,6 +95,7 @@ void DeleteLine_Click() {
     }
     CancelEdit();
     const auto [first, last] = SelectedRows();
+    const GridStep step;
     FreezeGrid();
     for (int row = first; row <= last; ++row) {
         RemoveGridRow(first);

@@ -51,18 +51,6 @@ bool AskRange(const std::function<void()>& dialog) {
     return asked && !IsSet(std::exchange(RangeCancelFlag, kClear));
 }
 
-RangesBefore::RangesBefore()
-    : gridFirst(GridFirst), gridLast(GridLast), gridRowCount(GridRowCount), posiFirst(PosiFirst),
-      posiLast(PosiLast) {}
-
-void RangesBefore::putBack() const {
-    GridFirst = gridFirst;
-    GridLast = gridLast;
-    GridRowCount = gridRowCount;
-    PosiFirst = posiFirst;
-    PosiLast = posiLast;
-}
-
 WholeGridAfter::~WholeGridAfter() {
     TakeWholeGrid();
 }

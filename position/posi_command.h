@@ -24,20 +24,6 @@ public:
 /// set. False: it was left by Cancel, or didn't come up because the program ends.
 bool AskRange(const std::function<void()>& dialog);
 
-/// The five range variables, as they were when the object was made.
-class RangesBefore {
-public:
-    RangesBefore();
-    void putBack() const;
-
-private:
-    std::int16_t gridFirst;
-    std::int16_t gridLast;
-    std::int16_t gridRowCount;
-    std::int16_t posiFirst;
-    std::int16_t posiLast;
-};
-
 /// Makes the working range the whole grid when the object goes: a command that works on a part of
 /// the document must not leave it narrowed, or the next save would write that part alone. Nothing
 /// happens without data.

@@ -13,6 +13,7 @@
 #include "platform/whole_file.h"
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
+#include "position/grid_history.h"
 #include "position/posi_check.h"
 #include "position/posi_command.h"
 #include "position/posi_table.h"
@@ -124,6 +125,7 @@ std::optional<std::string> AskFileName(std::int16_t titleId) {
 
 /// The grid shows the comments as the file has them from now on.
 void ShowWrittenComments() {
+    const GridStep step; // the user may have his own signs back
     FreezeGrid();
     for (std::int16_t position = PosiFirst; position <= PosiLast; ++position) {
         std::string& comment = PosiTable[static_cast<std::size_t>(position)].comment;

@@ -63,6 +63,18 @@ std::string TextOf(const StageCell& cell) {
     return text != nullptr ? *text : PlainDecimal(std::get<double>(cell));
 }
 
+RangesBefore::RangesBefore()
+    : gridFirst(GridFirst), gridLast(GridLast), gridRowCount(GridRowCount), posiFirst(PosiFirst),
+      posiLast(PosiLast) {}
+
+void RangesBefore::putBack() const {
+    GridFirst = gridFirst;
+    GridLast = gridLast;
+    GridRowCount = gridRowCount;
+    PosiFirst = posiFirst;
+    PosiLast = posiLast;
+}
+
 void ClearPosiTable() {
     PosiRow fresh;
     fresh.written = true;

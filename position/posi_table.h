@@ -29,12 +29,16 @@ struct PosiRow {
     std::array<double, kComment> number{};
     std::string comment;
     bool written = false;
+
+    bool operator==(const PosiRow&) const = default;
 };
 
 /// Both forms of the positions of a row, per axis.
 struct PosiUnits {
     std::array<double, kAxes> pulse{};
     std::array<double, kAxes> mm{};
+
+    bool operator==(const PosiUnits&) const = default;
 };
 
 /// A cell that came from a file or from the controller, exactly as it was read.
@@ -64,6 +68,20 @@ extern std::string& PosiFolder;
 /// The file that was opened or written last, with its folder: where the next save goes. Empty while
 /// the document has none.
 extern std::string& PosiFilePath;
+
+/// The five range variables, as they were when the object was made.
+class RangesBefore {
+public:
+    RangesBefore();
+    void putBack() const;
+
+private:
+    std::int16_t gridFirst;
+    std::int16_t gridLast;
+    std::int16_t gridRowCount;
+    std::int16_t posiFirst;
+    std::int16_t posiLast;
+};
 
 /// Fills every row with the defaults; clears both unit forms and the frame texts.
 void ClearPosiTable();

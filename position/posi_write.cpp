@@ -7,6 +7,7 @@
 #include "link/port.h"
 #include "platform/fault.h"
 #include "position/check_result.h"
+#include "position/grid_history.h"
 #include "position/posi_columns.h"
 #include "position/posi_table.h"
 
@@ -52,6 +53,7 @@ std::string PosiRowText(std::int16_t position) {
 }
 
 LineResult WritePosidataToCt(const PosiFrames& frames) {
+    ControllerTakesRows();
     const LineResult result = SendMany(frames.writes, {frames.rows, 383, /*cancel=*/true});
     CloseCtPort();
     if (result == LineResult::WrongEcho) {

@@ -3,6 +3,7 @@
 #include "position/check_result.h"
 #include "position/flex_grid.h"
 #include "position/grid_cursor.h"
+#include "position/grid_history.h"
 #include "position/posi_command.h"
 #include "position/posi_file.h"
 #include "position/posi_reader.h"
@@ -19,6 +20,7 @@ void ResetPositions() {
     ResetPosiTable();
     ResetGrid();
     ResetGridCursor();
+    ResetGridHistory();
     ResetCheckResult();
     ResetPosiFile();
     ResetPosiReader();

@@ -10,6 +10,7 @@
 #include "position/grid_clipboard.h"
 #include "position/grid_editor.h"
 #include "position/grid_lines.h"
+#include "position/grid_undo.h"
 #include "position/posi_file.h"
 #include "position/posi_new.h"
 #include "position/posi_verify.h"
@@ -85,6 +86,7 @@ constexpr std::array kMenus{
     MenuRow{Menu::Settings, "mnuSettings", 280, mnuSettings, {}},
     MenuRow{Menu::FunctionCt, "mnuFunctionCt", 285, mnuFunctionCt, {}},
     MenuRow{Menu::Help, "mnuHelp", 290, {}, {}},
+    MenuRow{Menu::Grid, "mnuGrid", 0, {}, {}},
 };
 
 constexpr std::array kRows{
@@ -209,6 +211,13 @@ constexpr std::array kRows{
     CommandRow{.routine = OpenAbout,
                .editedCell = LeftAlone,
                .entry = {{mnuHelpVersion, Menu::Help, 292}}},
+
+    CommandRow{.routine = mnuGridUndo_Click,
+               .runs = Here,
+               .entry = {{mnuGridUndo, Menu::Grid, 3380, "Ctrl+Z"}}},
+    CommandRow{.routine = mnuGridRedo_Click,
+               .runs = Here,
+               .entry = {{mnuGridRedo, Menu::Grid, 3381, "Ctrl+Shift+Z; Ctrl+Y"}}},
 };
 
 bool EditedCellAllows(EditedCell editedCell) {

@@ -2,6 +2,7 @@
 
 #include "app/screens.h"
 #include "position/grid_clipboard.h"
+#include "position/grid_undo.h"
 #include "position_bench.h"
 
 #include <random>
@@ -39,6 +40,20 @@ void ExpectInStep() {
     EXPECT_LT(flgdData().row, rows + kGridHeadRows);
 }
 
+/// What a step brings back: texts, marks, ranges, the user's place, and whether a read would ask.
+std::vector<std::string> Standing() {
+    const FlexGrid& grid = flgdData();
+    auto all = PositionBench::gridTexts();
+    for (const auto& row : grid.rows) {
+        all.push_back(row.bad.to_string());
+    }
+    for (const int number : {int{GridFirst}, int{GridLast}, int{PosiFirst}, int{PosiLast}, grid.row,
+                             grid.col, grid.rowSel, grid.colSel, int{PosiTableHasData()}}) {
+        all.push_back(std::to_string(number));
+    }
+    return all;
+}
+
 class Lines : public PositionTest {
 protected:
     Lines() {
@@ -63,11 +78,20 @@ TEST_F(Lines, RandomEditsLeaveGridNumbersRangesAndScreenInStep) {
         PosiFirst = static_cast<std::int16_t>(pick(GridFirst, GridLast));
         PosiLast = static_cast<std::int16_t>(pick(PosiFirst, GridLast));
         PosiDirtyFlag = kClear;
+        SetGridBad(pick(2, end - first + 2), pick(1, 19), true);
+        auto saved = gridTexts();
+        std::vector<std::pair<std::vector<std::string>, std::vector<std::string>>> steps;
         for (int step = 0; step < 40 && flgdData().rows.size() > kGridHeadRows; ++step) {
             const int last = static_cast<int>(flgdData().rows.size()) - 1;
             const int column = pick(0, 2) == 0 ? 1 : pick(1, 20);
             const bool oneColumn = pick(0, 1) == 0;
             flgdData_RowColChange(pick(2, last), column, pick(2, last), oneColumn ? column : 20);
+            if (pick(0, 9) == 0) {
+                saved = gridTexts();
+                PosiDirtyFlag = kClear;
+            }
+            const auto before = Standing();
+            const auto cells = gridTexts();
             switch (pick(0, 4)) {
             case 0: InsertLine_Click(); break;
             case 1: DeleteLine_Click(); break;
@@ -93,7 +117,23 @@ TEST_F(Lines, RandomEditsLeaveGridNumbersRangesAndScreenInStep) {
             }
             ExpectInStep();
             ASSERT_FALSE(HasFailure()) << "round " << round << " step " << step;
+            if (cells != gridTexts()) {
+                steps.emplace_back(before, Standing());
+            }
         }
+        const auto takeBack = [&](auto&& click, const auto& wanted) {
+            click();
+            ASSERT_EQ(Standing(), wanted);
+            ExpectInStep();
+            ASSERT_TRUE(IsSet(PosiDirtyFlag) || saved == gridTexts() || gridTexts().empty());
+        };
+        for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
+            takeBack(mnuGridUndo_Click, step->first);
+        }
+        for (const auto& step : steps) {
+            takeBack(mnuGridRedo_Click, step.second);
+        }
+        ASSERT_FALSE(HasFailure()) << "round " << round;
     }
 }
 

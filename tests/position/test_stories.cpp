@@ -3,6 +3,7 @@
 #include "platform/whole_file.h"
 #include "position/grid_clipboard.h"
 #include "position/grid_lines.h"
+#include "position/grid_undo.h"
 #include "position/posi_file.h"
 #include "position/posi_new.h"
 #include "position/posi_reader.h"
@@ -55,6 +56,8 @@ const std::map<std::string, void (*)()> kCommands{{"save", SavePosiFile},
                                                   {"check", [] { PosiDataCheck3(); }},
                                                   {"mm", [] { ChangeUnit(kSet); }},
                                                   {"pulses", [] { ChangeUnit(kClear); }},
+                                                  {"undo", mnuGridUndo_Click},
+                                                  {"redo", mnuGridRedo_Click},
                                                   {"insert-lines", InsertLine_Click},
                                                   {"delete-lines", DeleteLine_Click},
                                                   {"delete", flgdData_Delete},

@@ -7,8 +7,10 @@
 
 #include <QApplication>
 #include <QInputMethodEvent>
+#include <QMenu>
 #include <QScrollBar>
 #include <QStringList>
+#include <QTest>
 #include <functional>
 #include <map>
 #include <optional>
@@ -80,6 +82,23 @@ protected:
             {"press", [&] { press(name); }},
             {"scroll", [&] { grid->verticalScrollBar()->setValue(n[0]); }},
             {"home", [] { GridHome(); }},
+            {"menu",
+             [&] {
+                 const QPoint there = middleOf(n[0], n[1]);
+                 QWidget* under = grid->viewport()->childAt(there);
+                 under = under != nullptr ? under : grid->viewport();
+                 QTest::mousePress(under, Qt::RightButton, {}, there);
+                 QContextMenuEvent asked(QContextMenuEvent::Mouse, there, {});
+                 QApplication::sendEvent(under, &asked);
+                 QMenu& menu = Get<QMenu>(*window, "mnuGrid");
+                 std::string on = menu.isVisible() ? "" : "none";
+                 for (const QAction* entry : menu.actions()) {
+                     const bool seen = menu.isVisible() && entry->isEnabled();
+                     on += seen && !entry->isSeparator() ? entry->text().toStdString() + "," : "";
+                 }
+                 EXPECT_EQ(on, behind(2));
+                 menu.close();
+             }},
             {"lock", [&] { lock.emplace(); }},
             {"edit",
              [&] {

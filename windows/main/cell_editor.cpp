@@ -33,6 +33,12 @@ QString Shown(const std::string& text) {
     return shown;
 }
 
+/// The second key of the grid's redo is the edit's own as well, also where the desktop has none but
+/// Ctrl+Shift+Z.
+bool IsRedo(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Y && event.modifiers() == Qt::ControlModifier;
+}
+
 /// What a line edit inserts for a key: what the key writes, also with Alt or AltGr held down.
 QString InsertedText(const QKeyEvent& event) {
     const Qt::KeyboardModifiers others = event.modifiers() & ~Qt::ShiftModifier;
@@ -67,7 +73,7 @@ CellEditor::CellEditor(Keys handlers, QWidget* parent)
     setFrame(false);
     setTextMargins(kTextMargin, 0, kTextMargin, 0);
     // Every other way of a text into the box would get round the key filter.
-    setContextMenuPolicy(Qt::NoContextMenu);
+    setContextMenuPolicy(Qt::PreventContextMenu);
     setDragEnabled(false);
     setAcceptDrops(false);
     const Rgb rgb = RgbOf(CellColour::Editing);
@@ -141,8 +147,20 @@ bool CellEditor::goesIn(const QString& typed) {
     return false;
 }
 
+bool CellEditor::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && IsRedo(*static_cast<QKeyEvent*>(event))) {
+        event->accept();
+        return true;
+    }
+    return QLineEdit::event(event);
+}
+
 void CellEditor::keyPressEvent(QKeyEvent* event) {
     flgdData_KeyDownEdit(EditKeyOf(*event));
+    if (IsRedo(*event)) {
+        redo();
+        return;
+    }
     if (event->matches(QKeySequence::Paste)) {
         paste();
         return;

@@ -13,12 +13,12 @@
 namespace qdw8 {
 
 /// The menus, in the order of their bar.
-enum class Menu : std::uint8_t { File, FileShogo, Edit, View, Settings, FunctionCt, Help };
+enum class Menu : std::uint8_t { File, FileShogo, Edit, View, Settings, FunctionCt, Help, Grid };
 
 struct MenuRow {
     Menu menu;
     const char* name;
-    std::int16_t caption;                ///< id of the text
+    std::int16_t caption;                ///< id of the text; 0: stands in no bar
     std::optional<Command> command = {}; ///< a menu with a state of its own: it is off as a whole
     std::optional<Menu> inside = {};     ///< stands in that menu, in front of its next entry
     bool line = false;                   ///< a separator above
@@ -40,9 +40,9 @@ struct MenuPlace {
     Command name;
     Menu menu;
     std::int16_t caption; ///< 0: no entry, only the key
-    const char* key = "";
-    bool line = false;   ///< a separator above
-    bool ticked = false; ///< can be ticked, and is at first
+    const char* key = ""; ///< several stand between "; "
+    bool line = false;    ///< a separator above
+    bool ticked = false;  ///< can be ticked, and is at first
 };
 
 struct ToolBarPlace {

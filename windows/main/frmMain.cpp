@@ -4,6 +4,7 @@
 #include "position/flex_grid.h"
 #include "position/grid_clipboard.h"
 #include "position/grid_editor.h"
+#include "position/grid_history.h"
 #include "position/posi_columns.h"
 #include "position/posi_table.h"
 #include "windows/controls/document_title.h"
@@ -22,6 +23,7 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 #include <QScreen>
 #include <QStatusBar>
@@ -70,7 +72,14 @@ frmMain::frmMain(const CommandTable& commands, MainWindowEvents handlers)
             showLimits();
         }
     };
-    grid = new GridView({moved, routine}, this);
+    auto& gridMenu = *findChild<QMenu*>(QStringLiteral("mnuGrid"));
+    gridMenu.addSeparator();
+    gridMenu.addActions(findChild<QMenu*>(QStringLiteral("mnuEdit"))->actions());
+    const auto openMenu = [&gridMenu](QPoint at) {
+        ShowUndoCommands();
+        gridMenu.popup(at); // it waits for nothing: a command that runs goes on beside it
+    };
+    grid = new GridView({moved, routine, openMenu}, this);
 
     auto* middle = new QWidget(this);
     auto* layout = new QVBoxLayout(middle);
@@ -253,6 +262,7 @@ void frmMain::loadResources() {
     toolBar->setAccessibleName(ResQText(271).section(QLatin1Char('('), 0, 0));
     statusBar()->setAccessibleName(ResQText(272).section(QLatin1Char('('), 0, 0));
     grid->loadResources();
+    findChild<QMenu*>(QStringLiteral("mnuGrid"))->setAccessibleName(ResQText(202));
     loaded = false;
     showPanel();
 }

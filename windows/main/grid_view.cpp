@@ -300,10 +300,23 @@ void GridView::handBackNow() {
 bool GridView::eventFilter(QObject* watched, QEvent* event) {
     const bool head =
         watched == verticalHeader()->viewport() || watched == horizontalHeader()->viewport();
-    if (head && event->type() == QEvent::MouseButtonPress && !finishInput()) {
-        return true;
+    if (head && event->type() == QEvent::MouseButtonPress) {
+        if (!finishInput()) {
+            return true;
+        }
+        takeLineForMenu(*static_cast<QMouseEvent*>(event), watched);
     }
     return QTableView::eventFilter(watched, event);
+}
+
+/// The other button on a position number is for its line, too, unless that is selected already.
+void GridView::takeLineForMenu(const QMouseEvent& press, const QObject* head) {
+    const int row = verticalHeader()->logicalIndexAt(press.pos());
+    if (press.button() == Qt::RightButton && head == verticalHeader()->viewport() && row >= 0 &&
+        flgdData().locked == 0 && !selectionModel()->isRowSelected(row)) {
+        selectRow(row);
+        handBackNow();
+    }
 }
 
 void GridView::mousePressEvent(QMouseEvent* event) {
@@ -387,6 +400,19 @@ void GridView::keyPressEvent(QKeyEvent* event) {
         QTableView::keyPressEvent(event);
         handBackNow();
     }
+}
+
+void GridView::contextMenuEvent(QContextMenuEvent* event) {
+    if (flgdData().locked > 0 || flgdData().edit.open || !events.menu) {
+        return;
+    }
+    if (event->reason() == QContextMenuEvent::Mouse) {
+        events.menu(event->globalPos());
+        return;
+    }
+    const QModelIndex current = cells->index(flgdData().row - kGridHeadRows, flgdData().col - 1);
+    scrollTo(current);
+    events.menu(viewport()->mapToGlobal(visualRect(current).center()));
 }
 
 bool GridView::focusNextPrevChild(bool next) {

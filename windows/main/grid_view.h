@@ -38,6 +38,8 @@ public:
         std::function<void(int, int, int, int)> rowColChange;
         /// The keys for copy and paste stand for the command that fits the selection.
         std::function<void(Command)> command;
+        /// The menu of the cells is asked for, at a place of the screen.
+        std::function<void(QPoint)> menu;
     };
 
     explicit GridView(Events events, QWidget* parent = nullptr);
@@ -68,6 +70,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     /// Tab and Shift+Tab go along the row, and out of the grid at its ends.
     bool focusNextPrevChild(bool next) override;
@@ -85,6 +88,7 @@ private:
     void selectionMoved();
     void handBack();
     void handBackNow();
+    void takeLineForMenu(const QMouseEvent& press, const QObject* head);
     bool moveInRow(int columns);
     std::pair<int, int> rowsOnScreen() const;
 

@@ -48,6 +48,8 @@ QMenu& TheMenu(QMainWindow& window, CommandControls& controls, const CommandTabl
             outer.addSeparator();
         }
         menu = outer.addMenu(caption);
+    } else if (row.caption == 0) {
+        menu = new QMenu(&window);
     } else {
         menu = window.menuBar()->addMenu(caption);
     }
@@ -72,7 +74,11 @@ QAction* MakeEntry(QMainWindow& window, CommandControls& controls, const Command
     if (place.line) {
         menu.addSeparator();
     }
-    return menu.addAction(QString::number(place.caption));
+    QAction* action = menu.addAction(QString::number(place.caption));
+    if (place.menu == Menu::Grid) {
+        window.addAction(action); // the keys of a menu that stands in no bar go nowhere
+    }
+    return action;
 }
 
 } // namespace
@@ -98,7 +104,7 @@ void BuildMenus(QMainWindow& window, CommandControls& controls, const CommandTab
         }
         QAction* action = MakeEntry(window, controls, table, *row.entry);
         Bind(window, *action, row.entry->name, routine);
-        action->setShortcut(QKeySequence(QLatin1String(row.entry->key)));
+        action->setShortcuts(QKeySequence::listFromString(QLatin1String(row.entry->key)));
         action->setCheckable(row.entry->ticked);
         action->setChecked(row.entry->ticked);
         // Qt would move entries with names like "Exit" or "Option" elsewhere on some desktops.
