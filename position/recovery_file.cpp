@@ -117,6 +117,9 @@ void ReadBody(Lines lines, KeptTable& table) {
     table.stamp = std::move(head[4]);
     table.first = NumberIn(head[5], 0, kLastPosition);
     const int count = NumberIn(head[6], 1, kLastPosition - table.first + 1);
+    if (table.first == 0 && count == 1) {
+        throw Fault("the grid has no such range");
+    }
     table.devices = lines.nextArray<kAxes>();
     table.types = lines.nextArray<kAxes>();
     if (head[7] == "edit") {
@@ -196,7 +199,8 @@ KeptForm ReadKeptTable(std::string_view text, KeptTable& table) {
         if (NumberIn(head[1], 1, INT16_MAX) > kVersion) {
             return KeptForm::Newer;
         }
-        if (lines.nextRaw() != CheckDigits(lines.rest())) {
+        const std::string_view digits = lines.nextRaw();
+        if (digits != CheckDigits(lines.rest())) {
             return KeptForm::Damaged;
         }
         ReadBody(lines, table);

@@ -5,14 +5,22 @@
 
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 namespace qdw8 {
 namespace {
 
 namespace fs = std::filesystem;
 
+constexpr const char* kTable = ".unsaved";
+
 std::string NameOf(int number, const char* ending) {
     return ThePlatform().stateFolder + "/positions-" + std::to_string(number) + ending;
+}
+
+bool Exists(const std::string& file) {
+    std::error_code error;
+    return fs::exists(fs::symlink_status(file, error));
 }
 
 /// Nobody else is to look into it.
@@ -26,11 +34,10 @@ void MakeStateFolder() {
 } // namespace
 
 RecoverySlot::RecoverySlot(int number)
-    : file(NameOf(number, ".unsaved")), lock(NameOf(number, ".lock")) {}
+    : file(NameOf(number, kTable)), lock(NameOf(number, ".lock")) {}
 
 bool RecoverySlot::holdsTable() const {
-    std::error_code error;
-    return fs::exists(fs::symlink_status(file, error));
+    return Exists(file);
 }
 
 std::unique_ptr<RecoverySlot> FreeSlot() {
@@ -42,6 +49,25 @@ std::unique_ptr<RecoverySlot> FreeSlot() {
         }
     }
     throw Fault(ThePlatform().stateFolder + ": full of tables that nobody has decided about");
+}
+
+std::vector<std::unique_ptr<RecoverySlot>> LeftSlots() {
+    std::vector<std::unique_ptr<RecoverySlot>> left;
+    for (int number = 1; number <= RecoverySlot::kSlots; ++number) {
+        // Looked at first: a place that nobody uses is not to get a lock.
+        if (!Exists(NameOf(number, kTable))) {
+            continue;
+        }
+        try {
+            auto slot = std::make_unique<RecoverySlot>(number);
+            if (slot->mine() && slot->holdsTable()) {
+                left.push_back(std::move(slot));
+            }
+        } catch (const Fault&) {
+            continue;
+        }
+    }
+    return left;
 }
 
 } // namespace qdw8

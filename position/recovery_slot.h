@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace qdw8 {
 
@@ -46,5 +47,9 @@ private:
 /// A place that nobody has and that holds no table; the state folder is made if it is missing.
 /// Throws `Fault` if there is none.
 std::unique_ptr<RecoverySlot> FreeSlot();
+
+/// The places with a table whose program has gone, by their numbers. One that can't be locked is
+/// left out, for a later start.
+std::vector<std::unique_ptr<RecoverySlot>> LeftSlots();
 
 } // namespace qdw8

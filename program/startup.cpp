@@ -34,6 +34,7 @@
 #include "setup/controller_devices.h"
 #include "setup/detail_edit.h"
 #include "setup/device_bytes.h"
+#include "setup/recovery_offer.h"
 #include "setup/repaint_axes.h"
 #include "setup/system_info.h"
 
@@ -264,6 +265,9 @@ void Main() {
         }
     }
     EditCMD_Muko();
+    if (!IsSet(ProgramEndFlag)) {
+        OfferRecovery();
+    }
     EndIfConfirmed();
 }
 

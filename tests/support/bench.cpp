@@ -18,6 +18,7 @@ namespace qdw8::test {
 Bench::Bench() {
     std::string name = testing::TempDir() + "qdw8_unit_XXXXXX";
     folder = ::mkdtemp(name.data());
+    ThePlatform().stateFolder = folder + "/state";
     InitTables();
     LoadErrorList();
 }

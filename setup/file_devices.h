@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+
+namespace qdw8 {
+
+class DevicesBefore;
+
+/// What became of the devices of a file.
+enum class FileDevices : std::uint8_t {
+    Settled,   ///< the devices in force are those that the file is to be shown with
+    Cancelled, ///< nothing was copied
+    Failed     ///< no parameter file was taken; a box has told why
+};
+
+/// For positions that were made for the axes and devices in `FileDevText` and `FileNewOld`: where
+/// the program works with others, the user chooses those in force now, the file's own with their
+/// factory parameters, or those of a parameter file. Without factory parameters the devices of
+/// `before` are put back. Faults for a device that doesn't exist; `DevSettei` is the caller's to
+/// put back, then and where nothing was settled.
+FileDevices SettleFileDevices(const DevicesBefore& before);
+
+} // namespace qdw8
