@@ -30,10 +30,6 @@ public:
     Talking& operator=(const Talking&) = delete;
 };
 
-bool ExchangeRuns() {
-    return state.talks || IsSet(CtBusyFlag);
-}
-
 void RunKept() {
     const std::function<void()> command = std::exchange(state.kept, {});
     if (command) {
@@ -42,7 +38,7 @@ void RunKept() {
 }
 
 bool Run(const std::function<void()>& talk, bool watched, int holders = 0) {
-    if (ExchangeRuns() || holders > 0) {
+    if (LineTalks() || holders > 0) {
         return false;
     }
     try {
@@ -77,6 +73,10 @@ void WhenLineIsFree(const std::function<void()>& command) {
     } else if (!state.kept) {
         state.kept = command;
     }
+}
+
+bool LineTalks() {
+    return state.talks || IsSet(CtBusyFlag);
 }
 
 bool CommandWouldWait() {

@@ -37,6 +37,10 @@ void AskForLine();
 /// watched or asked to end, or a command is kept for its end.
 bool UserWaitsForLine();
 
+/// A frame is on its way, or the answer to one: in an exchange of whomever, or between those of a
+/// tick.
+bool LineTalks();
+
 /// Keeps ticks from sending for the life of the object, but for a stop: batches hold one, so that
 /// nothing starts between their exchanges. The ticks themselves go on.
 class PollHeld {

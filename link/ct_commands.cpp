@@ -113,7 +113,11 @@ std::int16_t ReadArrivalStatus() {
     if (Safe("0RA", 6) != 0) {
         return -1;
     }
-    return Mid(ReplyText, 4, 1) == "1" ? 1 : 0;
+    if (Mid(ReplyText, 4, 1) != "1") {
+        return 0;
+    }
+    SetMotionRuns(false);
+    return 1;
 }
 
 std::int16_t CheckCtIdentity() {
@@ -137,18 +141,22 @@ std::int16_t ReadAxisVersion(int axis) {
 }
 
 std::int16_t MoveToPosition(int position, int kind) {
+    SetMotionRuns(true);
     return OnceEchoed(kind == 1 ? "0MM" : "0MP", 9, HexField(position, 3) + MaskDigit());
 }
 
 std::int16_t RunGroup(int group) {
+    SetMotionRuns(true);
     return OnceEchoed("0MG", 7, HexField(group, 2), kNoLimit);
 }
 
 std::int16_t JogRun(const std::string& data) {
+    SetMotionRuns(true);
     return Once("0JR", 5, data, std::nullopt);
 }
 
 std::int16_t InchingMove(const std::string& data) {
+    SetMotionRuns(true);
     return Once("0MV", 5, data, std::nullopt);
 }
 

@@ -370,6 +370,9 @@ void ServeStop(int late, bool tells) {
         ending = Attempt({kStop, 5, {}, 0, Manner::Once}, late, sent);
     } while (StopIsWished());
     LastStop = ending == Ending::Good ? Stop::Answered : Stop::Failed;
+    if (ending == Ending::Good) {
+        SetMotionRuns(false);
+    }
     Conclude(ending, tells ? Manner::Once : Manner::Quiet);
     ReplyTimeoutMs = limit;
     ReplyText = reply;

@@ -1,5 +1,7 @@
 #include "link/stop.h"
 
+#include "platform/platform.h"
+
 namespace qdw8 {
 namespace {
 
@@ -7,6 +9,7 @@ namespace {
 struct StopState {
     Stop LastStop = Stop::None;
     Flag AxisMayMove = kClear;
+    bool motionRuns = false;
 };
 StopState state;
 
@@ -14,6 +17,17 @@ StopState state;
 
 Stop& LastStop = state.LastStop;
 Flag& AxisMayMove = state.AxisMayMove;
+
+bool MotionRuns() {
+    return state.motionRuns;
+}
+
+void SetMotionRuns(bool runs) {
+    state.motionRuns = runs;
+    if (MSComm1().SetLastWord) {
+        MSComm1().SetLastWord(runs ? "0SP\r\n" : "");
+    }
+}
 
 void WishStop() {
     LastStop = Stop::Wished;

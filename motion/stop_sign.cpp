@@ -59,6 +59,7 @@ void SeeReading() {
     }
     if (state.reading == JogPresentPos) {
         NothingMoves();
+        SetMotionRuns(false);
     } else {
         state.reading = JogPresentPos;
     }

@@ -158,9 +158,9 @@ bool MakeData(JogEntry& entry, bool& beyond) {
     return entry.data.size() == kInchingData;
 }
 
-/// None while a stop is not confirmed.
+/// None while a stop is not confirmed, nor behind the end of the program.
 bool MoveWaits() {
-    return IsSet(JogSendPending) && !StopIsDue();
+    return IsSet(JogSendPending) && !StopIsDue() && !IsSet(ProgramEndFlag);
 }
 
 /// The head of the queue. A release or an end drops it out of every wait, and it is gone then.

@@ -83,6 +83,13 @@ struct Platform {
     /// it notes the end and returns.
     std::function<void()> EndProgram;
 
+    /// Called, out of the event pump, each time the system tells the program to end. Set by the
+    /// program; while it is empty the process ends at once.
+    std::function<void()> OnToldToEnd;
+    /// Takes away the box, dialog or menu in front, as if it had been cancelled; it is gone when
+    /// the event pump has returned to whoever showed it. False: there was none.
+    std::function<bool()> CancelModal;
+
     /// Folder in which the list files and the manual lie: that of the program, or the one of its
     /// data where it is installed; no separator at the end.
     std::string programFolder;

@@ -38,6 +38,10 @@ struct SerialControl {
     /// Drops all that has come and was not read, half a line that is held back among it. Does
     /// nothing if the port is closed. Never faults.
     std::function<void()> DropInput;
+    /// What the port chosen last is told, opened anew for it, if the process is gone, killed or
+    /// crashed, before the word was taken back by an empty text. It is sent again until the other
+    /// end repeats it.
+    std::function<void(const std::string&)> SetLastWord;
     /// The last communication event, as a number.
     std::function<int()> CommEvent;
 

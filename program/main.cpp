@@ -1,3 +1,4 @@
+#include "platform/last_word.h"
 #include "platform/qt/qt_platform.h"
 #include "program/startup.h"
 #include "program/wiring.h"
@@ -6,6 +7,7 @@
 #include <QStyleFactory>
 
 int main(int argc, char** argv) {
+    qdw8::StartLastWord();
     argc = 1; // the program has no command line, and neither has the toolkit
     QApplication application(argc, argv);
     QApplication::setApplicationName("QD-W8");

@@ -7,6 +7,7 @@
 #include "app/string_table.h"
 #include "link/background.h"
 #include "link/port.h"
+#include "link/stop.h"
 #include "link/window_command.h"
 #include "motion/teach_clicks.h"
 #include "parameter/para_fields.h"
@@ -73,6 +74,7 @@ bool frmMain_QueryUnload() {
         return false;
     }
     EndKeeping();
+    SetMotionRuns(false); // what has gone out is never cut short by an end that was asked for
     if (CommandsTaken()) {
         ProgramEndFlag = kSet;
         return false;

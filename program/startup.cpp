@@ -30,6 +30,7 @@
 #include "position/posi_table.h"
 #include "program/commands.h"
 #include "program/init_tables.h"
+#include "program/told_to_end.h"
 #include "setup/change_device.h"
 #include "setup/controller_devices.h"
 #include "setup/detail_edit.h"
@@ -256,6 +257,7 @@ void Main() {
         Screens().languageSettled();
     }
     RegisterCommands();
+    ObeyToldToEnd();
     {
         const CommandsAway away;
         try {

@@ -15,6 +15,7 @@ void InstallQtPlatform() {
     InstallQtMachine();
     InstallQtInputMethod();
     InstallQtDialogPlaces();
+    InstallQtToldToEnd();
 }
 
 } // namespace qdw8

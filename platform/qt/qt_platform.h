@@ -48,6 +48,11 @@ void InstallQtSettings();
 /// Clipboard, beep, screen size, program folder and the end of the process.
 void InstallQtDesktop();
 
+/// The word of the system that the program is to end (SIGTERM, SIGINT, SIGHUP): it is handed over
+/// out of the event loop. A process that hasn't ended ten seconds later, because no event loop runs
+/// any more, is ended by the system.
+void InstallQtToldToEnd();
+
 /// The facts for a report.
 void InstallQtMachine();
 

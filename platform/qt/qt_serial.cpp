@@ -1,4 +1,5 @@
 #include "platform/fault.h"
+#include "platform/last_word.h"
 #include "platform/platform.h"
 #include "platform/qt/guarded_call.h"
 #include "platform/qt/qt_platform.h"
@@ -50,6 +51,7 @@ struct SerialLine {
     int commEvent = 0;
     LineSettings settings;
     QSerialPort::FlowControl handshaking = QSerialPort::NoFlowControl;
+    std::string lastWord;
 };
 
 [[noreturn]] void FailWithPort(SerialLine& line, const char* what) {
@@ -119,21 +121,33 @@ void ApplySettings(SerialLine& line) {
     }
 }
 
+/// The lock that keeps other programs off is made from the device's own name, not the link's.
+QString DeviceOf(const SerialLine& line) {
+    const QString device = QString::fromStdString(DeviceOfPort(line.portNo));
+    const QString target = QFileInfo(device).canonicalFilePath();
+    return target.isEmpty() ? device : target;
+}
+
+void KeepWord(const SerialLine& line) {
+    KeepLastWord(DeviceOf(line).toStdString(), line.lastWord);
+}
+
 void OpenLine(SerialLine& line) {
     if (line.open) {
         return;
     }
     CloseLine(line);
-    const QString device = QString::fromStdString(DeviceOfPort(line.portNo));
-    // The lock that keeps other programs off is made from the device's own name, not the link's.
-    const QString target = QFileInfo(device).canonicalFilePath();
-    line.port.setPortName(target.isEmpty() ? device : target);
+    const QString device = DeviceOf(line);
+    line.port.setPortName(device);
     ApplySettings(line);
     line.port.setFlowControl(line.handshaking);
     if (!line.port.open(QIODevice::ReadWrite)) {
         FailWithPort(line, device.toStdString().c_str());
     }
     line.open = true;
+    if (!line.lastWord.empty()) {
+        KeepWord(line); // it may be another port, or an adapter that came back under another name
+    }
     AskForLowLatency(line.port.handle());
     AskForWholeLines(line.port.handle());
 }
@@ -290,6 +304,12 @@ void InstallQtSerial() {
         if (line->open) {
             line->port.clear(QSerialPort::Input);
             line->port.readAll(); // a full buffer listens again only when it is read
+        }
+    };
+    control.SetLastWord = [line](const std::string& text) {
+        if (text != line->lastWord) {
+            line->lastWord = text;
+            KeepWord(*line);
         }
     };
     control.CommEvent = [line] { return line->commEvent; };

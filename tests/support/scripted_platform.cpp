@@ -129,6 +129,7 @@ void ScriptedPlatform::installSerial() {
         }
         return std::exchange(inputBuffer, {});
     };
+    serial.SetLastWord = [this](const std::string& text) { lastWord = text; };
     serial.CommEvent = [] { return 0; };
 }
 

@@ -85,6 +85,7 @@ public:
     std::string clipboard;
     ScreenSize screen{1280, 1024};
     int beeps = 0;
+    std::string lastWord; ///< of the port
     bool ended = false;
     bool imeOpen = true;
 

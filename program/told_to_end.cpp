@@ -1,0 +1,66 @@
+#include "program/told_to_end.h"
+
+#include "app/Module1.h"
+#include "app/command_states.h"
+#include "link/background.h"
+#include "link/ct_commands.h"
+#include "link/end_of_run.h"
+#include "link/line_state.h"
+#include "link/port.h"
+#include "link/stop.h"
+#include "platform/platform.h"
+#include "platform/timer.h"
+#include "position/recovery.h"
+
+namespace qdw8 {
+namespace {
+
+constexpr int kTicks = 100; ///< of 50 ms
+
+int ticks = 0;
+Timer timerToldToEnd{"timerToldToEnd", 50, false, {}};
+
+/// A command, or what it shows, is still on its way out.
+bool SomethingRuns() {
+    return CommandsTaken() || LineTalks();
+}
+
+void CancelWhatIsUp() {
+    if (ThePlatform().CancelModal) {
+        ThePlatform().CancelModal();
+    }
+}
+
+void Tick() {
+    if (++ticks < kTicks && SomethingRuns()) {
+        CancelWhatIsUp();
+        return;
+    }
+    DisableTimer(timerToldToEnd);
+    CloseCtPortForce();
+    frmMain_Unload();
+}
+
+void BeToldToEnd() {
+    if (timerToldToEnd.enabled) {
+        return;
+    }
+    ProgramEndFlag = kSet;
+    EnableTimer(timerToldToEnd);
+    CancelWhatIsUp();
+    if (MotionRuns()) {
+        StopMotion();
+    }
+    KeepUnsavedNow();
+}
+
+} // namespace
+
+void ObeyToldToEnd() {
+    ticks = 0;
+    DisableTimer(timerToldToEnd);
+    timerToldToEnd.routine = Tick;
+    ThePlatform().OnToldToEnd = BeToldToEnd;
+}
+
+} // namespace qdw8

@@ -1,0 +1,16 @@
+#pragma once
+
+/// The end of the program by the system's word: a session that ends, a terminal that is closed, a
+/// kill. Nobody is asked.
+namespace qdw8 {
+
+/// From now on that word counts. To be called when the settings have been read, which the end
+/// stores.
+///
+/// The word makes the end confirmed (`ProgramEndFlag`): what is up is cancelled, what moves is
+/// stopped, unsaved positions are kept for the next start, commands end at their next look, and the
+/// process ends when the line is free and every command back. After 5 s it ends in any case; the
+/// port's last word then stops what still moves.
+void ObeyToldToEnd();
+
+} // namespace qdw8
