@@ -2,6 +2,7 @@
 #include "platform/qt/qt_platform.h"
 #include "program/startup.h"
 #include "program/wiring.h"
+#include "windows/colours/legible.h"
 
 #include <QApplication>
 #include <QStyleFactory>
@@ -12,6 +13,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("QD-W8");
     QApplication::setStyle(QStyleFactory::create("Fusion"));
+    const qdw8::LegibleDesktop colours;
     // The main window alone decides when the program ends.
     QApplication::setQuitOnLastWindowClosed(false);
 

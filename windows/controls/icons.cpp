@@ -223,14 +223,14 @@ void DrawLamp(QPainter& painter, const QColor& fill, const QColor& rim) {
 }
 
 void DrawLampGreen(QPainter& painter, const Inks&) {
-    DrawLamp(painter, QColor(0x35B34A), QColor(0x14692A));
+    DrawLamp(painter, QColor(0x1E8537), QColor(0x0F5220));
     painter.setPen(Pen(Qt::white, 3));
     painter.setBrush(Qt::NoBrush);
     painter.drawPolyline(QPolygonF{{7, 12.5}, {10.5, 16}, {17, 8.5}});
 }
 
 void DrawLampWhite(QPainter& painter, const Inks&) {
-    DrawLamp(painter, Qt::white, QColor(0x808080));
+    DrawLamp(painter, Qt::white, QColor(0x666666));
 }
 
 void DrawLampRed(QPainter& painter, const Inks&) {

@@ -2,6 +2,7 @@
 
 #include "windows/controls/load_form_resources.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QMargins>
 #include <QPushButton>
@@ -45,15 +46,22 @@ void frmSelectPosiNo2::showOptions() {
             return; // still being built
         }
         // A disabled box takes the colour of the window, so that it is plainly not to be filled.
-        QPalette colours = palette();
+        QPalette colours;
         if (!selected) {
-            colours.setColor(QPalette::Base, colours.color(QPalette::Window));
+            colours.setColor(QPalette::Base, palette().color(QPalette::Window));
         }
         box->setPalette(colours);
         box->setEnabled(selected);
     }
     range.lblStartPosiMoji->setEnabled(selected);
     range.lblEndPosiMoji->setEnabled(selected);
+}
+
+void frmSelectPosiNo2::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        showOptions();
+    }
 }
 
 void frmSelectPosiNo2::accept() {

@@ -16,6 +16,9 @@ public:
     void accept() override;
     void reject() override;
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     void showOptions();
 

@@ -17,8 +17,8 @@
 namespace qdw8 {
 namespace {
 
-constexpr int kMargin = 16;
-constexpr int kSpacing = 12;
+constexpr int kMargin = 12;
+constexpr int kSpacing = 8;
 constexpr int kLineSpacing = 4;
 constexpr int kPictureSide = 64;
 constexpr int kTextWidth = 66;   ///< in digits

@@ -23,6 +23,7 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTextBlock>
 #include <QTextBrowser>
@@ -59,7 +60,6 @@ constexpr std::int16_t kIndexStart = 3335;
 
 constexpr QSize kSize{1000, 720};
 constexpr int kLeastWidth = 560; ///< with the list and a page that can be read
-constexpr int kListWidth = 260;
 constexpr int kMargin = 8;
 constexpr int kPageMargin = 14;
 constexpr int kPlaceRole = Qt::UserRole;
@@ -161,7 +161,8 @@ frmHelp::frmHelp(Manual shown) : QWidget(nullptr, Qt::Window), manual(std::move(
     split->addWidget(makeTabs());
     split->addWidget(page);
     split->setStretchFactor(1, 1);
-    split->setSizes({kListWidth, kSize.width() - kListWidth});
+    const int list = listWidth();
+    split->setSizes({list, kSize.width() - list});
     layout->addWidget(split, 1);
     makeKeys();
     LoadFormResources(*this);
@@ -198,6 +199,18 @@ void frmHelp::makeButtons(QHBoxLayout& row) {
     row.addStretch();
     connect(button("cmdPrint", kPrint), &QPushButton::clicked, this, [this] { print(); });
     connect(button("cmdSavePdf", kSavePdf), &QPushButton::clicked, this, [this] { savePdf(); });
+}
+
+/// As wide as the longest title in the contents, as far as the page keeps the larger half.
+int frmHelp::listWidth() const {
+    int widest = 0;
+    for (const ManualPage& row : manual.rows) {
+        widest = std::max(widest, contents->fontMetrics().horizontalAdvance(row.title));
+    }
+    const int around = 2 * contents->indentation() +
+                       contents->verticalScrollBar()->sizeHint().width() + 4 * kMargin;
+    return std::min(std::max(widest + around, tabs->tabBar()->sizeHint().width()),
+                    kSize.width() / 2);
 }
 
 QTabWidget* frmHelp::makeTabs() {

@@ -29,6 +29,7 @@ public:
 private:
     void makeButtons(QHBoxLayout& row);
     QTabWidget* makeTabs();
+    int listWidth() const;
     QWidget* makeContents(QWidget* parent);
     QWidget* makeIndex(QWidget* parent);
     QWidget* makeSearch(QWidget* parent);

@@ -77,7 +77,7 @@ CellEditor::CellEditor(Keys handlers, QWidget* parent)
     setDragEnabled(false);
     setAcceptDrops(false);
     const Rgb rgb = RgbOf(CellColour::Editing);
-    QPalette colours = palette();
+    QPalette colours;
     colours.setColor(QPalette::Base, QColor(rgb.red, rgb.green, rgb.blue));
     colours.setColor(QPalette::Text, Qt::black);
     setPalette(colours);

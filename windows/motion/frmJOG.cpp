@@ -27,11 +27,11 @@
 namespace qdw8 {
 namespace {
 
-constexpr int kMargin = 12;
-constexpr int kSpacing = 12;
-constexpr int kGap = 6;
+constexpr int kMargin = 8;
+constexpr int kSpacing = 8;
+constexpr int kGap = 4;
 constexpr int kPictureSide = 28;
-constexpr int kAxisButtonHeight = 44; ///< large enough to be held without looking at it
+constexpr int kAxisButtonHeight = 40; ///< large enough to be held without looking at it
 constexpr int kPositionDigits = 9;
 constexpr double kLarger = 1.4; ///< the positions are read from beside the machine
 constexpr int kNumberDigits = 5;
@@ -64,11 +64,11 @@ Picture PictureOf(const TeachingForm& form) {
 
 /// Black on a light ground, or white on red, on every palette: it must not be overlooked.
 void Paint(QWidget& area, bool alarming) {
-    QPalette colours = area.palette();
+    QPalette colours;
     colours.setColor(QPalette::Window,
                      alarming ? QColor(0xB3, 0x12, 0x0C) : QColor(0xF2, 0xF2, 0xF2));
     colours.setColor(QPalette::WindowText, alarming ? Qt::white : Qt::black);
-    if (colours != area.palette()) {
+    if (colours.color(QPalette::Window) != area.palette().color(QPalette::Window)) {
         area.setPalette(colours);
     }
 }

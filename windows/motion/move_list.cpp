@@ -80,12 +80,7 @@ MoveList::MoveList(QWidget* parent)
     head->setData(kTagRole, kHead);
     setVerticalHeaderItem(0, head);
     SetNumbers(*this, kHead, kTip);
-    QPalette colours = palette(); // no cell is chosen in a list that is locked
-    colours.setBrush(QPalette::Disabled, QPalette::Highlight,
-                     colours.brush(QPalette::Disabled, QPalette::Base));
-    colours.setBrush(QPalette::Disabled, QPalette::HighlightedText,
-                     colours.brush(QPalette::Disabled, QPalette::Text));
-    setPalette(colours);
+    colour();
     editor->setFrame(false);
     editor->setAlignment(Qt::AlignCenter);
     SetNumbers(*editor, kHead);
@@ -102,6 +97,29 @@ MoveList::~MoveList() {
     // An editor that has the focus tells when it loses it, and in a window that goes it does.
     editor->removeEventFilter(this);
     disconnect();
+}
+
+/// In a list that is locked no cell is chosen.
+void MoveList::colour() {
+    const QPalette now = palette();
+    if (now.brush(QPalette::Disabled, QPalette::Highlight) !=
+            now.brush(QPalette::Disabled, QPalette::Base) ||
+        now.brush(QPalette::Disabled, QPalette::HighlightedText) !=
+            now.brush(QPalette::Disabled, QPalette::Text)) {
+        QPalette colours;
+        colours.setBrush(QPalette::Disabled, QPalette::Highlight,
+                         now.brush(QPalette::Disabled, QPalette::Base));
+        colours.setBrush(QPalette::Disabled, QPalette::HighlightedText,
+                         now.brush(QPalette::Disabled, QPalette::Text));
+        setPalette(colours);
+    }
+}
+
+void MoveList::changeEvent(QEvent* event) {
+    QTableWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        colour();
+    }
 }
 
 QSize MoveList::sizeHint() const {

@@ -29,11 +29,13 @@ public:
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
+    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
+    void colour();
     void showEditor(const ListEdit& edit);
 
     KeyField* editor;

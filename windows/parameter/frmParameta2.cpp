@@ -28,8 +28,8 @@ namespace qdw8 {
 namespace {
 
 constexpr std::int16_t kTitle = 601;
-constexpr int kMargin = 8;
-constexpr int kSpacing = 8;
+constexpr int kMargin = 6;
+constexpr int kSpacing = 6;
 constexpr int kGap = 4;
 /// Room for what a window manager puts around a window.
 constexpr QSize kFrameAround{10, 40};

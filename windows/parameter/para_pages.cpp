@@ -18,8 +18,11 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QStyle>
+#include <QTabBar>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <string_view>
@@ -30,7 +33,7 @@ namespace {
 using enum ParaControl;
 
 constexpr int kGap = 4;
-constexpr int kSpacing = 8;
+constexpr int kSpacing = 6;
 constexpr int kFieldCharacters = 11; ///< least width of a field, in digits
 constexpr int kWideCharacters = 14;  ///< and of one that stands once
 constexpr int kActuatorLength = 3;   ///< characters of a size and of a stroke
@@ -100,13 +103,6 @@ QString ItemOf(ParaControl control) {
     return QString::fromLatin1(item.data(), static_cast<qsizetype>(item.size()));
 }
 
-/// As wide as the sign of a refused field: a tab must not grow and push another out of the window.
-QIcon NoSign(const QSize& size) {
-    QPixmap nothing(size);
-    nothing.fill(Qt::transparent);
-    return QIcon(nothing);
-}
-
 QString AxisCaption(std::size_t axis) {
     return ResQText(static_cast<std::int16_t>(220 + axis));
 }
@@ -154,14 +150,35 @@ void ShowActuatorList(QComboBox& list, ParaControl control, std::size_t axis) {
     }
 }
 
+/// Tabs with a sign for pages with refused fields, as their data say. It stands in the room beside
+/// the text: a tab that grew could push another out of the window.
+class SignedTabs : public QTabBar {
+public:
+    explicit SignedTabs(QWidget* parent) : QTabBar(parent) {
+        setObjectName(QStringLiteral("qt_tabwidget_tabbar")); // as the toolkit calls its own
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        QTabBar::paintEvent(event);
+        QPainter painter(this);
+        const int room = style()->pixelMetric(QStyle::PM_TabBarTabHSpace, nullptr, this) / 2;
+        for (int page = 0; page < count(); ++page) {
+            if (tabData(page).toBool()) {
+                const QRect tab = tabRect(page);
+                IconOf(Drawing::LampRed).paint(&painter, tab.x() + 1, tab.y(), room, tab.height());
+            }
+        }
+    }
+};
+
 } // namespace
 
 ParaPages::ParaPages(QWidget* parent) : QTabWidget(parent) {
     setObjectName(QStringLiteral("SSTabPrm"));
+    setTabBar(new SignedTabs(this));
     // All pages are in sight: the window is made wide enough for them.
     setUsesScrollButtons(false);
-    // No higher than the text: a page that gets its sign must not push the window larger.
-    setIconSize({fontMetrics().ascent(), fontMetrics().ascent()});
     for (int page = 0; page < static_cast<int>(kPages.size()); ++page) {
         makePage(page);
     }
@@ -189,6 +206,7 @@ void ParaPages::makePage(int page) {
     SetMnemonic(*frame, made.mnemonic);
     auto* layout = new QVBoxLayout(frame);
     layout->setSpacing(kSpacing);
+    layout->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
     const bool special = made.caption == 606;
     if (special) {
         auto* box = new QCheckBox(frame);
@@ -347,12 +365,11 @@ void ParaPages::nameControls() {
         }
     }
     // An axis stands at the same place on every page.
-    const int actuator = items[static_cast<std::size_t>(comboActSize)]->sizeHint().width();
     int width = 0;
     for (std::size_t index = 0; index < kParaControls; ++index) {
         const QLabel* part = labels[index];
-        width = std::max(width, part != nullptr ? actuator + kSpacing + part->sizeHint().width()
-                                                : items[index]->sizeHint().width());
+        width = std::max(width, items[index]->sizeHint().width() +
+                                    (part != nullptr ? kSpacing + part->sizeHint().width() : 0));
     }
     for (QGridLayout* grid : grids) {
         grid->setColumnMinimumWidth(0, width);
@@ -371,8 +388,9 @@ void ParaPages::showFields() {
     }
     for (int page = 0; page < count(); ++page) {
         const bool wanted = marked[static_cast<std::size_t>(page)];
-        if (tabIcon(page).isNull() || tabToolTip(page).isEmpty() == wanted) {
-            setTabIcon(page, wanted ? IconOf(Drawing::LampRed) : NoSign(iconSize()));
+        if (tabToolTip(page).isEmpty() == wanted) {
+            tabBar()->setTabData(page, wanted);
+            tabBar()->update();
             setTabToolTip(page, wanted ? ResQText(3077) : QString());
         }
     }
@@ -431,6 +449,18 @@ void ParaPages::showLook(Field& field, Look look) {
         text->addAction(IconOf(Drawing::LampRed), QLineEdit::LeadingPosition);
     } else if (text != nullptr) {
         qDeleteAll(text->actions());
+    }
+}
+
+void ParaPages::changeEvent(QEvent* event) {
+    QTabWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        for (auto& ofControl : fields) {
+            for (Field& field : ofControl) {
+                field.look.reset(); // some colours are taken from the scheme
+            }
+        }
+        showFields();
     }
 }
 

@@ -41,6 +41,7 @@ public:
     QPushButton* cmdCalculate = nullptr;
 
 protected:
+    void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -51,7 +51,7 @@ void Lamp::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     const QColor line = palette().color(QPalette::WindowText);
     const QRectF disc(1, (height() - kSide) / 2.0 + 1, kSide - 2, kSide - 2);
-    const QColor lit = warns ? QColor(0xC62828) : QColor(0x2C8A43);
+    const QColor lit = warns ? QColor(0xC62828) : QColor(0x1E8537);
     painter.setPen(QPen(shines ? lit.darker(120) : line, 1.2));
     painter.setBrush(shines ? lit : palette().color(QPalette::Base));
     painter.drawEllipse(disc);

@@ -1,6 +1,7 @@
 #include "windows/simulator/run_window.h"
 
 #include "simulator/serve.h"
+#include "windows/colours/legible.h"
 #include "windows/simulator/texts.h"
 #include "windows/simulator/window.h"
 
@@ -60,6 +61,7 @@ int RunWithWindow(Front& front, int count, char** texts) {
     QApplication application(count, texts);
     QApplication::setApplicationName("qd-k8-sim");
     QApplication::setStyle(QStyleFactory::create("Fusion"));
+    const qdw8::LegibleDesktop colours;
     QApplication::setWindowIcon(Icon());
     Choose(front.options.language);
 

@@ -201,11 +201,11 @@ void TroublePanel::listFaults() {
     }
     if (rules.isEmpty()) {
         auto* none = new QListWidgetItem(Text("no-faults"), list);
-        none->setFlags(Qt::NoItemFlags);
+        none->setFlags(Qt::ItemIsEnabled);
     }
     const int last = static_cast<int>(rules.size()) - 1;
     list->setCurrentRow(qBound(qMin(0, last), row, last));
-    remove->setEnabled(list->currentRow() >= 0);
+    remove->setEnabled(list->currentRow() >= 0 && !rules.isEmpty());
     removeAll->setEnabled(!rules.isEmpty());
 }
 

@@ -1,0 +1,205 @@
+// Every window in both languages on the desks that CMakeLists.txt names: one process for each, for
+// a scale holds for a whole process. Each text must have its room and stand out from its ground,
+// and each window must fit the screen. The pictures go to the folder QDW8_PICTURES.
+
+#include "app/main_panel.h"
+#include "app/string_table.h"
+#include "each_window.h"
+#include "platform/qt/dialog_places.h"
+#include "text_notes.h"
+#include "windows/colours/legible.h"
+#include "windows/parameter/frmParameta2.h"
+#include "windows/simulator/texts.h"
+#include "windows/simulator/window.h"
+
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QDir>
+#include <QHeaderView>
+#include <QScreen>
+#include <QScrollBar>
+#include <QStyle>
+#include <QTabWidget>
+
+namespace qdw8::test {
+namespace {
+
+/// What a window manager puts around a window, at the least.
+constexpr QSize kFrame{8, 32};
+
+/// The colour that takes most of that place; shades that the eye takes for one count as one.
+QColor GroundOf(const QImage& picture, const QRect& place) {
+    std::map<QRgb, int> counts;
+    std::pair<int, QRgb> most;
+    for (int y = place.top(); y <= place.bottom(); ++y) {
+        for (int x = place.left(); x <= place.right(); ++x) {
+            const QRgb pixel = picture.pixel(x, y);
+            most = std::max(most, {++counts[pixel & 0xF0F0F0], pixel});
+        }
+    }
+    return most.second;
+}
+
+/// The colours of a desktop.
+QPalette Scheme(const QByteArray& name) {
+    const bool night = name == "dark";
+    if (!night && name != "contrast") {
+        return QApplication::style()->standardPalette();
+    }
+    const QColor ground = night ? QColor(0x2B2B2B) : QColor(Qt::black);
+    const QColor ink = night ? QColor(0xE8E8E8) : QColor(Qt::white);
+    QPalette made(ink, ground, ground.lighter(150), ground.darker(150), ground, ink,
+                  night ? QColor(0x1E1E1E) : ground);
+    made.setColor(QPalette::Button, night ? QColor(0x3A3A3A) : ground);
+    made.setColor(QPalette::Highlight, night ? QColor(0x3080C0) : QColor(Qt::yellow));
+    made.setColor(QPalette::HighlightedText, night ? QColor(Qt::white) : QColor(Qt::black));
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+        made.setColor(QPalette::Disabled, role, QColor(night ? 0x7F7F7F : 0x9FEF9F));
+    }
+    return made;
+}
+
+class Looks : public EachWindow {
+protected:
+    Looks() {
+        InstallQtDialogPlaces();
+        QDir().mkpath(folder);
+        fill();
+    }
+    ~Looks() override { qdk8::ChooseLanguage(qdk8::Language::English); }
+
+    void fill();
+
+    void lookAt(const QString& name, QWidget& form) {
+        if (!form.isVisible()) {
+            if (auto* main = dynamic_cast<frmMain*>(&form)) {
+                main->showSized(false);
+            } else if (auto* parameters = dynamic_cast<frmParameta2*>(&form)) {
+                parameters->open(false);
+            } else {
+                form.show();
+            }
+        }
+        // The desktop takes its scheme while the window is there.
+        const QPalette scheme = Scheme(desk[3]);
+        QApplication::setPalette(Legible(scheme).resolve(scheme));
+        QApplication::processEvents();
+        const QSize least = form.size() + kFrame;
+        const QSize screen = form.screen()->availableSize();
+        EXPECT_TRUE(least.width() <= screen.width() && least.height() <= screen.height())
+            << name.toStdString() << ": " << form.width() << "x" << form.height();
+        auto* tabs = form.findChild<QTabWidget*>();
+        for (int page = 0; page < (tabs == nullptr ? 1 : tabs->count()); ++page) {
+            if (tabs != nullptr) {
+                tabs->setCurrentIndex(page);
+            }
+            look(tabs == nullptr ? name : QStringLiteral("%1 %2").arg(name).arg(page + 1), form);
+        }
+        form.hide();
+        QApplication::setPalette(QPalette());
+    }
+
+    void look(const QString& name, QWidget& form) {
+        QApplication::processEvents();
+        const QImage picture = form.grab().toImage();
+        picture.save(folder + '/' + name + ".png");
+        QList<QWidget*> controls = form.findChildren<QWidget*>();
+        controls.prepend(&form);
+        for (QWidget* control : controls) {
+            if (control->isVisible()) {
+                for (const DrawnText& text : TextsOf(*control)) {
+                    judge(name, form, *control, text, picture);
+                }
+            }
+        }
+    }
+
+    void judge(const QString& name, const QWidget& form, const QWidget& control,
+               const DrawnText& text, const QImage& picture) {
+        const auto* area = qobject_cast<QAbstractScrollArea*>(control.parentWidget());
+        const bool scrolls = area != nullptr && area->viewport() == &control;
+        if (qobject_cast<const QHeaderView*>(area) != nullptr) { // goes along with its table
+            area = qobject_cast<QAbstractScrollArea*>(area->parentWidget());
+        }
+        const bool across = scrolls && area->horizontalScrollBar()->isVisible();
+        const QRectF room = text.room.adjusted(-2, -1.5, 2, 1.5);
+        const QRectF& place = text.place;
+        const auto what = [&] {
+            return name + ": " + control.metaObject()->className() + ' ' + control.objectName() +
+                   " \"" + text.text + '"';
+        };
+        if ((!across && (place.left() < room.left() || place.right() > room.right())) ||
+            (!scrolls && (place.top() < room.top() || place.bottom() > room.bottom())) ||
+            text.text.contains(QChar(0x2026))) {
+            ADD_FAILURE() << what().toStdString() << " is cut: " << place.left() << ','
+                          << place.top() << ' ' << place.width() << 'x' << place.height() << " in "
+                          << text.room.left() << ',' << text.room.top() << ' ' << text.room.width()
+                          << 'x' << text.room.height();
+        }
+        const QPoint at = control.mapTo(&form, QPoint());
+        const double scale = picture.devicePixelRatio();
+        const QRectF seen = (place & text.room).translated(at);
+        const QRect pixels =
+            QRectF(seen.topLeft() * scale, seen.size() * scale).toAlignedRect() & picture.rect();
+        if (control.isEnabled() && !pixels.isEmpty() &&
+            control.visibleRegion().contains((place & text.room).toAlignedRect())) {
+            const QColor ground = GroundOf(picture, pixels);
+            const double alpha = text.ink.alphaF();
+            const auto mix = [alpha](double over, double under) {
+                return over * alpha + under * (1 - alpha);
+            };
+            const QColor ink =
+                QColor::fromRgbF(static_cast<float>(mix(text.ink.redF(), ground.redF())),
+                                 static_cast<float>(mix(text.ink.greenF(), ground.greenF())),
+                                 static_cast<float>(mix(text.ink.blueF(), ground.blueF())));
+            if (Contrast(ink, ground) < kLegible) {
+                ADD_FAILURE() << what().toStdString() << " is pale: " << ink.name().toStdString()
+                              << " on " << ground.name().toStdString();
+            }
+        }
+    }
+
+    /// Percent of scale, width and height of the screen, colours, percent of the font's size.
+    const QList<QByteArray> desk = qgetenv("QDW8_DESK").split(' ');
+    const QString folder = qEnvironmentVariable("QDW8_PICTURES");
+};
+
+void Looks::fill() {
+    show(1, 999);
+    SetGridBad(3, 1, true);
+    SetGridBad(5, 5, true);
+    SetGridText(4, kGridCommentColumn, "Comment");
+    for (const auto lamp : {&MainPanel::imgPortGreen, &MainPanel::imgGreenLedOnline,
+                            &MainPanel::imgHomeGreen, &MainPanel::imgAlarmLed}) {
+        SetPanel(lamp, true);
+    }
+    SetPanel(&MainPanel::lblAlarmNo, "81");
+    SetPanel(&MainPanel::lblErrorComment, ResText(377));
+    SetPanel(&MainPanel::lblFileName, "left.qdd");
+    SetPanelScale("<1>1mm = 200Pulse", "<1>1Pulse= 0.005mm");
+}
+
+TEST_F(Looks, HaveRoomAndContrast) {
+    QFont plain = QApplication::font();
+    plain.setPointSizeF(plain.pointSizeF() * desk[4].toInt() / 100);
+    for (const auto& [base, language] :
+         {std::pair<std::int16_t, const char*>{10000, "en"}, {0, "ja"}}) {
+        speak(base);
+        QFont font = plain;
+        if (base == 0) {
+            font.setFamilies({"Noto Sans CJK JP", "IPAGothic", font.family()});
+        }
+        QApplication::setFont(font);
+        visitAll([&, of = QString(language)](const char* name, QWidget& form) {
+            lookAt(QString(name).remove(',') + ' ' + of, form);
+        });
+        qdk8::ChooseLanguage(base == 0 ? qdk8::Language::Japanese : qdk8::Language::English);
+        qdk8::Front front;
+        qdk8::Window simulator(front);
+        lookAt(QString("simulator ") + language, simulator);
+    }
+    QApplication::setFont(plain);
+}
+
+} // namespace
+} // namespace qdw8::test
