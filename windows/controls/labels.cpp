@@ -55,8 +55,11 @@ void FieldLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     drawFrame(&painter);
     const QRect inner = contentsRect().adjusted(kFieldMargin, 0, -kFieldMargin, 0);
+    // Where there is just the room for it, the toolkit would already shorten it by fractions.
+    const bool fits = fontMetrics().horizontalAdvance(text()) <= inner.width();
     style()->drawItemText(&painter, inner, static_cast<int>(alignment()), palette(), isEnabled(),
-                          fontMetrics().elidedText(text(), Qt::ElideMiddle, inner.width()),
+                          fits ? text()
+                               : fontMetrics().elidedText(text(), Qt::ElideMiddle, inner.width()),
                           foregroundRole());
 }
 
