@@ -6,7 +6,10 @@
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QThread>
+#include <csignal>
 #include <memory>
+#include <unistd.h>
 
 /// The controller at the other end, the simulator as a process of its own, plugged in as COM1; and
 /// the files between it and the program.
@@ -61,6 +64,40 @@ void Start(Told options) {
     if (const QString said = ReadLine(); !said.startsWith("qd-k8-sim ready on ")) {
         Fail(said);
     }
+}
+
+/// One that outlives the program: nothing can be told to it. run_story ends it.
+void StartToStay(Told options) {
+    const QString home = qEnvironmentVariable("QDW8_USER_HOME");
+    const QString link = Link();
+    QProcess stays;
+    stays.setProgram(SIMULATOR_PROGRAM);
+    stays.setArguments(QStringList{"--trace", "--link", link} + options);
+    stays.setStandardErrorFile(TraceFile());
+    stays.setStandardOutputFile(home + "/simulator.out");
+    qint64 number = 0;
+    QFile file(home + "/simulator");
+    if (!stays.startDetached(&number) || !file.open(QIODevice::WriteOnly)) {
+        Fail("it doesn't start");
+    }
+    file.write(QByteArray::number(number));
+    WaitFor([link] { return QFile::exists(link); });
+}
+
+/// SIGNAL STATUS: by that signal, with which the program ends; it must then have been stopped.
+void Killed(Told told) {
+    const QString home = qEnvironmentVariable("QDW8_USER_HOME");
+    for (const char* name : {"/content", "/stops"}) {
+        QFile(home + name).open(QIODevice::WriteOnly);
+    }
+    QFile status(home + "/status");
+    if (!status.open(QIODevice::WriteOnly) || status.write(told.value(1).toUtf8()) < 1) {
+        Fail("can't be noted");
+    }
+    status.close();
+    ::kill(::getpid(), told.value(0).toInt());
+    QThread::sleep(kDeadline / 1000);
+    Fail("it lives on");
 }
 
 /// Asks the simulator until it is so; a box that comes meanwhile fails.
@@ -132,6 +169,12 @@ void ExpectSaved(Told told) {
 Words ControllerWords() {
     return {
         {"simulator", Start},
+        {"simulator-stays", StartToStay},
+        {"killed", Killed},
+        {"heard",
+         [](Told told) {
+             WaitFor([told] { return ContentOf(TraceFile()).contains(told.value(0).toLatin1()); });
+         }},
         {"dead-link", [](Told) { QFile::link("no-such-device", Link()); }},
         {"tell", [](Told told) { Tell(told.join(u' ')); }},
         {"asked", [](Told told) { ExpectNow(Tell("stats").join(u'\n'), told.join(u'\n')); }},
