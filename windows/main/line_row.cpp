@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kSignSide = 16;
 constexpr int kSpacing = 6;
-constexpr int kFocusRoom = 1; ///< around the fields, for the frame that shows the focus
+constexpr int kFocusRoom = 2; ///< above and below the fields, for the frame that shows the focus
 constexpr int kStateCharacters = 24;
 /// Digits; a link whose device is gone may name a much longer one.
 constexpr int kLongestPort = 44;
@@ -29,7 +29,7 @@ LineRow::LineRow(QWidget* parent) : QFrame(parent) {
     setObjectName(QStringLiteral("FrameLine"));
     setFocusPolicy(Qt::StrongFocus);
     auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(kFocusRoom, kFocusRoom, kFocusRoom, kFocusRoom);
+    layout->setContentsMargins(0, kFocusRoom, 0, kFocusRoom);
     layout->setSpacing(kSpacing);
     caption = new QLabel(this);
     caption->setObjectName(QStringLiteral("lblLine"));
@@ -93,6 +93,7 @@ void LineRow::paintEvent(QPaintEvent* event) {
         QPainter painter(this);
         QStyleOptionFocusRect option;
         option.initFrom(this);
+        option.state |= QStyle::State_KeyboardFocusChange; // after a click, too
         option.backgroundColor = palette().color(QPalette::Window);
         style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
     }
