@@ -135,9 +135,6 @@ void Record(Contents& before) {
     if (change.rows.before.empty() && change.rows.after.empty()) {
         return;
     }
-    if (state.saved && *state.saved > state.done) {
-        state.saved.reset();
-    }
     state.steps.resize(state.done++);
     state.steps.push_back(std::move(change));
     DropOldest();

@@ -6,6 +6,7 @@
 #include "support/every_step.h"
 
 #include <QApplication>
+#include <QHeaderView>
 #include <QInputMethodEvent>
 #include <QMenu>
 #include <QScrollBar>
@@ -82,21 +83,16 @@ protected:
             {"press", [&] { press(name); }},
             {"scroll", [&] { grid->verticalScrollBar()->setValue(n[0]); }},
             {"home", [] { GridHome(); }},
-            {"menu",
+            {"menu", [&] { rightClick(n[0], n[1]); }},
+            {"offers",
              [&] {
-                 const QPoint there = middleOf(n[0], n[1]);
-                 QWidget* under = grid->viewport()->childAt(there);
-                 under = under != nullptr ? under : grid->viewport();
-                 QTest::mousePress(under, Qt::RightButton, {}, there);
-                 QContextMenuEvent asked(QContextMenuEvent::Mouse, there, {});
-                 QApplication::sendEvent(under, &asked);
                  QMenu& menu = Get<QMenu>(*window, "mnuGrid");
-                 std::string on = menu.isVisible() ? "" : "none";
+                 std::string on;
                  for (const QAction* entry : menu.actions()) {
                      const bool seen = menu.isVisible() && entry->isEnabled();
-                     on += seen && !entry->isSeparator() ? entry->text().toStdString() + "," : "";
+                     on += seen && !entry->isSeparator() ? entry->text().toStdString() + ", " : "";
                  }
-                 EXPECT_EQ(on, behind(2));
+                 EXPECT_EQ(on, rest.empty() ? "" : rest + ", ");
                  menu.close();
              }},
             {"lock", [&] { lock.emplace(); }},
@@ -189,6 +185,16 @@ protected:
         }
     }
 
+    void rightClick(int row, int column) const {
+        const QHeaderView& numbers = *grid->verticalHeader();
+        const QPoint there = column > 0 ? middleOf(row, column)
+                                        : QPoint(5, numbers.sectionViewportPosition(row - 2) + 2);
+        QWidget* part = column > 0 ? grid->viewport() : numbers.viewport();
+        QWidget* under = part->childAt(there) != nullptr ? part->childAt(there) : part;
+        QTest::mousePress(under, Qt::RightButton, {}, there);
+        QContextMenuEvent asked(QContextMenuEvent::Mouse, there, {});
+        QApplication::sendEvent(under, &asked);
+    }
     bool isMarked(int row, int column) const {
         grid->scrollTo(at(row, column));
         const bool told = !at(row, column).data(Qt::AccessibleDescriptionRole).toString().isEmpty();

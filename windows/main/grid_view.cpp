@@ -305,6 +305,9 @@ bool GridView::eventFilter(QObject* watched, QEvent* event) {
             return true;
         }
         takeLineForMenu(*static_cast<QMouseEvent*>(event), watched);
+    } else if (head && event->type() == QEvent::ContextMenu) {
+        contextMenuEvent(static_cast<QContextMenuEvent*>(event));
+        return true;
     }
     return QTableView::eventFilter(watched, event);
 }
@@ -393,6 +396,10 @@ void GridView::keyPressEvent(QKeyEvent* event) {
         QCoreApplication::sendEvent(editor, event);
         return;
     }
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        openMenuOnCell(); // as the menu key, which not every keyboard has
+        return;
+    }
     const GridKeys keys{
         events.command, [this](const QString& text) { editor->beginWith(text); },
         [this] { return cells->rowCount() > 0 ? rowsOnScreen().first + kGridHeadRows : 0; }};
@@ -403,16 +410,23 @@ void GridView::keyPressEvent(QKeyEvent* event) {
 }
 
 void GridView::contextMenuEvent(QContextMenuEvent* event) {
-    if (flgdData().locked > 0 || flgdData().edit.open || !events.menu) {
-        return;
-    }
     if (event->reason() == QContextMenuEvent::Mouse) {
-        events.menu(event->globalPos());
-        return;
+        openMenu(event->globalPos());
+    } else {
+        openMenuOnCell();
     }
+}
+
+void GridView::openMenu(QPoint at) {
+    if (flgdData().locked == 0 && !flgdData().edit.open && events.menu) {
+        events.menu(at);
+    }
+}
+
+void GridView::openMenuOnCell() {
     const QModelIndex current = cells->index(flgdData().row - kGridHeadRows, flgdData().col - 1);
     scrollTo(current);
-    events.menu(viewport()->mapToGlobal(visualRect(current).center()));
+    openMenu(viewport()->mapToGlobal(visualRect(current).center()));
 }
 
 bool GridView::focusNextPrevChild(bool next) {

@@ -88,6 +88,8 @@ private:
     void selectionMoved();
     void handBack();
     void handBackNow();
+    void openMenu(QPoint at);
+    void openMenuOnCell();
     void takeLineForMenu(const QMouseEvent& press, const QObject* head);
     bool moveInRow(int columns);
     std::pair<int, int> rowsOnScreen() const;
