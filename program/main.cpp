@@ -12,6 +12,7 @@ int main(int argc, char** argv) {
     argc = 1; // the program has no command line, and neither has the toolkit
     QApplication application(argc, argv);
     QApplication::setApplicationName("QD-W8");
+    QApplication::setDesktopFileName("qd-w8"); // by which a desktop finds the icon of the windows
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     const qdw8::LegibleDesktop colours;
     // The main window alone decides when the program ends.

@@ -60,7 +60,7 @@ std::string GiveOrder(Front& front, const std::string& line) {
         const std::lock_guard held(front.lock);
         answer = ObeyFront(front, line);
         const std::uint64_t once = 1;
-        static_cast<void>(::write(front.wake, &once, sizeof once));
+        [[maybe_unused]] const ssize_t woken = ::write(front.wake, &once, sizeof once);
     }
     const std::string mark = "error: ";
     return answer.rfind(mark, 0) == 0 ? answer.substr(mark.size(), answer.size() - mark.size() - 1)

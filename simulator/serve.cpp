@@ -69,7 +69,7 @@ void SleepUntilDue(Front& front, std::unique_lock<std::mutex>& held, const sigse
     }
     if (files[3].revents != 0) {
         std::uint64_t times = 0;
-        static_cast<void>(::read(front.wake, &times, sizeof times));
+        [[maybe_unused]] const ssize_t taken = ::read(front.wake, &times, sizeof times);
     }
     if (files[1].revents != 0) {
         NoteOpenings(front.terminal);

@@ -140,6 +140,8 @@ void KeyIn(const QString& text) {
 
 void CloseWindow(QWidget* window) {
     if (RealHands()) {
+        // Behind a dialog the window manager gives the keys back a moment later.
+        WaitFor([window] { return window->isActiveWindow(); });
         Xdotool({"key", "alt+F4"});
         return;
     }
