@@ -3,9 +3,9 @@
 #include "program/startup.h"
 #include "program/wiring.h"
 #include "windows/colours/legible.h"
+#include "windows/colours/outlined_style.h"
 
 #include <QApplication>
-#include <QStyleFactory>
 
 int main(int argc, char** argv) {
     qdw8::StartLastWord();
@@ -13,7 +13,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("QD-W8");
     QApplication::setDesktopFileName("qd-w8"); // by which a desktop finds the icon of the windows
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setStyle(new qdw8::OutlinedStyle);
     const qdw8::LegibleDesktop colours;
     // The main window alone decides when the program ends.
     QApplication::setQuitOnLastWindowClosed(false);

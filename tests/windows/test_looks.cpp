@@ -8,18 +8,22 @@
 #include "platform/qt/dialog_places.h"
 #include "text_notes.h"
 #include "windows/colours/legible.h"
+#include "windows/colours/outlined_style.h"
 #include "windows/parameter/frmParameta2.h"
 #include "windows/simulator/texts.h"
 #include "windows/simulator/window.h"
 
 #include <QAbstractScrollArea>
 #include <QApplication>
+#include <QCheckBox>
 #include <QDir>
 #include <QHeaderView>
+#include <QRadioButton>
 #include <QScreen>
 #include <QScrollBar>
-#include <QStyle>
+#include <QStyleOptionButton>
 #include <QTabWidget>
+#include <typeinfo>
 
 namespace qdw8::test {
 namespace {
@@ -38,6 +42,11 @@ QColor GroundOf(const QImage& picture, const QRect& place) {
         }
     }
     return most.second;
+}
+
+/// No part of that place of the control is scrolled away.
+bool IsSeen(const QWidget& control, const QRect& place) {
+    return QRegion(place & control.rect()).subtracted(control.visibleRegion()).isEmpty();
 }
 
 /// The colours of a desktop.
@@ -59,10 +68,25 @@ QPalette Scheme(const QByteArray& name) {
     return made;
 }
 
+TEST(Legibility, GoesForWhateverColoursComeMeanwhile) {
+    EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 0.01);
+    EXPECT_NEAR(Contrast(QColor(0x767676), Qt::white), 4.54, 0.01);
+    const LegibleDesktop colours;
+    for (const QPalette& other : {QPalette(), QPalette(Qt::darkGray)}) {
+        QApplication::setPalette(other);
+        const QPalette now = QApplication::palette();
+        EXPECT_GE(Contrast(now.color(QPalette::Highlight), now.color(QPalette::HighlightedText)),
+                  kLegible);
+        EXPECT_GE(Contrast(now.color(QPalette::PlaceholderText), now.color(QPalette::Base)),
+                  kLegible);
+    }
+}
+
 class Looks : public EachWindow {
 protected:
     Looks() {
         InstallQtDialogPlaces();
+        QApplication::setStyle(new OutlinedStyle);
         QDir().mkpath(folder);
         fill();
     }
@@ -110,7 +134,38 @@ protected:
                 for (const DrawnText& text : TextsOf(*control)) {
                     judge(name, form, *control, text, picture);
                 }
+                judgeOutline(name, form, *control, picture);
             }
+        }
+    }
+
+    /// An empty field, and a box without its tick, must be seen.
+    static void judgeOutline(const QString& name, const QWidget& form, const QWidget& control,
+                             const QImage& picture) {
+        QStyleOptionButton option;
+        option.initFrom(&control);
+        QRect place = control.rect();
+        if (qobject_cast<const QRadioButton*>(&control) != nullptr) {
+            place = control.style()->subElementRect(QStyle::SE_RadioButtonIndicator, &option);
+        } else if (typeid(control) == typeid(QCheckBox)) {
+            place = control.style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option);
+        } else if (control.property("frame") != true) {
+            return; // no field and no list
+        }
+        if (control.isEnabled() && IsSeen(control, place)) {
+            const QPoint edge = control.mapTo(&form, QPoint(place.left(), place.center().y()));
+            const double scale = picture.devicePixelRatio();
+            double most = 1;
+            for (double x = 0; x < 3; x += 1 / scale) {
+                const auto at = [&](double beside) {
+                    return picture.pixelColor(static_cast<int>((edge.x() + beside) * scale),
+                                              static_cast<int>(edge.y() * scale));
+                };
+                most = std::max(most, Contrast(at(x), at(-2)));
+            }
+            EXPECT_GT(most, 1.5) << name.toStdString() << ": the outline of "
+                                 << control.objectName().toStdString() << " at " << edge.x() << ','
+                                 << edge.y();
         }
     }
 
@@ -142,7 +197,7 @@ protected:
         const QRect pixels =
             QRectF(seen.topLeft() * scale, seen.size() * scale).toAlignedRect() & picture.rect();
         if (control.isEnabled() && !pixels.isEmpty() &&
-            control.visibleRegion().contains((place & text.room).toAlignedRect())) {
+            IsSeen(control, (place & text.room).toRect())) {
             const QColor ground = GroundOf(picture, pixels);
             const double alpha = text.ink.alphaF();
             const auto mix = [alpha](double over, double under) {
@@ -196,6 +251,7 @@ TEST_F(Looks, HaveRoomAndContrast) {
         qdk8::ChooseLanguage(base == 0 ? qdk8::Language::Japanese : qdk8::Language::English);
         qdk8::Front front;
         qdk8::Window simulator(front);
+        simulator.showInCorner();
         lookAt(QString("simulator ") + language, simulator);
     }
     QApplication::setFont(plain);

@@ -105,17 +105,6 @@ TEST_F(MainWindow, TabGoesThroughTheButtonsAndOnToTheGrid) {
               "cmdOpenGrpWindow cmdSqMcrWinOpen cmdChangeDev cmdReset");
 }
 
-TEST_F(MainWindow, FitsEveryScreenInBothLanguages) {
-    // 1024 by 768 at 125 %, 1366 by 768 at 150 %, with a frame around.
-    for (const std::int16_t base : {std::int16_t{10000}, std::int16_t{0}}) {
-        speak(base);
-        frmMain another(Commands(), {});
-        another.loadResources();
-        EXPECT_LE(another.minimumSizeHint().width(), 819 - 10) << base;
-        EXPECT_LE(another.minimumSizeHint().height(), 512 - 40) << base;
-    }
-}
-
 TEST_F(MainWindow, ColoursHaveDarkTextAndAHeadIsNotCutOff) {
     QPalette night = grid->palette();
     night.setColor(QPalette::Base, Qt::black);

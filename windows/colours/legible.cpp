@@ -41,25 +41,24 @@ constexpr std::array kPairs{Pair{QPalette::WindowText, QPalette::Window},
                             Pair{QPalette::LinkVisited, QPalette::Base},
                             Pair{QPalette::Highlight, QPalette::HighlightedText}};
 
-/// The colour as it stands on `kept`, moved towards black or white until the two can be told apart.
-QColor Apart(const QColor& moved, const QColor& kept) {
+} // namespace
+
+double Contrast(const QColor& one, const QColor& other) {
+    const auto [dark, light] = std::minmax({Luminance(one), Luminance(other)});
+    return (light + 0.05) / (dark + 0.05);
+}
+
+QColor Apart(const QColor& moved, const QColor& kept, double contrast) {
     const QColor seen = Mixed(moved, kept, moved.alphaF());
     const QColor black = Qt::black;
     const QColor white = Qt::white;
     const QColor end = Contrast(black, kept) > Contrast(white, kept) ? black : white;
     constexpr int kSteps = 20;
     QColor made = seen;
-    for (int step = 1; step <= kSteps && Contrast(made, kept) < kLegible; ++step) {
+    for (int step = 1; step <= kSteps && Contrast(made, kept) < contrast; ++step) {
         made = Mixed(end, seen, static_cast<double>(step) / kSteps);
     }
     return made;
-}
-
-} // namespace
-
-double Contrast(const QColor& one, const QColor& other) {
-    const auto [dark, light] = std::minmax({Luminance(one), Luminance(other)});
-    return (light + 0.05) / (dark + 0.05);
 }
 
 QPalette Legible(const QPalette& desktop) {
@@ -68,7 +67,7 @@ QPalette Legible(const QPalette& desktop) {
         for (const Pair& pair : kPairs) {
             const QColor kept = desktop.color(group, pair.kept);
             const QColor moved = desktop.color(group, pair.moved);
-            if (const QColor apart = Apart(moved, kept); apart != moved) {
+            if (const QColor apart = Apart(moved, kept, kLegible); apart != moved) {
                 made.setColor(group, pair.moved, apart);
             }
         }

@@ -12,6 +12,10 @@ double Contrast(const QColor& one, const QColor& other);
 /// A text below this is too pale to be read by everybody.
 inline constexpr double kLegible = 4.5;
 
+/// The colour as it stands on `kept`, moved towards black or white, whichever is further away,
+/// until the two stand so far apart, or as far as they can.
+QColor Apart(const QColor& moved, const QColor& kept, double contrast);
+
 /// The palette with every text that is too pale for its ground brought further away from it; a
 /// selection keeps its text and gets another ground. What can't be used stays as pale as the
 /// desktop has it. Only the colours that had to be changed are set by the palette itself.

@@ -2,12 +2,12 @@
 
 #include "simulator/serve.h"
 #include "windows/colours/legible.h"
+#include "windows/colours/outlined_style.h"
 #include "windows/simulator/texts.h"
 #include "windows/simulator/window.h"
 
 #include <QApplication>
 #include <QIcon>
-#include <QStyleFactory>
 #include <cstdio>
 #include <cstdlib>
 #include <sys/eventfd.h>
@@ -60,7 +60,7 @@ int RunWithWindow(Front& front, int count, char** texts) {
     count = 1; // its options are none of the toolkit's
     QApplication application(count, texts);
     QApplication::setApplicationName("qd-k8-sim");
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setStyle(new qdw8::OutlinedStyle);
     const qdw8::LegibleDesktop colours;
     QApplication::setWindowIcon(Icon());
     Choose(front.options.language);
