@@ -2,12 +2,14 @@
 #include "words.h"
 
 #include <QClipboard>
+#include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QThread>
+#include <csignal>
 
 namespace e2e {
 
@@ -161,6 +163,22 @@ void End(Told told) {
     Fail("the program doesn't end");
 }
 
+/// As a crash ends it, once the program has kept what is unsaved.
+void Crash(Told) {
+    WaitFor([] {
+        const QDir kept(qEnvironmentVariable("XDG_STATE_HOME") + "/QD-W8");
+        return !kept.entryList({"*.unsaved"}).isEmpty();
+    });
+    const QString home = qEnvironmentVariable("QDW8_USER_HOME");
+    QFile(home + "/content").open(QIODevice::WriteOnly);
+    QFile status(home + "/status");
+    if (!status.open(QIODevice::WriteOnly) || status.write("137") < 1) {
+        Fail("can't be noted");
+    }
+    status.close();
+    ::raise(SIGKILL);
+}
+
 } // namespace
 
 Words ScreenWords() {
@@ -193,6 +211,7 @@ Words ScreenWords() {
         {"shorten", Shorten},
         {"close", [](Told) { Close(); }},
         {"end", End},
+        {"crash", Crash},
         {"end-window", EndWindow},
     };
 }
