@@ -135,7 +135,7 @@ TEST_F(Recovery, TakesTheTableBackAsTheUserSawIt) {
 TEST_F(Recovery, OtherDevicesAreAskedAboutAndNothingIsLostByAnyAnswer) {
     change("kept");
     crash();
-    DevSetting[0].DevStroke = 300;
+    DevSetting[0].DevStroke = DevSettei[0].DevStroke = 300;
     const Everything before;
     offer(0);
     platform.expectSelection({"Select",
