@@ -102,8 +102,9 @@ std::string LineDetails() {
     if (AlarmStays()) {
         text += "\n" + ResText(325);
     }
-    if (!line.open) {
-        text += "\n" + PortSentence(PortNo, watched.info);
+    const std::string port = PortSentence(PortNo, watched.info);
+    if (!line.open && port != line.state) {
+        text += "\n" + port;
     }
     if (line.sign != LinePanel::Sign::Good) {
         text += "\n" + ResText(3282) + ":";

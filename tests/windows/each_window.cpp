@@ -1,5 +1,6 @@
 #include "each_window.h"
 
+#include "app/main_panel.h"
 #include "every_window.h"
 #include "parameter/para_window.h"
 #include "position/grid_display.h"
@@ -30,6 +31,7 @@ EachWindow::EachWindow() {
 
 void EachWindow::visitAll(const Visit& visit) {
     Set_MainFormStr();
+    SetPanelLine({LinePanel::Sign::Bad, "COM1: /dev/ttyUSB0", false, ResText(3349, {"dialout"})});
     frmMain another(Commands(), {});
     another.loadResources();
     visit("frmMain", another);
