@@ -3,8 +3,10 @@
 #include "platform/common_dialog.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 /// Asking the user for a file.
 namespace qdw8 {
@@ -24,5 +26,12 @@ std::optional<FileAnswer> AskFileToOpen(const FileKind& kind, std::int16_t title
 std::optional<FileAnswer> AskFileToSave(const FileKind& kind, std::int16_t titleId,
                                         const std::string& proposedName,
                                         const std::string& folder = {});
+
+/// The user has dropped files with these paths onto a window; an empty path stands for what is no
+/// file of this machine. `open`, a command that asks for a file of the kind, runs, and its first
+/// question for a file to open is answered with the one that was dropped and doesn't come up. For
+/// more than one, or one without the kind's extension, a box says so, and nothing runs.
+void OpenDropped(const FileKind& kind, const std::vector<std::string>& paths,
+                 const std::function<void()>& open);
 
 } // namespace qdw8

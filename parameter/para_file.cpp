@@ -41,8 +41,6 @@ constexpr std::array<Section, 5> kSections = {{
     {"SPECIAL", kRowAXIS, 7, 4},
 }};
 
-constexpr FileKind kParaFile{1827, "pmt"};
-
 enum class Outcome { Taken, Failed, OtherKind };
 
 /// Rows, columns and counts; a text counts as 0.

@@ -1,11 +1,15 @@
 #pragma once
 
+#include "app/file_questions.h"
+
 #include <cstdint>
 #include <string>
 
 /// Parameter files `.pmt`: five sections of comma-separated rows behind a head, in CP932 with CR LF
 /// line ends.
 namespace qdw8 {
+
+inline constexpr FileKind kParaFile{1827, "pmt"};
 
 /// Reads a file into `ParaRowTable`, and the file's name into its cell (0, 0). `ParaSet` stays
 /// untouched. 0 taken. 1 not taken, and the table is as it was; a file of another kind was told by

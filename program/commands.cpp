@@ -1,6 +1,7 @@
 #include "program/commands.h"
 
 #include "app/boxes.h"
+#include "app/file_questions.h"
 #include "app/screens.h"
 #include "link/background.h"
 #include "link/window_command.h"
@@ -13,6 +14,7 @@
 #include "position/grid_undo.h"
 #include "position/posi_file.h"
 #include "position/posi_new.h"
+#include "position/posi_table.h"
 #include "position/posi_verify.h"
 #include "print/print_command.h"
 #include "setup/change_device.h"
@@ -22,6 +24,7 @@
 #include "setup/posi_write.h"
 
 #include <array>
+#include <functional>
 #include <memory>
 
 namespace qdw8 {
@@ -232,12 +235,12 @@ bool EditedCellAllows(EditedCell editedCell) {
     return false;
 }
 
-void Start(Command command, const CommandRow& row) {
+void Start(Command command, const CommandRow& row, const std::function<void()>& routine) {
     // What may be used can have changed since the user chose it.
     if (!IsEnabled(command)) {
         return;
     }
-    RunToItsEnd(row.routine);
+    RunToItsEnd(routine);
     if (CommandsTaken()) {
         return; // it ran inside another command, whose end follows
     }
@@ -247,6 +250,31 @@ void Start(Command command, const CommandRow& row) {
     if (row.editedCell != LeftAlone && Screens().flgdDataFocus) {
         Screens().flgdDataFocus();
     }
+}
+
+/// The command of a control, or something in its place, as the command's row says.
+void RunAs(Command command, const CommandRow& row, const std::function<void()>& routine) {
+    if (!IsEnabled(command)) {
+        return;
+    }
+    // What is half typed belongs to the command from now on, also if that has to wait.
+    if (!EditedCellAllows(row.editedCell)) {
+        return;
+    }
+    if (row.runs == Here) {
+        const PollHeld held; // nothing begins on the line under a box
+        Start(command, row, routine);
+        return;
+    }
+    // While the command waits nothing is typed or selected that it would meet half done.
+    std::shared_ptr<GridLock> waiting;
+    if (CommandWouldWait() && row.editedCell != LeftAlone) {
+        waiting = std::make_shared<GridLock>();
+    }
+    WhenLineIsFree([command, &row, routine, waiting]() mutable {
+        waiting.reset();
+        Start(command, row, routine);
+    });
 }
 
 } // namespace
@@ -277,26 +305,15 @@ void RegisterCommands() {
 
 void RunCommand(Command command) {
     const CommandRow* row = Commands().find(command);
-    if (row == nullptr || row->routine == nullptr || !IsEnabled(command)) {
-        return;
+    if (row != nullptr && row->routine != nullptr) {
+        RunAs(command, *row, row->routine);
     }
-    // What is half typed belongs to the command from now on, also if that has to wait.
-    if (!EditedCellAllows(row->editedCell)) {
-        return;
-    }
-    if (row->runs == Here) {
-        const PollHeld held; // nothing begins on the line under a box
-        Start(command, *row);
-        return;
-    }
-    // While the command waits nothing is typed or selected that it would meet half done.
-    std::shared_ptr<GridLock> waiting;
-    if (CommandWouldWait() && row->editedCell != LeftAlone) {
-        waiting = std::make_shared<GridLock>();
-    }
-    WhenLineIsFree([command, row, waiting]() mutable {
-        waiting.reset();
-        Start(command, *row);
+}
+
+void OpenDroppedPosiFile(const std::vector<std::string>& paths) {
+    RunAs(mnuFileOpen, *Commands().find(mnuFileOpen), [paths] {
+        const PollHeld held; // nothing begins on the line under the box of a refusal
+        OpenDropped(kPosiFile, paths, OpenPosiFile);
     });
 }
 

@@ -2,6 +2,9 @@
 
 #include "windows/main/command_rows.h"
 
+#include <string>
+#include <vector>
+
 /// The one table of the main window's commands: what stands on the controls, where they are, and
 /// which routine runs.
 namespace qdw8 {
@@ -17,6 +20,9 @@ void RegisterCommands();
 /// locked. Behind the command the grid has the focus again, unless the command left
 /// it alone, and the edit commands are back if a cell is still selected.
 void RunCommand(Command command);
+
+/// Files were dropped onto the main window: as `mnuFileOpen`, with the file for an answer.
+void OpenDroppedPosiFile(const std::vector<std::string>& paths);
 
 /// The edit commands come back with the selection that still stands.
 void GiveEditCommandsBack();

@@ -173,8 +173,8 @@ void OpenHelp(const HelpAsked& asked) {
 void ShowMain(bool small) {
     Windows& windows = TheWindows();
     windows.main = std::make_unique<frmMain>(
-        Commands(),
-        MainWindowEvents{RunCommand, QueryUnload, frmMain_Unload, flgdData_RowColChange});
+        Commands(), MainWindowEvents{RunCommand, QueryUnload, frmMain_Unload, flgdData_RowColChange,
+                                     OpenDroppedPosiFile});
     windows.trance = std::make_unique<frmTrance>(windows.main.get());
     windows.processing = std::make_unique<frmProcessing>(windows.main.get());
     windows.giveUp = std::make_unique<frmGiveUp>(windows.main.get());

@@ -165,6 +165,13 @@ void RunTableCommand(const SmallTable& table, const TableCommand& command) {
     });
 }
 
+void OpenDroppedTable(const SmallTable& table, const std::vector<std::string>& paths) {
+    RunWindowCommand([&table, paths] {
+        const CommandsOff off(table);
+        OpenDropped(table.file.toOpen, paths, [&table] { OpenTable(table); });
+    });
+}
+
 void SetCommandsOff(const SmallTable& table, bool off) {
     table.state.commandsOff = off;
     TellWindow(table);

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 /// The eight commands of the window of a small table, and its close. What a command asks and tells,
 /// and in which order, is the same for groups and macros; the texts stand in the description.
@@ -31,6 +32,9 @@ bool IsEnabled(const SmallTable& table, const TableCommand& command);
 /// The click on the button: runs the command as `RunWindowCommand` does. A command that isn't
 /// enabled doesn't begin.
 void RunTableCommand(const SmallTable& table, const TableCommand& command);
+
+/// Files that were dropped onto the window: as `OpenTable`, with the file for an answer.
+void OpenDroppedTable(const SmallTable& table, const std::vector<std::string>& paths);
 
 /// Takes the commands of the window away, or gives them back.
 void SetCommandsOff(const SmallTable& table, bool off);

@@ -189,6 +189,11 @@ private:
         {"no", ask(BoxButtons::YesNoCancel, BoxAnswer::No)},
         {"stay", ask(BoxButtons::YesNoCancel, BoxAnswer::Cancel)},
         {"open", pick(FileQuestion::Kind::Open, kFileMustExist)},
+        {"drop",
+         [this](Args& a) {
+             const SmallTable& table = TableOf(a);
+             run([&] { OpenDroppedTable(table, {fileAt(Word(a))}); });
+         }},
         {"save", pick(FileQuestion::Kind::Save, kOverwritePrompt)},
         // what the user does
         {"do", [this](Args& a) { run([&a] { Click(Word(a)); }); }},

@@ -36,8 +36,8 @@ MainForm::MainForm() {
         return mayClose;
     };
     window = std::make_unique<frmMain>(
-        Commands(),
-        MainWindowEvents{run, query, [this] { closed += "unload "; }, flgdData_RowColChange});
+        Commands(), MainWindowEvents{run, query, [this] { closed += "unload "; },
+                                     flgdData_RowColChange, OpenDroppedPosiFile});
     Screens().flgdData = [this] { window->showGrid(); };
     Screens().flgdDataFocus = [this] { window->focusGrid(); };
     Screens().flgdDataFinishInput = [this] { return window->finishInput(); };

@@ -6,12 +6,15 @@
 #include "support/every_step.h"
 
 #include <QApplication>
+#include <QDropEvent>
 #include <QHeaderView>
 #include <QInputMethodEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QStringList>
 #include <QTest>
+#include <QUrl>
 #include <functional>
 #include <map>
 #include <optional>
@@ -96,6 +99,22 @@ protected:
                  menu.close();
              }},
             {"lock", [&] { lock.emplace(); }},
+            {"busy", [&] { busy.emplace(); }},
+            {"drop",
+             [&] {
+                 QMimeData files;
+                 QList<QUrl> urls;
+                 for (const QString& file : name.split(' ')) {
+                     urls << QUrl::fromLocalFile(QDW8_SOURCE_DIR "/tests/position/files/" + file);
+                 }
+                 files.setUrls(urls);
+                 QDragEnterEvent over({}, Qt::CopyAction, &files, Qt::LeftButton, {});
+                 QApplication::sendEvent(window.get(), &over);
+                 EXPECT_NE(over.isAccepted(), busy.has_value());
+                 QDropEvent event({}, Qt::CopyAction, &files, Qt::LeftButton, {});
+                 QApplication::sendEvent(window.get(), &event);
+                 QApplication::processEvents();
+             }},
             {"edit",
              [&] {
                  EXPECT_EQ(editing(), !rest.empty());
@@ -211,6 +230,7 @@ protected:
     }
 
     std::optional<GridLock> lock;
+    std::optional<CommandsAway> busy;
 };
 
 class GridStories : public GridUser, public testing::WithParamInterface<Story> {};

@@ -8,6 +8,7 @@
 #include "position/posi_columns.h"
 #include "position/posi_table.h"
 #include "windows/controls/document_title.h"
+#include "windows/controls/dropped_files.h"
 #include "windows/controls/icons.h"
 #include "windows/controls/labels.h"
 #include "windows/controls/load_form_resources.h"
@@ -95,6 +96,9 @@ frmMain::frmMain(const CommandTable& commands, MainWindowEvents handlers)
     setTabOrders();
 
     showCommands();
+    TakeDroppedFiles(
+        *this, [this] { return IsEnabled(mnuFileOpen) && events.dropped; },
+        [this](const std::vector<std::string>& paths) { events.dropped(paths); });
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, [this] {
         clipboardChanged = true;
         lookAtClipboard();

@@ -7,6 +7,8 @@
 #include <QMainWindow>
 #include <array>
 #include <functional>
+#include <string>
+#include <vector>
 
 class QGridLayout;
 class QGroupBox;
@@ -27,6 +29,8 @@ struct MainWindowEvents {
     std::function<void()> unload;
     /// Grid row and column of the current cell, then of the selection's other end.
     std::function<void(int row, int column, int rowSel, int columnSel)> rowColChange;
+    /// Files were dropped onto the window while a file could be opened.
+    std::function<void(const std::vector<std::string>& paths)> dropped = {};
 };
 
 /// The main window. It holds controls only: what they show stands in `ThePanel()`, in the command

@@ -3,10 +3,12 @@
 #include "app/command_states.h"
 #include "link/window_command.h"
 #include "parameter/para_fields.h"
+#include "parameter/para_file.h"
 #include "parameter/para_window.h"
 #include "platform/qt/work_window.h"
 #include "setup/para_window_commands.h"
 #include "windows/controls/document_title.h"
+#include "windows/controls/dropped_files.h"
 #include "windows/controls/load_form_resources.h"
 #include "windows/controls/texts.h"
 #include "windows/parameter/frmDevice.h"
@@ -88,6 +90,11 @@ frmParameta2::frmParameta2(QWidget* parent) : QDialog(parent), pages(new ParaPag
     }
     pages->nameControls();
     showState();
+    TakeDroppedFiles(
+        *this, [] { return !CommandsTaken(); },
+        [this](const std::vector<std::string>& paths) {
+            run([paths] { OpenDropped(kParaFile, paths, cmdReadParaFile_Click); });
+        });
 }
 
 frmParameta2::~frmParameta2() = default;
@@ -125,19 +132,23 @@ QPushButton* frmParameta2::makeButton(const ParaCommandRow& command) {
         SetNumbers(*made, command.textId);
         SetMnemonic(*made, place.mnemonic);
     }
-    connect(made, &QPushButton::clicked, this, [this, &command] { run(command); });
+    connect(made, &QPushButton::clicked, this, [this, &command] {
+        run([this, &command] {
+            ran = command.routine != cmdCalculate_Click; // that one checks nothing
+            command.routine();
+        });
+    });
     buttons.push_back({made, &command});
     return made;
 }
 
-void frmParameta2::run(const ParaCommandRow& command) {
+void frmParameta2::run(const std::function<void()>& routine) {
     pages->finishInput();
-    RunWindowCommand([this, &command, from = closings] {
+    RunWindowCommand([this, routine, from = closings] {
         if (closings != from) {
             return; // it waited for the line, and the edits it was meant for are given up
         }
-        ran = command.routine != cmdCalculate_Click; // that one checks nothing
-        command.routine();
+        routine();
     });
 }
 

@@ -3,6 +3,7 @@
 #include "parameter/para_controls.h"
 
 #include <QDialog>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -45,7 +46,7 @@ private:
 
     void makeButtons(QVBoxLayout& column);
     QPushButton* makeButton(const ParaCommandRow& command);
-    void run(const ParaCommandRow& command);
+    void run(const std::function<void()>& routine);
     void turnPage(int by);
     void goToField(std::optional<ParaPlace> wanted);
 

@@ -3,6 +3,7 @@
 #include "app/command_states.h"
 #include "link/window_command.h"
 #include "platform/qt/work_window.h"
+#include "windows/controls/dropped_files.h"
 #include "windows/controls/load_form_resources.h"
 #include "windows/controls/texts.h"
 
@@ -79,6 +80,12 @@ TableButtons::TableButtons(QWidget& of, QBoxLayout& layout, const SmallTable& sh
     layout.addStretch();
     closeButton = add(layout, closeName, kClose, 'C');
     QObject::connect(closeButton, &QPushButton::clicked, &window, &QWidget::close);
+    TakeDroppedFiles(
+        window, [this] { return closeButton->isEnabled(); },
+        [this](const std::vector<std::string>& paths) {
+            takeTyped();
+            OpenDroppedTable(table, paths);
+        });
 }
 
 QPushButton* TableButtons::add(QBoxLayout& layout, const char* name, std::int16_t caption,
