@@ -53,6 +53,7 @@ namespace qdw8 {
     C(mnuEditCellPaste, CellPaste)                                                                 \
     C(mnuGridUndo, ByItself)                                                                       \
     C(mnuGridRedo, ByItself)                                                                       \
+    C(mnuGridGoTo, LeftOut)                                                                        \
     C(mnuView, Menu)                                                                               \
     C(mnuViewToolBar, LeftOut)                                                                     \
     C(mnuViewStatusBar, LeftOut)                                                                   \

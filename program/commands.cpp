@@ -221,6 +221,7 @@ constexpr std::array kRows{
     CommandRow{.routine = mnuGridRedo_Click,
                .runs = Here,
                .entry = {{mnuGridRedo, Menu::Grid, 3381, "Ctrl+Shift+Z; Ctrl+Y"}}},
+    CommandRow{.runs = InWindow, .entry = {{mnuGridGoTo, Menu::Grid, 3392, "Ctrl+G", true}}},
 };
 
 bool EditedCellAllows(EditedCell editedCell) {

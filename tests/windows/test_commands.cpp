@@ -85,6 +85,9 @@ protected:
         if (flgdData().rows.size() != 5) {
             note(std::to_string(flgdData().rows.size()) + " rows");
         }
+        if (Get<QWidget>(*window, "GoToBar").isVisible()) {
+            note("GoToBar");
+        }
         if (!hidden().empty()) {
             note(hidden());
             press(QString::fromStdString(control));

@@ -176,6 +176,11 @@ protected:
             {"ime", [&] { expectInputMethod(rest == "yes"); }},
             {"close", [&] { EXPECT_EQ(window->close(), mayClose = rest == "yes"); }},
             {"closed", [&] { EXPECT_EQ(closed, rest + " "); }},
+            {"says",
+             [&] {
+                 const auto& bar = Get<QWidget>(*window, "GoToBar");
+                 EXPECT_EQ(bar.isVisible() ? text("lblGoToState") : "", name);
+             }},
             {"limits", [&] { EXPECT_EQ(text("sbStatusBar(4)"), name); }},
         };
         verbs.at(verb)();

@@ -14,6 +14,7 @@
 #include "windows/controls/load_form_resources.h"
 #include "windows/controls/program_icon.h"
 #include "windows/controls/texts.h"
+#include "windows/main/go_to_bar.h"
 #include "windows/main/line_row.h"
 
 #include <QAction>
@@ -91,6 +92,8 @@ frmMain::frmMain(const CommandTable& commands, MainWindowEvents handlers)
     layout->addWidget(lineRow);
     layout->addWidget(makeInfoRow());
     layout->addWidget(grid, 1);
+    goTo = new GoToBar([this] { focusGrid(); }, middle);
+    layout->addWidget(goTo);
     setCentralWidget(middle);
     makeStatusBar();
     setTabOrders();
@@ -387,6 +390,10 @@ void frmMain::chosen(Command command) {
         toolBar->setVisible(ticked());
     } else if (command == mnuViewStatusBar) {
         statusBar()->setVisible(ticked());
+    } else if (command == mnuGridGoTo) {
+        if (grid->finishInput()) {
+            goTo->open();
+        }
     } else if (events.command) {
         events.command(command);
     }

@@ -17,6 +17,7 @@ class QLabel;
 namespace qdw8 {
 
 class FieldLabel;
+class GoToBar;
 class LineRow;
 
 /// What the main window hands to the rules.
@@ -86,6 +87,7 @@ private:
     CommandControls controls;
     QToolBar* toolBar = nullptr;
     GridView* grid = nullptr;
+    GoToBar* goTo = nullptr;
     std::array<Lamp, 4> lamps;
     FieldLabel* alarmNo = nullptr;
     QLabel* alarmText = nullptr;
