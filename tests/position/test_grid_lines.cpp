@@ -71,7 +71,7 @@ TEST_F(Lines, RandomEditsLeaveGridNumbersRangesAndScreenInStep) {
         return std::uniform_int_distribution(lowest, highest)(random);
     };
     platform.clipboard = "1\t2\t3\r\n4\t5";
-    for (int round = 0; round < 60; ++round) {
+    for (int round = 0; round < 40; ++round) {
         const auto first = static_cast<std::int16_t>(round % 10 == 0 ? 0 : pick(1, 999));
         const int end = pick(std::max<int>(first, 1), std::min(first + 30, 999));
         showRows(first, static_cast<std::int16_t>(end));
