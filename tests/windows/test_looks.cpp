@@ -35,8 +35,8 @@ constexpr QSize kFrame{8, 32};
 QColor GroundOf(const QImage& picture, const QRect& place) {
     std::map<QRgb, int> counts;
     std::pair<int, QRgb> most;
-    for (int y = place.top(); y <= place.bottom(); ++y) {
-        for (int x = place.left(); x <= place.right(); ++x) {
+    for (int y = place.top(); y <= place.bottom(); y += 2) {
+        for (int x = place.left(); x <= place.right(); x += 2) {
             const QRgb pixel = picture.pixel(x, y);
             most = std::max(most, {++counts[pixel & 0xF0F0F0], pixel});
         }
