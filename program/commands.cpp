@@ -130,7 +130,7 @@ constexpr std::array kRows{
     CommandRow{.routine = CloseMainWindow,
                .runs = Here,
                .editedCell = GivenUp,
-               .entry = {{mnuFileExit, Menu::File, 262, "Ctrl+Q", true}}},
+               .entry = {{mnuFileExit, Menu::File, 262, "Ctrl+Q", true, false, true}}},
 
     CommandRow{.routine = InsertLine_Click,
                .runs = Here,

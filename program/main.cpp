@@ -2,8 +2,8 @@
 #include "platform/qt/qt_platform.h"
 #include "program/startup.h"
 #include "program/wiring.h"
+#include "windows/access/visible_focus.h"
 #include "windows/colours/legible.h"
-#include "windows/colours/outlined_style.h"
 
 #include <QApplication>
 
@@ -13,7 +13,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("QD-W8");
     QApplication::setDesktopFileName("qd-w8"); // by which a desktop finds the icon of the windows
-    QApplication::setStyle(new qdw8::OutlinedStyle);
+    qdw8::InstallStyle();
     const qdw8::LegibleDesktop colours;
     // The main window alone decides when the program ends.
     QApplication::setQuitOnLastWindowClosed(false);

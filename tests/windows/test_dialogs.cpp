@@ -51,9 +51,10 @@ QString Looked(const QWidget& at) {
         const bool refused = base == QColor(0xFF, 0x80, 0x80);
         return seen + (edit->isEnabled() ? "" : " off") + (grey ? " grey" : "") +
                (base == QColor(0xE0E0E0) ? " E0E0E0" : "") +
-               (!refused                    ? QString()
-                : edit->actions().isEmpty() ? " refused: " + edit->toolTip()
-                                            : QStringLiteral(" marked"));
+               (!refused ? QString()
+                : at.findChild<QWidget*>("imgRefused")
+                    ? " refused: " + edit->toolTip().section('\n', 0, 0)
+                    : QStringLiteral(" without a sign"));
     } else {
         seen = at.property("text").toString();
     }

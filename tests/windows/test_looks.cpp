@@ -7,8 +7,8 @@
 #include "each_window.h"
 #include "platform/qt/dialog_places.h"
 #include "text_notes.h"
+#include "windows/access/visible_focus.h"
 #include "windows/colours/legible.h"
-#include "windows/colours/outlined_style.h"
 #include "windows/parameter/frmParameta2.h"
 #include "windows/simulator/texts.h"
 #include "windows/simulator/window.h"
@@ -86,7 +86,7 @@ class Looks : public EachWindow {
 protected:
     Looks() {
         InstallQtDialogPlaces();
-        QApplication::setStyle(new OutlinedStyle);
+        InstallStyle();
         QDir().mkpath(folder);
         fill();
     }

@@ -11,6 +11,7 @@
 #include "program/init_tables.h"
 #include "program/startup.h"
 #include "support/scripted_platform.h"
+#include "windows/access/visible_focus.h"
 
 #include <QImage>
 #include <QPixmap>
@@ -24,6 +25,7 @@ namespace qdw8::test {
 class WindowTest : public ::testing::Test {
 protected:
     WindowTest() {
+        [[maybe_unused]] static const bool styled = (InstallStyle(), true);
         InitTables();
         AxisOff.fill(kClear);
         speak(10000);

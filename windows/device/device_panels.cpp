@@ -1,6 +1,7 @@
 #include "windows/device/device_panels.h"
 
 #include "platform/platform.h"
+#include "windows/access/spoken_name.h"
 #include "windows/controls/load_form_resources.h"
 #include "windows/controls/texts.h"
 
@@ -165,7 +166,6 @@ void DevicePanels::makeLists(std::size_t axis, QBoxLayout& layout) {
         auto* caption = new QLabel(made.PictureAxis);
         caption->setObjectName(Named(rows[i].name, axis));
         SetNumbers(*caption, rows[i].tag);
-        caption->setBuddy(rows[i].list);
         made.captions[i] = caption;
         grid->addWidget(caption, static_cast<int>(i), 0);
         grid->addWidget(rows[i].list, static_cast<int>(i), 1);
@@ -268,7 +268,7 @@ void DevicePanels::showForm() {
 void DevicePanels::nameControls() {
     for (AxisControls& made : axes) {
         const auto name = [&made](QWidget& control, const QString& caption) {
-            control.setAccessibleName(made.frame->title() + QLatin1Char(' ') + caption);
+            NameControl(control, made.frame->title() + QLatin1Char(' ') + caption);
         };
         for (QAbstractButton* button : {static_cast<QAbstractButton*>(made.chkAxisEnable),
                                         static_cast<QAbstractButton*>(made.optQdSelect[0]),

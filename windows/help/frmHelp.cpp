@@ -6,6 +6,7 @@
 #include "platform/qt/work_window.h"
 #include "platform/whole_file.h"
 #include "windows/controls/load_form_resources.h"
+#include "windows/access/tab_keys.h"
 #include "windows/controls/texts.h"
 #include "windows/help/manual_paper.h"
 
@@ -219,6 +220,7 @@ QTabWidget* frmHelp::makeTabs() {
     tabs->addTab(makeContents(tabs), QString());
     tabs->addTab(makeIndex(tabs), QString());
     tabs->addTab(makeSearch(tabs), QString());
+    AddTabKeys(*tabs);
     return tabs;
 }
 

@@ -39,10 +39,11 @@ struct ButtonPlace {
 struct MenuPlace {
     Command name;
     Menu menu;
-    std::int16_t caption; ///< 0: no entry, only the key
-    const char* key = ""; ///< several stand between "; "
-    bool line = false;    ///< a separator above
-    bool ticked = false;  ///< can be ticked, and is at first
+    std::int16_t caption;    ///< 0: no entry, only the key
+    const char* key = "";    ///< several stand between "; "
+    bool line = false;       ///< a separator above
+    bool ticked = false;     ///< can be ticked, and is at first
+    bool everywhere = false; ///< its key counts in every window that no modal one blocks
 };
 
 struct ToolBarPlace {

@@ -57,11 +57,11 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                              Qt::Alignment(comment || !fits ? Qt::AlignLeft : Qt::AlignRight)),
             fits ? shown : option.fontMetrics.elidedText(shown, Qt::ElideRight, inner.width()));
     }
-    if (bad && selected) {
-        // A selected cell shows it by a corner.
+    if (bad) {
+        // A corner tells it without the colour, and in a selected cell, which has another one.
         const QPoint at = option.rect.topRight();
         painter->setPen(Qt::NoPen);
-        painter->setBrush(QColor(kRefusedColour));
+        painter->setBrush(selected ? QColor(kRefusedColour) : text);
         painter->drawPolygon(QPolygon({at, at - QPoint(kCorner, 0), at + QPoint(0, kCorner)}));
         painter->setBrush(Qt::NoBrush);
     }

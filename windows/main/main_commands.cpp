@@ -105,6 +105,8 @@ void BuildMenus(QMainWindow& window, CommandControls& controls, const CommandTab
         QAction* action = MakeEntry(window, controls, table, *row.entry);
         Bind(window, *action, row.entry->name, routine);
         action->setShortcuts(QKeySequence::listFromString(QLatin1String(row.entry->key)));
+        action->setShortcutContext(row.entry->everywhere ? Qt::ApplicationShortcut
+                                                         : Qt::WindowShortcut);
         action->setCheckable(row.entry->ticked);
         action->setChecked(row.entry->ticked);
         // Qt would move entries with names like "Exit" or "Option" elsewhere on some desktops.

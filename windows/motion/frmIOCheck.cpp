@@ -16,7 +16,9 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <map>
 #include <string_view>
+#include <utility>
 
 namespace qdw8 {
 namespace {
@@ -120,6 +122,7 @@ frmIOCheck::InputLamp frmIOCheck::makeInput(const IoLamp& lamp, QGroupBox& box) 
 
 QGroupBox* frmIOCheck::makeOutputs() {
     QGroupBox* box = MakeBox("frameOutput", kOutputs, this);
+    std::map<std::pair<std::size_t, std::size_t>, QWidget*> inRows; // as the Tab key goes
     for (std::size_t i = 0; i < kOutputLamps.size(); ++i) {
         const IoLamp& lamp = kOutputLamps[i];
         const bool alarm = std::string_view(lamp.name) == "Alm";
@@ -130,6 +133,14 @@ QGroupBox* frmIOCheck::makeOutputs() {
         connect(made, &LampButton::clicked, this, [slot = lamp.slot] { OutputLamp_Click(slot); });
         Place(GridOf(*box), made, lamp);
         outputs[i] = made;
+        inRows[{lamp.slot % 7, lamp.slot / 7}] = made;
+    }
+    QWidget* before = nullptr;
+    for (const auto& [place, made] : inRows) {
+        if (before != nullptr) {
+            setTabOrder(before, made);
+        }
+        before = made;
     }
     return box;
 }

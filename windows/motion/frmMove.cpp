@@ -3,6 +3,7 @@
 #include "motion/move_list_edit.h"
 #include "motion/move_test.h"
 #include "platform/qt/work_window.h"
+#include "windows/access/tab_keys.h"
 #include "windows/controls/beside.h"
 #include "windows/controls/icons.h"
 #include "windows/controls/key_field.h"
@@ -217,6 +218,7 @@ frmMove::frmMove(QWidget* parent) : QDialog(parent), kept(*this) {
     makeRangePage();
     makeGroupPage();
     makeFoot(*layout);
+    AddTabKeys(*tabs);
     LoadFormResources(*this);
     using Tip = std::pair<QPushButton*, std::int16_t>;
     for (const auto& [button, more] :

@@ -1,5 +1,6 @@
 #include "windows/options/frmOptions2.h"
 
+#include "windows/access/tab_keys.h"
 #include "windows/controls/arrows.h"
 #include "windows/controls/beside.h"
 #include "windows/controls/key_field.h"
@@ -14,7 +15,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QShortcut>
 #include <QSignalBlocker>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -84,14 +84,7 @@ frmOptions2::frmOptions2(QWidget* parent) : QDialog(parent) {
     addPage("pageLanguage", 2508, makeChoicePage(2526, "optLanguege", optLanguege, 2527, 3281));
     addPage("pageTeaching", 2543, makeTeachingPage());
     makeButtons(*layout);
-    // The fields take the keys of the tabs, as all that they have no use for.
-    for (const auto& [keys, by] : {std::pair{"Ctrl+Tab", 1}, std::pair{"Ctrl+Shift+Tab", -1},
-                                   std::pair{"Ctrl+PgDown", 1}, std::pair{"Ctrl+PgUp", -1}}) {
-        auto* shortcut = new QShortcut(QKeySequence(QLatin1String(keys)), this);
-        connect(shortcut, &QShortcut::activated, this, [this, step = by] {
-            tabs->setCurrentIndex((tabs->currentIndex() + step + tabs->count()) % tabs->count());
-        });
-    }
+    AddTabKeys(*tabs);
     LoadFormResources(*this);
     for (const auto& [head, choices] : {std::pair{2546, optJogAcc}, std::pair{2547, optJogAcc2}}) {
         for (QRadioButton* choice : choices) {

@@ -7,6 +7,7 @@
 #include "parameter/para_window.h"
 #include "platform/qt/work_window.h"
 #include "setup/para_window_commands.h"
+#include "windows/access/tab_keys.h"
 #include "windows/controls/document_title.h"
 #include "windows/controls/dropped_files.h"
 #include "windows/controls/load_form_resources.h"
@@ -19,7 +20,6 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
-#include <QShortcut>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
@@ -75,11 +75,7 @@ frmParameta2::frmParameta2(QWidget* parent) : QDialog(parent), pages(new ParaPag
     makeButtons(*column);
     column->addStretch();
     layout->addLayout(column);
-    for (const auto& [keys, by] : {std::pair{"Ctrl+Tab", 1}, std::pair{"Ctrl+Shift+Tab", -1},
-                                   std::pair{"Ctrl+PgDown", 1}, std::pair{"Ctrl+PgUp", -1}}) {
-        auto* shortcut = new QShortcut(QKeySequence(QLatin1String(keys)), this);
-        connect(shortcut, &QShortcut::activated, this, [this, step = by] { turnPage(step); });
-    }
+    AddTabKeys(*pages);
     LoadFormResources(*this);
     // Two buttons are called "Verify".
     for (const Button& button : buttons) {
@@ -227,10 +223,6 @@ void frmParameta2::calculateStroke() {
     if (const auto place = AskStrokeCalculator(this)) {
         before = place; // the focus goes there when the command ends
     }
-}
-
-void frmParameta2::turnPage(int by) {
-    pages->setCurrentIndex((pages->currentIndex() + by + pages->count()) % pages->count());
 }
 
 void frmParameta2::reject() {

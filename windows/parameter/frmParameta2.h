@@ -47,7 +47,6 @@ private:
     void makeButtons(QVBoxLayout& column);
     QPushButton* makeButton(const ParaCommandRow& command);
     void run(const std::function<void()>& routine);
-    void turnPage(int by);
     void goToField(std::optional<ParaPlace> wanted);
 
     ParaPages* pages;

@@ -4,6 +4,7 @@
 #include "parameter/para_edit.h"
 #include "parameter/para_marks.h"
 #include "platform/platform.h"
+#include "windows/access/spoken_name.h"
 #include "windows/controls/icons.h"
 #include "windows/controls/key_field.h"
 #include "windows/controls/load_form_resources.h"
@@ -182,6 +183,14 @@ ParaPages::ParaPages(QWidget* parent) : QTabWidget(parent) {
     for (int page = 0; page < static_cast<int>(kPages.size()); ++page) {
         makePage(page);
     }
+    // The first control of its page, but whoever turns to the page wants the fields.
+    connect(this, &QTabWidget::currentChanged, this, [this] {
+        for (std::size_t axis = 0; axis < kAxes && cmdCalculate->hasFocus(); ++axis) {
+            if (ParaFieldEnabled(txtAxisStroke, axis)) {
+                goTo({txtAxisStroke, axis});
+            }
+        }
+    });
 }
 
 ParaPages::~ParaPages() {
@@ -251,6 +260,13 @@ void ParaPages::makePage(int page) {
 void ParaPages::makeRow(const ParaControlRow& row, QGridLayout& grid, int line) {
     QWidget* frame = widget(row.page);
     const auto index = static_cast<std::size_t>(row.control);
+    if (row.control == txtAxisStroke) {
+        cmdCalculate = new QPushButton(frame);
+        cmdCalculate->setObjectName(QStringLiteral("cmdCalculate"));
+        SetNumbers(*cmdCalculate, 1301);
+        SetMnemonic(*cmdCalculate, 'l');
+        grid.addWidget(cmdCalculate, 0, 0); // above the item that it is for
+    }
     items[index] = new QLabel(QString::fromLatin1(kItems[index].data()), frame);
     grid.addWidget(items[index], line, 0);
     if (const std::int16_t part = PartOf(row.control); part != 0) {
@@ -264,13 +280,6 @@ void ParaPages::makeRow(const ParaControlRow& row, QGridLayout& grid, int line) 
         fields[index][axis].widget = made;
         grid.addWidget(made, line, kFirstAxisColumn + static_cast<int>(axis), 1,
                        row.perAxis() ? 1 : 2);
-    }
-    if (row.control == txtAxisStroke) {
-        cmdCalculate = new QPushButton(frame);
-        cmdCalculate->setObjectName(QStringLiteral("cmdCalculate"));
-        SetNumbers(*cmdCalculate, 1301);
-        SetMnemonic(*cmdCalculate, 'l');
-        grid.addWidget(cmdCalculate, 0, 0); // above the item that it is for
     }
 }
 
@@ -353,7 +362,7 @@ void ParaPages::nameControls() {
                 name += QLatin1Char(' ') + AxisCaption(axis);
             }
             QWidget* field = fields[index][axis].widget;
-            field->setAccessibleName(name);
+            NameControl(*field, name);
             EditOf(field)->setAccessibleName(name);
             auto* list = qobject_cast<QComboBox*>(field);
             if (list != nullptr && row.kind == ParaKind::List &&
@@ -444,12 +453,7 @@ void ParaPages::showLook(Field& field, Look look) {
         ColourRefused(palette);
     }
     field.widget->setPalette(palette);
-    // Not by the colour alone.
-    if (text != nullptr && look == Look::Marked) {
-        text->addAction(IconOf(Drawing::LampRed), QLineEdit::LeadingPosition);
-    } else if (text != nullptr) {
-        qDeleteAll(text->actions());
-    }
+    ShowRefusedSign(*field.widget, look == Look::Marked);
 }
 
 void ParaPages::changeEvent(QEvent* event) {

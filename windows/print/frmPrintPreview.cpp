@@ -146,7 +146,8 @@ void frmPrintPreview::fitTo(Fit wanted) {
     const QSizeF sheet = SheetMm();
     // The bar at the side is counted in, there or not, so that it doesn't come and go.
     const int bar = area->verticalScrollBar()->sizeHint().width();
-    const QSize room = area->size() - QSize(bar + 2 * kSheetBorder + 2, 2 * kSheetBorder + 2);
+    const int around = 2 * (kSheetBorder + area->frameWidth());
+    const QSize room = area->size() - QSize(bar + around, around);
     const double wide = room.width() / sheet.width();
     setScale(fit == Fit::Page ? std::min(wide, room.height() / sheet.height()) : wide);
 }

@@ -1,8 +1,8 @@
 #include "windows/simulator/run_window.h"
 
 #include "simulator/serve.h"
+#include "windows/access/visible_focus.h"
 #include "windows/colours/legible.h"
-#include "windows/colours/outlined_style.h"
 #include "windows/simulator/texts.h"
 #include "windows/simulator/window.h"
 
@@ -60,7 +60,7 @@ int RunWithWindow(Front& front, int count, char** texts) {
     count = 1; // its options are none of the toolkit's
     QApplication application(count, texts);
     QApplication::setApplicationName("qd-k8-sim");
-    QApplication::setStyle(new qdw8::OutlinedStyle);
+    qdw8::InstallStyle();
     const qdw8::LegibleDesktop colours;
     QApplication::setWindowIcon(Icon());
     Choose(front.options.language);

@@ -1,5 +1,7 @@
 #include "windows/simulator/texts.h"
 
+#include "windows/access/spoken_name.h"
+
 #include <QAbstractButton>
 #include <QGroupBox>
 #include <QHash>
@@ -63,7 +65,7 @@ void ShowTextsOf(QWidget& control) {
         control.setAccessibleDescription(Text(key));
     }
     if (const QString key = control.property(kName).toString(); !key.isEmpty()) {
-        control.setAccessibleName(Text(key));
+        qdw8::NameControl(control, Text(key));
     }
 }
 

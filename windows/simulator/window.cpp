@@ -1,5 +1,6 @@
 #include "windows/simulator/window.h"
 
+#include "windows/access/tab_keys.h"
 #include "windows/simulator/axes_panel.h"
 #include "windows/simulator/lamp.h"
 #include "windows/simulator/signals_panel.h"
@@ -16,6 +17,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -58,6 +60,8 @@ Window::Window(Front& theFront) : front(theFront) {
     line->setTextFormat(Qt::PlainText);
     line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     layout->addWidget(line);
+    connect(new QShortcut(QKeySequence("Ctrl+Q"), this), &QShortcut::activated, this,
+            &QWidget::close);
     connect(&timer, &QTimer::timeout, this, [this] { lookAgain(); });
     timer.start(kAtRest);
     chooseLanguage(ChosenLanguage() == Language::Japanese ? 1 : 0);
@@ -91,6 +95,7 @@ QWidget* Window::makePage(QWidget* panel, const char* name) {
     auto* page = new QScrollArea(this);
     page->setObjectName(name);
     page->setFrameShape(QFrame::NoFrame);
+    page->setFocusPolicy(Qt::NoFocus); // it follows the control that has the focus
     page->setWidgetResizable(true);
     page->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     page->setWidget(panel);
@@ -105,6 +110,7 @@ QWidget* Window::makeTabs() {
     trouble = new TroublePanel(teller, tabs);
     tabs->addTab(makePage(signalsPanel, "io"), {});
     tabs->addTab(makePage(trouble, "trouble"), {});
+    qdw8::AddTabKeys(*tabs);
     return tabs;
 }
 

@@ -1,6 +1,7 @@
 #include "windows/tables/frmSqMcr.h"
 
 #include "tables/macros.h"
+#include "windows/access/spoken_name.h"
 #include "windows/controls/arrows.h"
 #include "windows/controls/document_title.h"
 #include "windows/controls/key_field.h"
@@ -171,7 +172,7 @@ void frmSqMcr::showState() {
             const QString place = ResQText(902) + QLatin1Char(' ') + number + QLatin1Char(' ') +
                                   ResQText(914) + QLatin1Char(' ') + QString::number(step + 1) +
                                   QLatin1Char(' ');
-            row.command->setAccessibleName(place + ResQText(904));
+            NameControl(*row.command, place + ResQText(904));
             row.data->setAccessibleName(place + ResQText(905));
         }
         const auto judge = [&](QWidget& field, SmField which, std::int16_t limits) {
