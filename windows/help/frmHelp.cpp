@@ -5,8 +5,8 @@
 #include "platform/qt/shared_printer.h"
 #include "platform/qt/work_window.h"
 #include "platform/whole_file.h"
-#include "windows/controls/load_form_resources.h"
 #include "windows/access/tab_keys.h"
+#include "windows/controls/load_form_resources.h"
 #include "windows/controls/texts.h"
 #include "windows/help/manual_paper.h"
 
@@ -209,7 +209,8 @@ int frmHelp::listWidth() const {
         widest = std::max(widest, contents->fontMetrics().horizontalAdvance(row.title));
     }
     const int around = 2 * contents->indentation() +
-                       contents->verticalScrollBar()->sizeHint().width() + 4 * kMargin;
+                       contents->verticalScrollBar()->sizeHint().width() +
+                       2 * contents->frameWidth() + 4 * kMargin;
     return std::min(std::max(widest + around, tabs->tabBar()->sizeHint().width()),
                     kSize.width() / 2);
 }
