@@ -21,6 +21,7 @@ struct RunState {
     Flag RangeCancelFlag = kClear;
     Flag GrpMoveStopFlag = kClear;
     Flag ProgramEndFlag = kClear;
+    Flag SettingsLossToldFlag = kClear;
     std::array<Flag, kAxes> AxisOff{};
     std::array<Flag, kAxes> CtAxisOff{};
 };
@@ -43,6 +44,7 @@ Flag& SplashDoneFlag = state.SplashDoneFlag;
 Flag& RangeCancelFlag = state.RangeCancelFlag;
 Flag& GrpMoveStopFlag = state.GrpMoveStopFlag;
 Flag& ProgramEndFlag = state.ProgramEndFlag;
+Flag& SettingsLossToldFlag = state.SettingsLossToldFlag;
 std::array<Flag, kAxes>& AxisOff = state.AxisOff;
 std::array<Flag, kAxes>& CtAxisOff = state.CtAxisOff;
 

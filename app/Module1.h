@@ -42,6 +42,8 @@ extern Flag& GrpMoveStopFlag;
 /// The user has confirmed the end of the program while a command runs: its loops over rows stop at
 /// the next row, and the outermost command then ends the program.
 extern Flag& ProgramEndFlag;
+/// The user knows that the store of the settings can't be written.
+extern Flag& SettingsLossToldFlag;
 
 /// Per axis: -1 no actuator on this axis, 0 in use. `CtAxisOff` is what the controller says, read
 /// silently for a comparison; `AxisOff` is what the program works with.

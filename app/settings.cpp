@@ -1,6 +1,9 @@
 #include "app/settings.h"
 
+#include "app/Module1.h"
+#include "app/boxes.h"
 #include "app/number_forms.h"
+#include "app/string_table.h"
 #include "platform/fault.h"
 #include "platform/platform.h"
 
@@ -36,6 +39,15 @@ void SaveSettingText(const std::string& key, const std::string& text) {
 
 void SaveSettingNumber(const std::string& key, std::int16_t number) {
     SaveSettingText(key, std::to_string(number));
+}
+
+void TellLostSettings() {
+    const Platform& platform = ThePlatform();
+    if (IsSet(SettingsLossToldFlag) || !platform.Settings.IsKept || platform.Settings.IsKept()) {
+        return;
+    }
+    SettingsLossToldFlag = kSet;
+    ShowBox(Lines({ResText(3350), "", platform.settingsFolder}));
 }
 
 } // namespace qdw8

@@ -17,4 +17,8 @@ std::int16_t StoredPortNo();
 void SaveSettingText(const std::string& key, const std::string& text);
 void SaveSettingNumber(const std::string& key, std::int16_t number);
 
+/// Behind settings that the user has confirmed: tells, once in a run, if the disk didn't take them.
+/// They hold for the run.
+void TellLostSettings();
+
 } // namespace qdw8

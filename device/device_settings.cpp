@@ -118,6 +118,7 @@ void WriteDeviceSettings() {
         saveFlag("Vertical", axis, device.Vertical);
         saveFlag("WithPG", axis, device.WithPG);
     }
+    TellLostSettings();
 }
 
 } // namespace qdw8

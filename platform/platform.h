@@ -24,6 +24,8 @@ struct SettingsStore {
     std::function<void(const std::string& section, const std::string& key,
                        const std::string& value)>
         SaveSetting;
+    /// All that was saved is on the disk.
+    std::function<bool()> IsKept;
 };
 
 /// The system clipboard, text form, UTF-8.

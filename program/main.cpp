@@ -1,6 +1,7 @@
 #include "platform/last_word.h"
 #include "platform/qt/qt_platform.h"
 #include "program/startup.h"
+#include "program/told_to_end.h"
 #include "program/wiring.h"
 #include "windows/access/visible_focus.h"
 #include "windows/colours/legible.h"
@@ -20,6 +21,7 @@ int main(int argc, char** argv) {
 
     qdw8::InstallQtPlatform();
     qdw8::WireScreens();
+    qdw8::KeepUnsavedAtExit();
     qdw8::Main();
     return QApplication::exec();
 }

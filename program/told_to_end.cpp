@@ -12,6 +12,8 @@
 #include "platform/timer.h"
 #include "position/recovery.h"
 
+#include <cstdlib>
+
 namespace qdw8 {
 namespace {
 
@@ -41,6 +43,13 @@ void Tick() {
     frmMain_Unload();
 }
 
+/// The toolkit ends the process by itself where its display is gone. What is left of it must not
+/// run into windows that are still there.
+void BeEndedByToolkit(int status, void* /*nothing*/) {
+    KeepUnsavedNow();
+    std::_Exit(status);
+}
+
 void BeToldToEnd() {
     if (timerToldToEnd.enabled) {
         return;
@@ -61,6 +70,10 @@ void ObeyToldToEnd() {
     DisableTimer(timerToldToEnd);
     timerToldToEnd.routine = Tick;
     ThePlatform().OnToldToEnd = BeToldToEnd;
+}
+
+void KeepUnsavedAtExit() {
+    ::on_exit(BeEndedByToolkit, nullptr);
 }
 
 } // namespace qdw8

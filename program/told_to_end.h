@@ -13,4 +13,8 @@ namespace qdw8 {
 /// port's last word then stops what still moves.
 void ObeyToldToEnd();
 
+/// From now on unsaved positions are kept, too, where the toolkit ends the process because its
+/// display is gone. The port's last word then stops what moves.
+void KeepUnsavedAtExit();
+
 } // namespace qdw8

@@ -115,6 +115,7 @@ OptionsOk cmdOK_Click(const OptionsForm& form) {
     TakeNumber(VelOf100Pls, NumberIn(form.txtJogVel), "VelOf100Pls");
     TakeNumber(AccOf100Pls, form.optJogAcc + 1, "AccOf100Pls");
     TakeNumber(AccOf100Pls2, form.optJogAcc2 + 1, "AccOf100Pls2");
+    TellLostSettings();
     return OptionsOk::Done;
 }
 

@@ -57,6 +57,7 @@ void InstallQtSettings() {
             .toString()
             .toStdString();
     };
+    ThePlatform().Settings.IsKept = [store] { return store->status() == QSettings::NoError; };
     ThePlatform().Settings.SaveSetting = [store](const std::string& section, const std::string& key,
                                                  const std::string& value) {
         store->setValue(KeyOf(section, key), QString::fromStdString(value));

@@ -74,8 +74,9 @@ void InstallQtToldToEnd() {
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
         Listen(signal);
     }
-    // The end of a display or a terminal is told by what is written to it, not by a signal.
+    // A display or a terminal that is gone, and a file that may not grow, fail what is written.
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 } // namespace qdw8
