@@ -1,6 +1,7 @@
 #include "platform/qt/qt_platform.h"
 
 #include "platform/qt/dialog_places.h"
+#include "platform/qt/screen_watch.h"
 
 namespace qdw8 {
 
@@ -15,6 +16,7 @@ void InstallQtPlatform() {
     InstallQtMachine();
     InstallQtInputMethod();
     InstallQtDialogPlaces();
+    InstallQtScreenWatch();
     InstallQtToldToEnd();
 }
 

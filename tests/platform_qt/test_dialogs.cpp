@@ -5,6 +5,7 @@
 #include "platform/qt/kept_places.h"
 #include "platform/qt/qt_file_dialog.h"
 #include "platform/qt/qt_platform.h"
+#include "platform/qt/screen_watch.h"
 #include "platform/qt/shared_printer.h"
 #include "pump.h"
 #include "support/story.h"
@@ -287,6 +288,26 @@ TEST(QtDialogs, AWindowComesBackWhereItWasAndShowsTheOthersWhenItIsNew) {
     result.show();
     result.hide();
     EXPECT_EQ(KeepSize(result, {9, 9}), QSize(250, 150));
+}
+
+TEST(QtDialogs, WhatStoodOnAScreenThatGoesOrShrinksComesBackOntoWhatIsLeft) {
+    InstallQtScreenWatch();
+    const DialogPlayer player;
+    QWidget& window = *player.window;
+    QDialog dialog(&window);
+    dialog.show();
+    QScreen& left = *window.screen();
+    const QRect room = left.availableGeometry();
+    const auto comesBack = [&room](const QWidget& of) {
+        return PumpUntil([&] { return room.contains(of.frameGeometry()); });
+    };
+    window.setGeometry(room.translated(room.width(), 90));
+    dialog.move(-900, -900);
+    emit qGuiApp->screenRemoved(&left);
+    EXPECT_TRUE(comesBack(window) && comesBack(dialog));
+    window.setGeometry(room.adjusted(50, 50, 50, 50));
+    emit left.availableGeometryChanged(room);
+    EXPECT_TRUE(comesBack(window));
 }
 
 } // namespace
