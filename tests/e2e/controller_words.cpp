@@ -9,6 +9,7 @@
 #include <QThread>
 #include <csignal>
 #include <memory>
+#include <sys/resource.h>
 #include <unistd.h>
 
 /// The controller at the other end, the simulator as a process of its own, plugged in as COM1; and
@@ -158,6 +159,14 @@ void CopyFile(Told told) {
     }
 }
 
+/// full: from now on no file of the program's may have a byte. free: any may.
+void SetDisk(Told told) {
+    rlimit limit{};
+    ::getrlimit(RLIMIT_FSIZE, &limit);
+    limit.rlim_cur = told.value(0) == "full" ? 0 : limit.rlim_max;
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+}
+
 /// NAME FILE
 void ExpectSaved(Told told) {
     ExpectNow(QString::fromLatin1(ContentOf(told.value(0))),
@@ -193,6 +202,7 @@ Words ControllerWords() {
          }},
         {"last-heard", [](Told told) { ExpectNow(LastHeard(), told.value(0)); }},
         {"copy-file", CopyFile},
+        {"disk", SetDisk},
         {"saved", ExpectSaved},
         {"files",
          [](Told told) { ExpectNow(QDir().entryList(QDir::Files).join(u' '), told.join(u' ')); }},

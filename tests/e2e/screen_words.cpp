@@ -75,7 +75,13 @@ void AnswerBox(const QString& text, const QString& button, const QString& pictur
     ExpectNow(OnGui([&box] { return box.isNull() ? QString() : box->text(); }), text);
     Picture(picture);
     const auto find = [box, button] {
-        return SpotOn(box.isNull() ? nullptr : box->findChild<QPushButton*>(button));
+        const auto all = box.isNull() ? QList<QAbstractButton*>() : box->buttons();
+        for (QAbstractButton* one : all) {
+            if (one->objectName() == button || one->text() == button) {
+                return SpotOn(one);
+            }
+        }
+        return Spot{};
     };
     ClickAt(find, Boxes::AreFine);
     WaitGone(window);

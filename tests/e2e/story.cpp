@@ -82,7 +82,7 @@ void ReadTexts(const QString& language) {
 }
 
 /// {374} is that text of the program, {3204:9} one with a number in it, {work} the folder it runs
-/// in, <NAME> a parameter, <...> all that were told beyond the named ones.
+/// in, {home} that of its user, <NAME> a parameter, <...> all that were told beyond the named ones.
 QStringList Meant(const QStringList& words, const QStringList& names, const QStringList& told) {
     QStringList meant;
     for (QString word : words) {
@@ -94,6 +94,7 @@ QStringList Meant(const QStringList& words, const QStringList& names, const QStr
             word.replace(u'<' + names[i] + u'>', told.value(i));
         }
         word.replace("{work}", QDir::currentPath());
+        word.replace("{home}", qEnvironmentVariable("QDW8_USER_HOME"));
         static const QRegularExpression number("\\{(\\d+)(?::(\\d+))?\\}");
         for (auto match = number.match(word); match.hasMatch(); match = number.match(word)) {
             const int id = match.captured(1).toInt();
