@@ -141,22 +141,18 @@ std::int16_t ReadAxisVersion(int axis) {
 }
 
 std::int16_t MoveToPosition(int position, int kind) {
-    SetMotionRuns(true);
     return OnceEchoed(kind == 1 ? "0MM" : "0MP", 9, HexField(position, 3) + MaskDigit());
 }
 
 std::int16_t RunGroup(int group) {
-    SetMotionRuns(true);
     return OnceEchoed("0MG", 7, HexField(group, 2), kNoLimit);
 }
 
 std::int16_t JogRun(const std::string& data) {
-    SetMotionRuns(true);
     return Once("0JR", 5, data, std::nullopt);
 }
 
 std::int16_t InchingMove(const std::string& data) {
-    SetMotionRuns(true);
     return Once("0MV", 5, data, std::nullopt);
 }
 

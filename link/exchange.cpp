@@ -12,6 +12,8 @@
 #include "link/stop.h"
 #include "platform/platform.h"
 
+#include <algorithm>
+#include <array>
 #include <exception>
 
 namespace qdw8 {
@@ -378,11 +380,30 @@ void ServeStop(int late, bool tells) {
     ReplyText = reply;
 }
 
+bool SetsMoving(const std::string& word) {
+    constexpr std::array kWords{"0MP", "0MM", "0MG", "0JR", "0MV"};
+    return std::find(kWords.begin(), kWords.end(), word) != kWords.end();
+}
+
+/// `Attempt`, with the axes counted as moving from before the frame goes out, unless it sets
+/// nothing moving: it was refused, or never went out.
+Ending AttemptOnAxes(const Request& request, int& sent) {
+    const bool ranBefore = MotionRuns();
+    if (SetsMoving(request.word)) {
+        SetMotionRuns(true);
+    }
+    const Ending ending = Attempt(request, 0, sent);
+    if (!ranBefore && MotionRuns() && (ending == Ending::ErrorReply || sent == 0)) {
+        SetMotionRuns(false);
+    }
+    return ending;
+}
+
 /// A stop that is wished meanwhile follows the exchange, and before it tells of a failure one goes
 /// out in any case while an axis may move.
 std::int16_t Exchange(const Request& request) {
     int sent = 0;
-    const Ending ending = Attempt(request, 0, sent);
+    const Ending ending = AttemptOnAxes(request, sent);
     const bool good = ending == Ending::Good;
     if (good) {
         Conclude(ending, request.manner);

@@ -4,16 +4,19 @@
 #include <array>
 #include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <climits>
 #include <csignal>
 #include <cstddef>
 #include <fcntl.h>
 #include <new>
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
 #include <termios.h>
 #include <unistd.h>
+#include <utility>
 
 namespace qdw8 {
 namespace {
@@ -29,6 +32,7 @@ struct LastWord {
     std::array<char, 16> text{};
 };
 LastWord* shared = nullptr;
+int whileThere = -1; ///< open as long as the program is there
 
 void Copy(const std::string& text, char* place) {
     *std::copy(text.begin(), text.end(), place) = '\0';
@@ -38,6 +42,8 @@ void Copy(const std::string& text, char* place) {
 int OpenDevice(const char* device) {
     const int line = ::open(device, O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     termios modes{};
+    ::ioctl(line,
+            TIOCEXCL); // nobody else, such as a program started anew, gets half of the answers
     if (line >= 0 && ::tcgetattr(line, &modes) == 0) {
         ::cfmakeraw(&modes);
         ::cfsetspeed(&modes, B9600);
@@ -48,11 +54,16 @@ int OpenDevice(const char* device) {
     return line;
 }
 
-/// Waits until `text` has come back.
+/// Waits until `text` has come back; a far end that keeps talking makes that no longer.
 bool IsRepeated(int line, const std::string& text) {
+    using Clock = std::chrono::steady_clock;
+    const auto end = Clock::now() + std::chrono::milliseconds(kAnswerMs);
     std::string heard;
     pollfd come{line, POLLIN, 0};
-    while (::poll(&come, 1, kAnswerMs) == 1) {
+    const auto left = [end] {
+        return std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now()).count();
+    };
+    while (left() > 0 && ::poll(&come, 1, static_cast<int>(left())) == 1) {
         std::array<char, 256> bytes{};
         const ssize_t count = ::read(line, bytes.data(), bytes.size());
         if (count <= 0) {
@@ -120,8 +131,8 @@ void StartLastWord() {
         ::close(ends[1]);
         Outlive(ends[0], *word);
     }
-    // The other end stays open as long as the program is there.
     ::close(ends[0]);
+    whileThere = ends[1];
     shared = process > 0 ? word : nullptr;
 }
 
@@ -131,12 +142,18 @@ void KeepLastWord(const std::string& device, const std::string& text) {
     }
     // At no moment is there half a word.
     shared->counts = false;
+    ::prctl(PR_SET_DUMPABLE, text.empty() ? 1 : 0);
     if (!text.empty() && device.size() < shared->device.size() &&
         text.size() < shared->text.size()) {
         Copy(device, shared->device.data());
         Copy(text, shared->text.data());
         shared->counts = true;
     }
+}
+
+void SayLastWordNow() {
+    shared = nullptr;
+    ::close(std::exchange(whileThere, -1));
 }
 
 } // namespace qdw8

@@ -74,7 +74,9 @@ bool frmMain_QueryUnload() {
         return false;
     }
     EndKeeping();
-    SetMotionRuns(false); // what has gone out is never cut short by an end that was asked for
+    if (LastStop != Stop::Failed) {
+        SetMotionRuns(false); // what has gone out is never cut short by an end that was asked for
+    }
     if (CommandsTaken()) {
         ProgramEndFlag = kSet;
         return false;

@@ -8,16 +8,19 @@
 #include "link/line_state.h"
 #include "link/port.h"
 #include "link/stop.h"
+#include "platform/last_word.h"
 #include "platform/platform.h"
 #include "platform/timer.h"
 #include "position/recovery.h"
 
 #include <cstdlib>
+#include <unistd.h>
 
 namespace qdw8 {
 namespace {
 
-constexpr int kTicks = 100; ///< of 50 ms
+constexpr int kTicks = 100;     ///< of 50 ms
+constexpr unsigned kKeepS = 10; ///< a disk that hangs ends the process
 
 int ticks = 0;
 Timer timerToldToEnd{"timerToldToEnd", 50, false, {}};
@@ -33,20 +36,30 @@ void CancelWhatIsUp() {
     }
 }
 
+/// A disk holds up no stop: what still moves has its last word now.
+void StopThenKeep() {
+    CloseCtPortForce();
+    if (MotionRuns()) {
+        SayLastWordNow();
+    }
+    KeepUnsavedNow();
+}
+
 void Tick() {
     if (++ticks < kTicks && SomethingRuns()) {
         CancelWhatIsUp();
         return;
     }
     DisableTimer(timerToldToEnd);
-    CloseCtPortForce();
+    StopThenKeep();
     frmMain_Unload();
 }
 
 /// The toolkit ends the process by itself where its display is gone. What is left of it must not
 /// run into windows that are still there.
 void BeEndedByToolkit(int status, void* /*nothing*/) {
-    KeepUnsavedNow();
+    ::alarm(kKeepS);
+    StopThenKeep();
     std::_Exit(status);
 }
 
@@ -60,7 +73,6 @@ void BeToldToEnd() {
     if (MotionRuns()) {
         StopMotion();
     }
-    KeepUnsavedNow();
 }
 
 } // namespace

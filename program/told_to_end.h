@@ -8,9 +8,9 @@ namespace qdw8 {
 /// stores.
 ///
 /// The word makes the end confirmed (`ProgramEndFlag`): what is up is cancelled, what moves is
-/// stopped, unsaved positions are kept for the next start, commands end at their next look, and the
-/// process ends when the line is free and every command back. After 5 s it ends in any case; the
-/// port's last word then stops what still moves.
+/// stopped, commands end at their next look, and when the line is free and every command back the
+/// process keeps unsaved positions for the next start and ends. After 5 s it does so in any case;
+/// the port's last word then stops what still moves, before anything is written.
 void ObeyToldToEnd();
 
 /// From now on unsaved positions are kept, too, where the toolkit ends the process because its

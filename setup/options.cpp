@@ -7,6 +7,7 @@
 #include "app/settings.h"
 #include "link/line_state.h"
 #include "link/port.h"
+#include "link/stop.h"
 #include "link/window_command.h"
 #include "position/posi_check.h"
 
@@ -49,6 +50,7 @@ bool CheckJogVel(const OptionsForm& form) {
 void TakePort(std::int16_t port) {
     if (port != PortNo) {
         CloseCtPortForce();
+        SetMotionRuns(false); // what moves at the old port's end is none of the new one's
         SetOfflineState();
     }
     PortNo = port;

@@ -47,6 +47,7 @@ struct SerialLine {
     QTimer notice;     ///< runs while a call of `OnComm` is on its way
     bool open = false; ///< what the program sees; the port itself may close a turn later
     int portNo = 1;
+    QString device; ///< opened last
     int inputLen = 0;
     int commEvent = 0;
     LineSettings settings;
@@ -129,7 +130,7 @@ QString DeviceOf(const SerialLine& line) {
 }
 
 void KeepWord(const SerialLine& line) {
-    KeepLastWord(DeviceOf(line).toStdString(), line.lastWord);
+    KeepLastWord(line.device.toStdString(), line.lastWord);
 }
 
 void OpenLine(SerialLine& line) {
@@ -137,12 +138,12 @@ void OpenLine(SerialLine& line) {
         return;
     }
     CloseLine(line);
-    const QString device = DeviceOf(line);
-    line.port.setPortName(device);
+    line.device = DeviceOf(line);
+    line.port.setPortName(line.device);
     ApplySettings(line);
     line.port.setFlowControl(line.handshaking);
     if (!line.port.open(QIODevice::ReadWrite)) {
-        FailWithPort(line, device.toStdString().c_str());
+        FailWithPort(line, line.device.toStdString().c_str());
     }
     line.open = true;
     if (!line.lastWord.empty()) {

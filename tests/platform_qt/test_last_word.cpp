@@ -19,8 +19,8 @@ namespace qdw8 {
 namespace {
 
 /// A program that keeps these words and is then killed. Gives all that the line was told, `deaf`
-/// times without an answer.
-std::string TellsBehind(const std::vector<std::string>& words, int deaf) {
+/// times without an answer; meanwhile the far end may talk of something else.
+std::string TellsBehind(const std::vector<std::string>& words, int deaf, bool talks = false) {
     int farEnd = -1;
     int nearEnd = -1;
     std::array<char, 128> name{};
@@ -40,6 +40,9 @@ std::string TellsBehind(const std::vector<std::string>& words, int deaf) {
     // The second process comes here as an orphan when it has ended.
     while (::waitpid(-1, nullptr, WNOHANG) == 0) {
         std::array<char, 64> bytes{};
+        if (talks) {
+            EXPECT_EQ(::write(farEnd, "0RH1", 4), 4);
+        }
         if (::poll(&come, 1, 10) == 1) {
             told.append(bytes.data(), static_cast<std::size_t>(
                                           std::max<ssize_t>(::read(farEnd, bytes.data(), 64), 0)));
@@ -59,6 +62,7 @@ TEST(LastWord, GoesOutUntilItIsRepeatedUnlessItWasTakenBack) {
     EXPECT_EQ(TellsBehind({"0SP\r\n"}, 2), "0SP\r\n0SP\r\n0SP\r\n");
     EXPECT_EQ(TellsBehind({"0SP\r\n", ""}, 0), "");
     EXPECT_EQ(TellsBehind({}, 0), "");
+    EXPECT_EQ(TellsBehind({"0SP\r\n"}, 1, true), "0SP\r\n0SP\r\n");
 }
 
 } // namespace
