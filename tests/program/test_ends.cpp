@@ -13,9 +13,11 @@
 #include "motion/move_test.h"
 #include "motion/teaching.h"
 #include "platform/whole_file.h"
+#include "position/flex_grid.h"
 #include "position/grid_display.h"
 #include "position/posi_file.h"
 #include "position/posi_table.h"
+#include "print/posi_print_data.h"
 #include "program/commands.h"
 #include "program/shutdown.h"
 #include "program/told_to_end.h"
@@ -216,9 +218,38 @@ TEST(Mishap, ACableThatIsPulledIsToldOnce) {
         [](EndBench& bench, const std::string& name, bool) { ExpectNothingTwice(bench, name); });
 }
 
+/// The grid, and what a print of it says.
+std::string Shown() {
+    std::string all;
+    for (int row = 0; row < kGridHeadRows + GridRowCount; ++row) {
+        for (int column = 0; column < kGridColumns; ++column) {
+            all += GridText(row, column) + '\t';
+        }
+    }
+    for (const PosiPrintRow& row : StageShownPositions().rows) {
+        for (const std::string& cell : row.cells) {
+            all += cell + '\t';
+        }
+    }
+    return all;
+}
+
 TEST(Mishap, AnHourThatIsLostHarmsNothing) {
+    const std::string transfer = "a read and a write";
+    std::string before;
+    std::string read;
+    {
+        EndBench bench;
+        before = Shown();
+        kRuns.at(transfer)(bench);
+        read = Shown();
+    }
     InEachRun([](EndBench& bench) { bench.platform.now += 3'600'000; },
-              [](EndBench& bench, const std::string& name, bool) {
+              [&](EndBench& bench, const std::string& name, bool) {
+                  if (name == transfer && Shown() != read) {
+                      EXPECT_EQ(Shown(), before) << "half of a read";
+                      EXPECT_FALSE(bench.platform.boxes.empty()) << "nobody is told";
+                  }
                   const auto& at = bench.platform.sentAt;
                   ExpectNothingTwice(bench, name);
                   EXPECT_LE(std::count_if(at.begin(), at.end(),
@@ -231,7 +262,7 @@ TEST(Mishap, AnHourThatIsLostHarmsNothing) {
               });
 }
 
-/// What a read, a write and a save leave on the line and in the file.
+/// What a read, a write and a save leave on the screen, on paper, on the line and in the file.
 std::string Written() {
     EndBench bench;
     DispMmFlag = kSet;
@@ -242,7 +273,7 @@ std::string Written() {
         return std::optional(FileAnswer{path, "a.qdd"});
     };
     SavePosiFileAs();
-    std::string all = ReadWholeFile(path);
+    std::string all = Shown() + ReadWholeFile(path);
     for (const std::string& frame : bench.platform.sent) {
         all += frame + "\n";
     }
@@ -253,7 +284,8 @@ TEST(Mishap, TheLocaleOfTheDesktopLeavesFilesAndTheLineAsTheyAre) {
     const std::string plain = Written();
     const std::string folder = testing::TempDir() + "/qdw8-locales";
     ::setenv("LOCPATH", folder.c_str(), 1);
-    for (const std::string name : {"de_DE", "tr_TR", "ar_SA", "ja_JP"}) {
+    // Between them they have a decimal comma, an i of their own and digits of their own.
+    for (const std::string name : {"tr_TR", "ar_SA"}) {
         const std::string made = folder + "/" + name + ".UTF-8";
         const std::string make =
             "mkdir -p " + made + " && localedef -i " + name + " -f UTF-8 " + made + " 2>/dev/null";
