@@ -4,7 +4,6 @@
 #include "platform/cp932_text.h"
 #include "platform/whole_file.h"
 
-#include <functional>
 #include <gtest/gtest.h>
 #include <map>
 #include <regex>
@@ -91,19 +90,6 @@ TEST(Texts, BothLanguagesAreInStep) {
     }
     EXPECT_EQ(seen[R"(\(&[A-Z] ?\)|&)"], 22);
     EXPECT_EQ(seen[R"([(|]\*\.[a-z*]+\)?)"], 6);
-}
-
-// Two entries of one menu with the same letter would make both hard to reach by the keyboard.
-TEST(Texts, MnemonicsOfOneMenuDiffer) {
-    for (const auto& [first, last, entries] :
-         {std::tuple{251, 262, 8}, std::tuple{271, 277, 7}, std::tuple{291, 292, 2}}) {
-        std::set<std::string> letters;
-        for (auto row = Japanese().lower_bound(first); row->first <= last; ++row) {
-            letters.insert(Found(row->second, "&[A-Z]"));
-        }
-        letters.erase("");
-        EXPECT_EQ(letters.size(), static_cast<std::size_t>(entries)) << first;
-    }
 }
 
 TEST(Texts, JapaneseKeepsToItsGlossaryAndQuotesCommandsThatExist) {

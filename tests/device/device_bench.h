@@ -4,6 +4,7 @@
 #include "platform/whole_file.h"
 #include "support/bench.h"
 #include "support/boxes.h"
+#include "support/story.h"
 
 #include <functional>
 #include <sstream>
@@ -54,13 +55,10 @@ inline std::vector<std::string> Parts(const std::string& text, char mark) {
 /// parted by "|"; "#" begins a remark.
 inline void ForEachRow(const std::string& table,
                        const std::function<void(DeviceBench&, std::vector<std::string>)>& test) {
-    const std::string file = QDW8_SOURCE_DIR "/tests/device/tables/" + table + ".txt";
-    for (const std::string& line : Parts(ReadWholeFile(file), '\n')) {
-        if (!line.empty() && line[0] != '#') {
-            SCOPED_TRACE(line);
-            DeviceBench bench;
-            test(bench, Parts(line, '|'));
-        }
+    for (const std::string& line : LinesOf("device/tables/" + table + ".txt")) {
+        SCOPED_TRACE(line);
+        DeviceBench bench;
+        test(bench, Parts(line, '|'));
     }
 }
 

@@ -85,12 +85,10 @@ void StartToStay(Told options) {
     WaitFor([link] { return QFile::exists(link); });
 }
 
-/// SIGNAL STATUS: by that signal, with which the program ends; it must then have been stopped.
+/// SIGNAL STATUS: by that signal, with which the program ends; what moves must then be stopped.
 void Killed(Told told) {
     const QString home = qEnvironmentVariable("QDW8_USER_HOME");
-    for (const char* name : {"/content", "/stops"}) {
-        QFile(home + name).open(QIODevice::WriteOnly);
-    }
+    QFile(home + "/content").open(QIODevice::WriteOnly);
     QFile status(home + "/status");
     if (!status.open(QIODevice::WriteOnly) || status.write(told.value(1).toUtf8()) < 1) {
         Fail("can't be noted");

@@ -5,7 +5,6 @@
 #include "app/transfer_dialog.h"
 #include "link/alarm.h"
 #include "link/line_state.h"
-#include "link/port.h"
 #include "link/receiver.h"
 #include "support/story.h"
 

@@ -4,8 +4,6 @@
 
 #include "app/command_states.h"
 #include "app/main_panel.h"
-#include "app/number_forms.h"
-#include "link/alarm.h"
 #include "link/background.h"
 #include "link/line_state.h"
 #include "link/link_fixture.h"

@@ -18,7 +18,6 @@
 #include "simulator/motion.h"
 #include "support/every_step.h"
 
-#include <algorithm>
 #include <regex>
 
 namespace qdw8::test {
@@ -264,27 +263,6 @@ TEST(Teaching, AtEveryStepAFailureIsToldBehindAStop) {
             const bool goesOn = bench.reached == Teaching::Started;
             EXPECT_TRUE(goesOn == step.boxes.empty() || step.fault == (goesOn ? "stray" : "dumb"));
         });
-}
-
-TEST(Teaching, KnowsTheAxesInUseAndNoOthers) {
-    for (unsigned mask = 1; mask < 16; ++mask) {
-        SCOPED_TRACE(mask);
-        TeachBench bench;
-        bench.line.controller.setAxisMask(mask);
-        cmdJOGST_Click();
-        optJOG_Click(3);
-        for (int button = 0; button < static_cast<int>(kJogButtons); ++button) {
-            const bool used = (mask & (1U << static_cast<unsigned>(button / 2))) != 0;
-            bench.platform.sent.clear();
-            JogPressed(button);
-            bench.platform.run(500);
-            const TeachingForm form = TheTeachingForm();
-            const auto axis = static_cast<std::size_t>(button / 2);
-            EXPECT_EQ(form.cmdJOG[static_cast<std::size_t>(button)], used);
-            EXPECT_EQ(form.lblPosi[axis], !used ? "" : button % 2 == 0 ? "100" : "0");
-            EXPECT_EQ(bench.platform.sent.back(), "0RC" + HexField(mask, 1));
-        }
-    }
 }
 
 } // namespace

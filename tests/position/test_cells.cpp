@@ -4,23 +4,17 @@
 #include "position/grid_clipboard.h"
 #include "position/posi_columns.h"
 #include "position_bench.h"
-
-#include <fstream>
-#include <sstream>
+#include "support/story.h"
 
 namespace qdw8::test {
 namespace {
 
 TEST_F(PositionTest, CellTextsAreJudgedAlikeHoweverTheyCame) {
-    std::ifstream file(QDW8_SOURCE_DIR "/tests/position/cells.txt");
     int lines = 0;
-    for (std::string given; std::getline(file, given);) {
-        if (given.starts_with('#')) {
-            continue;
-        }
+    for (const std::string& given : LinesOf("position/cells.txt")) {
         SCOPED_TRACE(given);
         std::vector<std::string> field;
-        std::istringstream parts(given + "\t");
+        Args parts(given + "\t");
         for (std::string part; std::getline(parts, part, '\t');) {
             field.push_back(part);
         }

@@ -21,6 +21,7 @@
 #include "program/commands.h"
 #include "program/shutdown.h"
 #include "program/told_to_end.h"
+#include "support/boxes.h"
 #include "support/every_step.h"
 
 #include <QLocale>
@@ -191,9 +192,12 @@ TEST(End, ByTheUserComesInEveryStateWhereNobodyAnswers) {
         [](EndBench& bench) {
             FallSilent(bench);
             RunCommand(Command::mnuFileExit);
+            EXPECT_TRUE(JogOpen() || !frmMain_QueryUnload());
         },
         [](EndBench& bench, const std::string& name, bool gone) {
             EXPECT_TRUE(gone || JogOpen()) << name;
+            EXPECT_TRUE(!gone || bench.platform.boxes == std::vector{BoxText("finish")})
+                << name << ": behind the answer nobody is asked or told anything";
             EXPECT_EQ(bench.platform.lastWord, gone ? "" : bench.platform.lastWord);
         });
 }

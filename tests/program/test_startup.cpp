@@ -13,7 +13,6 @@
 #include "parameter/para_device.h"
 #include "parameter/para_fields.h"
 #include "platform/fault.h"
-#include "platform/whole_file.h"
 #include "position/flex_grid.h"
 #include "position/grid_display.h"
 #include "position/posi_table.h"
@@ -303,33 +302,8 @@ TEST_F(StartUp, ACloseDuringTheStartEndsItAtTheNextStep) {
     Main();
     EXPECT_TRUE(platform.ended);
     EXPECT_EQ(platform.sent, std::vector<std::string>{"0CM02"});
-}
-
-TEST_F(StartUp, NobodyIsToldOrAskedAnythingBehindTheConfirmedEnd) {
-    start(0, false);
-    line.controller.setTurnaround(40);
-    for (const auto& [axes, fault] : {std::pair{15U, "0RD:4:error=03"}, {9U, "0RP:1:silence"}}) {
-        line.controller.setAxisMask(axes);
-        addFault(fault);
-        platform.expectScreen("frmSelectPosiNo2");
-        platform.expectBox("Read the data from controller, OK?", BoxButtons::OkCancel,
-                           BoxAnswer::Ok);
-        platform.after(30, [this] {
-            platform.expectBox(BoxText("finish"), BoxButtons::OkCancel, BoxAnswer::Ok);
-            Screens().frmMainClose = [] { EXPECT_FALSE(frmMain_QueryUnload()); };
-            RunCommand(Command::mnuFileExit); // the command that runs comes first
-            platform.checkAllAsked();
-            EXPECT_FALSE(platform.ended);
-            EXPECT_FALSE(frmMain_QueryUnload()) << "and nobody is asked twice";
-        });
-        RunCommand(Command::cmdPosiRead);
-        platform.checkAllAsked();
-        EXPECT_TRUE(platform.ended);
-        platform.ended = false;
-        EXPECT_EQ(AskBox("", BoxButtons::YesNoCancel), BoxAnswer::Cancel);
-        EXPECT_EQ(AskBox("", BoxButtons::YesNo), BoxAnswer::No);
-        ProgramEndFlag = kClear;
-    }
+    EXPECT_EQ(AskBox("", BoxButtons::YesNoCancel), BoxAnswer::Cancel);
+    EXPECT_EQ(AskBox("", BoxButtons::YesNo), BoxAnswer::No);
 }
 
 TEST_F(StartUp, NothingIsPolledWhileSomethingIsAsked) {

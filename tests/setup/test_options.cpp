@@ -110,34 +110,14 @@ struct PortWords : Bench {};
 using PortWordsTest = Unit<PortWords>;
 
 TEST_F(PortWordsTest, SayWhatIsMissingInOneSentence) {
-    const std::string link = "/home/ports/com2";
-    for (const auto& [info, sentence] : std::vector<std::pair<PortInfo, std::string>>{
-             {{PortState::Ready, "/dev/ttyUSB0", link, true, ""},
-              "COM2 is /dev/ttyUSB0 (link /home/ports/com2) and can be opened."},
-             {{PortState::Ready, "/dev/ttyS1", link, false, ""},
-              "COM2 is the built-in port /dev/ttyS1 and can be opened."},
-             {{PortState::NoDevice, "/dev/ttyS1", link, false, ""},
-              "COM2 would be the built-in port /dev/ttyS1, which this machine does not have; a "
-              "link named /home/ports/com2 makes another serial port COM2."},
-             {{PortState::LinkBroken, "/dev/ttyUSB0", link, true, ""},
-              "COM2 is /dev/ttyUSB0, which is not there; plug in the adapter or correct the link "
-              "/home/ports/com2."},
-             {{PortState::NoSerialDevice, "/tmp", link, true, ""},
-              "COM2 is linked to /tmp, which is no serial port; correct the link "
-              "/home/ports/com2."},
-             {{PortState::NotAllowed, "/dev/ttyS1", link, false, "dialout"},
-              "COM2 is /dev/ttyS1, which you may not open; your user must be a member of the group "
-              "\"dialout\" and log in again."},
-             {{PortState::NotAllowed, "/dev/ttyS1", link, false, ""},
-              "COM2 is /dev/ttyS1, which you may not open; ask the administrator for the right to "
-              "read and write it."}}) {
-        EXPECT_EQ(PortSentence(2, info), sentence);
-        if (info.state == PortState::NotAllowed) {
-            EXPECT_EQ(LineInWords(info, false).state,
-                      info.group.empty() ? PortSentence(PortNo, info)
-                                         : "You may not open it: join the group \"dialout\", then "
-                                           "log in again.");
-        }
+    using enum PortState;
+    const std::map<std::string, PortState> states{NAMED(Ready), NAMED(NoDevice), NAMED(LinkBroken),
+                                                  NAMED(NoSerialDevice), NAMED(NotAllowed)};
+    for (const auto& row : RowsOf("setup/ports.txt")) {
+        const PortInfo info{states.at(row[0]), row[1], "/home/ports/com2", row[2] == "link",
+                            row[3]};
+        EXPECT_EQ(PortSentence(2, info), row[4]);
+        EXPECT_TRUE(row.size() == 5 || LineInWords(info, false).state == row[5]) << row[5];
     }
 }
 

@@ -13,7 +13,6 @@
 #include "setup/repaint_axes.h"
 #include "setup_bench.h"
 
-#include <chrono>
 #include <filesystem>
 
 namespace qdw8::test {

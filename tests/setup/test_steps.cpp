@@ -2,7 +2,6 @@
 
 #include "app/command_states.h"
 #include "app/main_panel.h"
-#include "link/alarm.h"
 #include "link/line_state.h"
 #include "link/window_command.h"
 #include "parameter/para_rows.h"

@@ -3,7 +3,6 @@
 #include "app/number_forms.h"
 #include "app/screens.h"
 #include "device/device_lists.h"
-#include "link/alarm.h"
 #include "link/axis_mask.h"
 #include "link/line_state.h"
 #include "link/port.h"

@@ -3,7 +3,6 @@
 #include "support/bench.h"
 
 #include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 

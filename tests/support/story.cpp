@@ -51,16 +51,24 @@ std::vector<std::string> Split(const std::string& text, char mark) {
     return parts;
 }
 
-std::vector<std::vector<std::string>> RowsOf(const std::string& table) {
-    std::vector<std::vector<std::string>> rows;
-    std::ifstream lines(QDW8_SOURCE_DIR "/tests/" + table);
-    for (std::string line; std::getline(lines, line);) {
+std::vector<std::string> LinesOf(const std::string& file) {
+    std::vector<std::string> lines;
+    std::ifstream all(QDW8_SOURCE_DIR "/tests/" + file);
+    for (std::string line; std::getline(all, line);) {
         if (!line.empty() && !line.starts_with('#')) {
-            rows.push_back(Split(line, '|'));
-            std::transform(rows.back().begin(), rows.back().end(), rows.back().begin(), Plain);
+            lines.push_back(line);
         }
     }
-    EXPECT_FALSE(rows.empty()) << table;
+    EXPECT_FALSE(lines.empty()) << file;
+    return lines;
+}
+
+std::vector<std::vector<std::string>> RowsOf(const std::string& table) {
+    std::vector<std::vector<std::string>> rows;
+    for (const std::string& line : LinesOf(table)) {
+        rows.push_back(Split(line, '|'));
+        std::transform(rows.back().begin(), rows.back().end(), rows.back().begin(), Plain);
+    }
     return rows;
 }
 

@@ -24,7 +24,9 @@ std::string Rest(Args& args);
 std::string Plain(const std::string& text);
 /// The parts of a text, without blanks at their ends; an empty last one counts.
 std::vector<std::string> Split(const std::string& text, char mark);
-/// The rows of a table below tests/, their parts between "|" and plain; "#" begins a remark.
+/// The lines of a file below tests/ but empty ones and those that begin with "#".
+std::vector<std::string> LinesOf(const std::string& file);
+/// The rows of a table below tests/, their parts between "|" and plain.
 std::vector<std::vector<std::string>> RowsOf(const std::string& table);
 
 /// "word arguments", and "word arguments = value".

@@ -10,11 +10,11 @@
 #include "parameter/para_fields.h"
 #include "parameter/para_window.h"
 #include "platform/qt/qt_platform.h"
-#include "platform/whole_file.h"
 #include "print/print_select.h"
 #include "setup/detail_edit.h"
 #include "support/boxes.h"
 #include "support/simulated_line.h"
+#include "support/story.h"
 #include "tables/groups.h"
 #include "tables/grp_table.h"
 #include "tables/macros.h"
@@ -30,8 +30,6 @@
 #include <QTabBar>
 #include <QTest>
 #include <QTimer>
-#include <functional>
-#include <sstream>
 
 namespace qdw8::test {
 namespace {
@@ -320,17 +318,7 @@ TEST_P(DialogRows, GoAsTold) {
     EXPECT_EQ(told.join(" ; ").toStdString(), sides[2].toStdString());
 }
 
-std::vector<std::string> Rows() {
-    std::vector<std::string> rows;
-    std::istringstream file(ReadWholeFile(QDW8_SOURCE_DIR "/tests/windows/dialogs.txt"));
-    for (std::string line; std::getline(file, line);) {
-        if (line.starts_with("frm")) {
-            rows.push_back(line);
-        }
-    }
-    return rows;
-}
-INSTANTIATE_TEST_SUITE_P(Told, DialogRows, testing::ValuesIn(Rows()));
+INSTANTIATE_TEST_SUITE_P(Told, DialogRows, testing::ValuesIn(LinesOf("windows/dialogs.txt")));
 
 TEST_F(Dialogs, ThePreviewShowsWhatIsPrintedAtAnySize) {
     drawPages(1);

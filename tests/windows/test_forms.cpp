@@ -6,9 +6,7 @@
 
 #include <QAction>
 #include <QComboBox>
-#include <QGroupBox>
 #include <QMenu>
-#include <QPushButton>
 #include <QToolBar>
 
 namespace qdw8::test {

@@ -1,9 +1,9 @@
 // The stories of grid_stories.txt, in the real window over the real rules.
 
 #include "main_form.h"
-#include "platform/whole_file.h"
 #include "position/grid_display.h"
 #include "support/every_step.h"
+#include "support/story.h"
 
 #include <QApplication>
 #include <QDropEvent>
@@ -12,10 +12,10 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QScrollBar>
-#include <QStringList>
 #include <QTest>
 #include <QUrl>
 #include <functional>
+#include <iterator>
 #include <map>
 #include <optional>
 #include <random>
@@ -23,40 +23,31 @@
 namespace qdw8::test {
 namespace {
 
-struct Story {
-    std::string name;
-    std::vector<std::pair<int, std::string>> lines; ///< with their numbers
-};
-
-std::vector<Story> Stories() {
-    std::vector<Story> stories;
-    int number = 0;
-    const QString file =
-        QString::fromStdString(ReadWholeFile(QDW8_SOURCE_DIR "/tests/windows/grid_stories.txt"));
-    for (const QString& line : file.split(QLatin1Char('\n'))) {
-        ++number;
-        if (line.startsWith(QLatin1String("== "))) {
-            stories.push_back({line.mid(3).toStdString(), {}});
-        } else if (!line.isEmpty() && !line.startsWith(QLatin1Char('#'))) {
-            stories.back().lines.emplace_back(number, line.toStdString());
-        }
-    }
-    return stories;
-}
-
 class GridUser : public MainForm {
-protected:
+public:
     GridUser() {
         AnswerByItself(platform);
         Screens().frmSyogoKekka = [] {};
         AxisOff[2] = kSet;
     }
+    void tell(const std::string& statement) {
+        Args args(statement);
+        const std::string verb = Word(args);
+        const std::string rest = Rest(args);
+        Args numbers(rest);
+        play(verb, rest, {std::istream_iterator<int>(numbers), {}});
+        ASSERT_EQ(window->isWindowModified(), IsSet(PosiDirtyFlag));
+    }
 
+protected:
     /// `rest`: what stands behind the verb; `n`: the numbers at its head.
     void play(const std::string& verb, const std::string& rest, const std::vector<int>& n) {
-        const auto behind = [&rest](int numbers) {
-            const QStringList words = QString::fromStdString(rest).split(QLatin1Char(' '));
-            return unescaped(words.mid(numbers).join(QLatin1Char(' ')).toStdString());
+        const auto behind = [&rest](int words) {
+            Args args(rest);
+            for (; words > 0; --words) {
+                Word(args);
+            }
+            return Rest(args);
         };
         const QString name = QString::fromStdString(rest);
         const std::map<std::string, std::function<void()>> verbs{
@@ -68,7 +59,7 @@ protected:
                  Set_MainFormStr();
              }},
             {"set", [&] { SetGridText(n[0], n[1], behind(2)); }},
-            {"outside", [&] { copyOutside(unescaped(rest)); }},
+            {"outside", [&] { copyOutside(rest); }},
             {"click",
              [&] {
                  click(n[0], n[1]);
@@ -132,8 +123,8 @@ protected:
              }},
             {"column",
              [&] {
-                 EXPECT_EQ(down(n[0], n[1], n[2]),
-                           n[1] + 1 == n[2] && behind(3).empty() ? " " : behind(3));
+                 const std::string cells = behind(3);
+                 EXPECT_EQ(down(n[0], n[1], n[2]), n[1] + 1 == n[2] && cells.empty() ? " " : cells);
              }},
             {"at",
              [&] {
@@ -147,7 +138,7 @@ protected:
              }},
             {"count", [&] { EXPECT_EQ(grid->model()->rowCount(), n[0]); }},
             {"beeps", [&] { EXPECT_EQ(platform.beeps, n[0]); }},
-            {"clipboard", [&] { EXPECT_EQ(clipboard(), unescaped(rest)); }},
+            {"clipboard", [&] { EXPECT_EQ(clipboard(), rest); }},
             {"dirty", [&] { EXPECT_EQ(IsSet(PosiDirtyFlag), rest == "yes"); }},
             {"ran",
              [&] {
@@ -184,14 +175,6 @@ protected:
             {"limits", [&] { EXPECT_EQ(text("sbStatusBar(4)"), name); }},
         };
         verbs.at(verb)();
-    }
-
-    static std::string unescaped(std::string text) {
-        return QString::fromStdString(text)
-            .replace("\\t", "\t")
-            .replace("\\r", "\r")
-            .replace("\\n", "\n")
-            .toStdString();
     }
 
     /// Characters, and keys between angle brackets.
@@ -238,25 +221,12 @@ protected:
     std::optional<CommandsAway> busy;
 };
 
-class GridStories : public GridUser, public testing::WithParamInterface<Story> {};
+struct Story : GridUser {
+    void TestBody() override {}
+};
 
-TEST_P(GridStories, GoesAsTold) {
-    for (const auto& [number, line] : GetParam().lines) {
-        SCOPED_TRACE("line " + std::to_string(number) + ": " + line);
-        const auto end = std::min(line.find(' '), line.size());
-        const std::string rest = end < line.size() ? line.substr(end + 1) : "";
-        std::vector<int> numbers;
-        for (const QString& word : QString::fromStdString(rest).split(QLatin1Char(' '))) {
-            bool isNumber = false;
-            numbers.push_back(word.toInt(&isNumber));
-            if (!isNumber) {
-                numbers.pop_back();
-                break;
-            }
-        }
-        play(line.substr(0, end), rest, numbers);
-        ASSERT_EQ(window->isWindowModified(), IsSet(PosiDirtyFlag));
-    }
+TEST(GridStories, GoAsTold) {
+    TellStories<Story>(QDW8_SOURCE_DIR "/tests/windows/grid_stories.txt", 45);
 }
 
 TEST_F(GridUser, ScreenAndDataAgreeWhateverTheUserDoes) {
@@ -309,15 +279,6 @@ TEST_F(GridUser, ScreenAndDataAgreeWhateverTheUserDoes) {
                                       std::max(now[0], now[2]), std::max(now[1], now[3])}));
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Told, GridStories, testing::ValuesIn(Stories()), [](const auto& given) {
-    std::string name;
-    for (const char character : given.param.name) {
-        name += std::isalnum(static_cast<unsigned char>(character)) != 0 ? std::string(1, character)
-                                                                         : "";
-    }
-    return name;
-});
 
 } // namespace
 } // namespace qdw8::test

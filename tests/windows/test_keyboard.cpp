@@ -10,9 +10,7 @@
 #include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QApplication>
-#include <QButtonGroup>
 #include <QComboBox>
-#include <QDialog>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -26,6 +24,7 @@
 #include <QTest>
 #include <QTextEdit>
 #include <QToolBar>
+#include <map>
 #include <set>
 
 namespace qdw8::test {
@@ -75,10 +74,10 @@ bool GoesOn(const QWidget& form, const QWidget& from, const QWidget& to) {
 
 /// Letters with Alt, each in one place of those that are seen together.
 void ExpectNoClash(const QWidget& form, const std::string& where) {
-    std::set<QString> taken;
-    const auto take = [&](const QString& text) {
+    std::map<const QWidget*, std::set<QString>> places; // the window, and each menu
+    const auto take = [&](const QString& text, const QWidget* in = nullptr) {
         const QString keys = QKeySequence::mnemonic(text).toString();
-        EXPECT_TRUE(keys.isEmpty() || taken.insert(keys).second)
+        EXPECT_TRUE(keys.isEmpty() || places[in].insert(keys).second)
             << where << ": " << text.toStdString();
     };
     for (const QWidget* at : form.findChildren<QWidget*>()) {
@@ -91,9 +90,9 @@ void ExpectNoClash(const QWidget& form, const std::string& where) {
                 take(tabs->tabText(tab));
             }
         }
-        if (IsOne<QMenuBar>(at)) {
+        if (IsOne<QMenuBar, QMenu>(at)) {
             for (const QAction* entry : at->actions()) {
-                take(entry->text());
+                take(entry->text(), IsOne<QMenu>(at) ? at : nullptr);
             }
         }
     }

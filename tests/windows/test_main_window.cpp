@@ -4,11 +4,8 @@
 #include "position/posi_columns.h"
 #include "program/commands.h"
 
-#include <QAction>
-#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
-#include <QTest>
 
 namespace qdw8::test {
 namespace {
@@ -89,20 +86,6 @@ TEST_F(MainWindow, NamesTheFileInItsTitle) {
     TakePosiFile("/tmp/a[*].qdd");
     window->showCommands();
     EXPECT_EQ(window->windowTitle(), "a[*][*].qdd[*] - QD-W8");
-}
-
-TEST_F(MainWindow, TabGoesThroughTheButtonsAndOnToTheGrid) {
-    QStringList order;
-    for (QWidget* at = &Get<QPushButton>(*window, "cmdPosiFileOpen"); at != grid;
-         at = at->nextInFocusChain()) {
-        if (at->objectName().startsWith(QLatin1String("cmd"))) {
-            order << at->objectName();
-        }
-    }
-    EXPECT_EQ(order.join(QLatin1Char(' ')),
-              "cmdPosiFileOpen cmdPosiSaveFile cmdPosiVerify cmdPosiRead cmdPosiLoad cmdJogTeach "
-              "cmdInsertLine cmdDeleteLine cmdOpenIoWin cmdOpenMoveWin cmdParaHyoji "
-              "cmdOpenGrpWindow cmdSqMcrWinOpen cmdChangeDev cmdReset");
 }
 
 TEST_F(MainWindow, ColoursAreTheToldOnesAndAHeadIsNotCutOff) {

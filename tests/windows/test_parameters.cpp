@@ -3,11 +3,9 @@
 #include "link/background.h"
 #include "main_form.h"
 #include "parameter/para_controls.h"
-#include "parameter/para_window.h"
 #include "windows/parameter/frmParameta2.h"
 
 #include <QApplication>
-#include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
