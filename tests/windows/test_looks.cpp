@@ -16,8 +16,10 @@
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QCheckBox>
+#include <QDebug>
 #include <QDir>
 #include <QHeaderView>
+#include <QPainter>
 #include <QRadioButton>
 #include <QScreen>
 #include <QScrollBar>
@@ -186,10 +188,8 @@ protected:
         if ((!across && (place.left() < room.left() || place.right() > room.right())) ||
             (!scrolls && (place.top() < room.top() || place.bottom() > room.bottom())) ||
             text.text.contains(QChar(0x2026))) {
-            ADD_FAILURE() << what().toStdString() << " is cut: " << place.left() << ','
-                          << place.top() << ' ' << place.width() << 'x' << place.height() << " in "
-                          << text.room.left() << ',' << text.room.top() << ' ' << text.room.width()
-                          << 'x' << text.room.height();
+            ADD_FAILURE() << what().toStdString()
+                          << " is cut: " << QDebug::toString(QList{place, text.room}).toStdString();
         }
         const QPoint at = control.mapTo(&form, QPoint());
         const double scale = picture.devicePixelRatio();
@@ -199,14 +199,10 @@ protected:
         if (control.isEnabled() && !pixels.isEmpty() &&
             IsSeen(control, (place & text.room).toRect())) {
             const QColor ground = GroundOf(picture, pixels);
-            const double alpha = text.ink.alphaF();
-            const auto mix = [alpha](double over, double under) {
-                return over * alpha + under * (1 - alpha);
-            };
-            const QColor ink =
-                QColor::fromRgbF(static_cast<float>(mix(text.ink.redF(), ground.redF())),
-                                 static_cast<float>(mix(text.ink.greenF(), ground.greenF())),
-                                 static_cast<float>(mix(text.ink.blueF(), ground.blueF())));
+            QImage point(1, 1, QImage::Format_RGB32);
+            point.fill(ground);
+            QPainter(&point).fillRect(point.rect(), text.ink); // it may let the ground through
+            const QColor ink = point.pixelColor(0, 0);
             if (Contrast(ink, ground) < kLegible) {
                 ADD_FAILURE() << what().toStdString() << " is pale: " << ink.name().toStdString()
                               << " on " << ground.name().toStdString();
