@@ -295,14 +295,7 @@ private:
              return its.code + " " + its.message;
          }},
         {">", [this](auto&) { return bench.story(); }},
-        {"frames",
-         [this](auto&) {
-             std::string text;
-             for (const std::string& frame : platform.sent) {
-                 text += (text.empty() ? "" : " ") + frame;
-             }
-             return text;
-         }},
+        {"frames", [this](auto&) { return Joined(platform.sent); }},
         {"stopped", [](auto&) { return On(LastStop == Stop::Answered); }},
         {"state", [](auto&) { return LinkBench::state(); }},
         {"reply", [](auto&) { return ReplyText; }},

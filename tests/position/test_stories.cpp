@@ -299,14 +299,7 @@ private:
                         : VerifyRangePreset().range.start + "-" + VerifyRangePreset().range.end;
          }},
         {"preset", [](Args&) { return ReadRangePreset().start + "-" + ReadRangePreset().end; }},
-        {"order",
-         [this](Args&) {
-             std::string frames;
-             for (const std::string& frame : platform.sent) {
-                 frames += frame + " ";
-             }
-             return frames;
-         }},
+        {"order", [this](Args&) { return Joined(platform.sent); }},
         {"bars", [this](Args&) { return bars; }},
         {"sees", [](Args& a) { return std::apply(GridText, place(a)); }},
         {"marked",

@@ -72,14 +72,6 @@ const std::map<std::string, FileQuestion> kDialogs{
      {FileQuestion::Kind::Save, "Save Parameters as ...", kParaFilter, "pmt", "qdw8prm1.pmt", "",
       kOverwritePrompt}}};
 
-std::string Joined(const std::vector<std::string>& rows) {
-    std::string text;
-    for (const std::string& row : rows) {
-        text += (text.empty() ? "" : ",") + row;
-    }
-    return text;
-}
-
 std::string Box(const std::string& name, const FormBox& box) {
     return " " + name + (box.checked ? "+" : "-") + (box.enabled ? "" : "grey") +
            (box.visible ? "" : "hidden");
@@ -87,8 +79,8 @@ std::string Box(const std::string& name, const FormBox& box) {
 
 /// Lists and boxes of an axis in one line: " 44|L,H>L|50,100>100 PG- V+ Old-".
 std::string Shown(const AxisPanel& panel) {
-    return panel.comboDeviceSize.text + "|" + Joined(panel.comboDeviceSpeed.rows) + ">" +
-           panel.comboDeviceSpeed.text + "|" + Joined(panel.comboDeviceStroke.rows) + ">" +
+    return panel.comboDeviceSize.text + "|" + Joined(panel.comboDeviceSpeed.rows, ",") + ">" +
+           panel.comboDeviceSpeed.text + "|" + Joined(panel.comboDeviceStroke.rows, ",") + ">" +
            panel.comboDeviceStroke.text + Box("PG", panel.chkDevPgUse) +
            Box("V", panel.chkDevVsiyou) + Box("Old", panel.chkNewOrOld);
 }
@@ -428,7 +420,7 @@ private:
         {"pending", [](Args& a) { return Text(DevSettei[axisOf(a)]); }},
         {"family",
          [](Args&) {
-             return Joined({FamilyText.begin(), FamilyText.end()});
+             return Joined({FamilyText.begin(), FamilyText.end()}, ",");
          }},
         {"flags",
          [](Args&) {
@@ -464,7 +456,7 @@ private:
         {"enabled", [](Args&) { return IsEnabled(Command::cmdChangeDev) ? "yes" : "no"; }},
         {"commands", [](Args&) { return CommandsTaken() ? "away" : "there"; }},
         {"opened", [this](Args&) { return std::to_string(opened); }},
-        {"sent", [this](Args&) { return Joined(platform.sent); }},
+        {"sent", [this](Args&) { return Joined(platform.sent, ","); }},
         {"last", [this](Args&) { return platform.sent.back(); }},
         {"actuator-text",
          [](Args& a) {
@@ -477,7 +469,7 @@ private:
         {"count", [this](Args& a) { return std::to_string(countOf(Word(a))); }},
         {"differs",
          [](Args&) { return CompareActuatorSettingOfPosifile2PC() != 0 ? "yes" : "no"; }},
-        {"sizes", [this](Args& a) { return Joined(panelOf(a).comboDeviceSize.rows); }},
+        {"sizes", [this](Args& a) { return Joined(panelOf(a).comboDeviceSize.rows, ","); }},
         {"panel", [this](Args& a) { return Shown(panelOf(a)); }},
         {"ticked",
          [this](Args&) {

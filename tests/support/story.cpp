@@ -51,6 +51,14 @@ std::vector<std::string> Split(const std::string& text, char mark) {
     return parts;
 }
 
+std::string Joined(const std::vector<std::string>& parts, const std::string& mark) {
+    std::string all;
+    for (const std::string& part : parts) {
+        all += (all.empty() ? "" : mark) + part;
+    }
+    return all;
+}
+
 std::vector<std::string> LinesOf(const std::string& file) {
     std::vector<std::string> lines;
     std::ifstream all(QDW8_SOURCE_DIR "/tests/" + file);

@@ -26,6 +26,8 @@ std::string Plain(const std::string& text);
 std::vector<std::string> Split(const std::string& text, char mark);
 /// The lines of a file below tests/ but empty ones and those that begin with "#".
 std::vector<std::string> LinesOf(const std::string& file);
+/// All of them, with the mark between two.
+std::string Joined(const std::vector<std::string>& parts, const std::string& mark = " ");
 /// The rows of a table below tests/, their parts between "|" and plain.
 std::vector<std::vector<std::string>> RowsOf(const std::string& table);
 
