@@ -191,7 +191,7 @@ protected:
                                         : QPoint(5, numbers.sectionViewportPosition(row - 2) + 2);
         QWidget* part = column > 0 ? grid->viewport() : numbers.viewport();
         QWidget* under = part->childAt(there) != nullptr ? part->childAt(there) : part;
-        QTest::mousePress(under, Qt::RightButton, {}, there);
+        QTest::mouseClick(under, Qt::RightButton, {}, there);
         QContextMenuEvent asked(QContextMenuEvent::Mouse, there, {});
         QApplication::sendEvent(under, &asked);
     }

@@ -88,20 +88,6 @@ TEST_F(MainWindow, NamesTheFileInItsTitle) {
     EXPECT_EQ(window->windowTitle(), "a[*][*].qdd[*] - QD-W8");
 }
 
-TEST_F(MainWindow, TabGoesThroughTheButtonsAndOnToTheGrid) {
-    QStringList order;
-    for (QWidget* at = &Get<QPushButton>(*window, "cmdPosiFileOpen"); at != grid;
-         at = at->nextInFocusChain()) {
-        if (at->objectName().startsWith(QLatin1String("cmd"))) {
-            order << at->objectName();
-        }
-    }
-    EXPECT_EQ(order.join(QLatin1Char(' ')),
-              "cmdPosiFileOpen cmdPosiSaveFile cmdPosiVerify cmdPosiRead cmdPosiLoad cmdJogTeach "
-              "cmdInsertLine cmdDeleteLine cmdOpenIoWin cmdOpenMoveWin cmdParaHyoji "
-              "cmdOpenGrpWindow cmdSqMcrWinOpen cmdChangeDev cmdReset");
-}
-
 TEST_F(MainWindow, ColoursAreTheToldOnesAndAHeadIsNotCutOff) {
     QPalette night = grid->palette();
     night.setColor(QPalette::Base, Qt::black);
