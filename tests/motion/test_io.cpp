@@ -7,7 +7,6 @@
 #include "motion/motion_window.h"
 #include "support/every_step.h"
 
-
 namespace qdw8::test {
 namespace {
 
