@@ -191,4 +191,12 @@ void WriteWholeFile(const std::string& path, std::string_view bytes) {
     RemoveLeftovers(Elsewhere(ThePlatform().settingsFolder, destination), kOldEnding);
 }
 
+void RemoveFile(const std::string& path) {
+    if (::unlink(path.c_str()) == 0) {
+        SyncFolder(fs::path(path).parent_path().string());
+    } else if (errno != ENOENT) {
+        throw Fault(path + ": " + std::strerror(errno));
+    }
+}
+
 } // namespace qdw8

@@ -26,4 +26,8 @@ std::string ReadWholeFile(const std::string& path, std::size_t limit = std::size
 /// place, or .old, the copy) goes with the next good save of that file.
 void WriteWholeFile(const std::string& path, std::string_view bytes);
 
+/// Takes a file away, so that not even a power cut brings it back. Nothing happens if there is
+/// none. Throws `Fault` if it stays.
+void RemoveFile(const std::string& path);
+
 } // namespace qdw8

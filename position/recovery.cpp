@@ -14,7 +14,6 @@
 
 #include <exception>
 #include <string>
-#include <unistd.h>
 #include <utility>
 
 namespace qdw8 {
@@ -23,14 +22,23 @@ namespace {
 constexpr std::int32_t kTickMs = 1000;
 constexpr int kTicksBetween = 10;
 constexpr std::int16_t kNotKept = 3407;
+constexpr std::int16_t kNotRemoved = 3410;
+
+/// A failure that is told once in a run.
+struct Trouble {
+    std::int16_t text = 0;
+    std::string reason; ///< empty: there is none, or it is over
+    bool told = false;
+};
 
 struct State {
     bool running = false;
     std::unique_ptr<RecoverySlot> slot;
-    std::string kept;   ///< text of the file, but for its time; empty: there is no file
-    int ticksLeft = 0;  ///< until the next look
-    std::string untold; ///< why the last try failed, as long as nobody was told
-    bool hasTold = false;
+    std::string kept; ///< text of the file, but for its time; empty: there is no file
+    std::unique_ptr<RecoverySlot> before;
+    int ticksLeft = 0; ///< until the next look
+    Trouble keeping{kNotKept, {}, false};
+    Trouble removing{kNotRemoved, {}, false};
 };
 State state;
 
@@ -45,10 +53,20 @@ bool HasUnsaved() {
             (grid.edit.open && grid.edit.text != GridText(grid.row, grid.col)));
 }
 
+/// What can't be removed is tried again with the next tick.
 void Drop() {
-    if (!state.kept.empty()) {
-        ::unlink(state.slot->path().c_str());
-        state.kept.clear();
+    try {
+        if (!state.kept.empty()) {
+            RemoveFile(state.slot->path());
+            state.kept.clear();
+        }
+        if (state.before) {
+            RemoveFile(state.before->path());
+            state.before.reset();
+        }
+        state.removing.reason.clear();
+    } catch (const std::exception& fault) {
+        state.removing.reason = fault.what();
     }
 }
 
@@ -66,39 +84,49 @@ void Keep() {
         }
         WriteWholeFile(state.slot->path(), text);
         state.kept = std::move(timeless);
+        state.keeping.reason.clear();
     } catch (const std::exception& fault) {
-        state.untold = fault.what();
+        state.keeping.reason = fault.what();
     }
 }
 
-/// Once in a run, and not in the middle of something: a box takes the keys.
-void TellFailure() {
-    if (state.untold.empty() || state.hasTold || CommandsTaken() || ModalIsUp() ||
-        CommandWouldWait() || IsSet(AxisMayMove) || flgdData().edit.open) {
-        return;
+void Tell(Trouble& trouble) {
+    if (!trouble.reason.empty() && !trouble.told) {
+        trouble.told = true;
+        const PollHeld held; // nothing begins on the line under the box
+        ShowBox(Lines({ResText(trouble.text), trouble.reason}));
     }
-    state.hasTold = true;
-    const PollHeld held; // nothing begins on the line under the box
-    ShowBox(Lines({ResText(kNotKept), state.untold}));
+}
+
+/// Not in the middle of something: a box takes the keys.
+bool MayTell() {
+    return !CommandsTaken() && !ModalIsUp() && !CommandWouldWait() && !flgdData().edit.open;
 }
 
 void Tick() {
     state.ticksLeft -= state.ticksLeft > 0 ? 1 : 0;
+    if (IsSet(AxisMayMove)) {
+        return; // no stop waits for a disk
+    }
     if (!HasUnsaved()) {
         Drop();
-    } else if (state.ticksLeft == 0 && !IsSet(AxisMayMove)) { // no stop waits for a disk
+    } else if (state.ticksLeft == 0) {
         state.ticksLeft = kTicksBetween;
         Keep();
     }
-    TellFailure();
+    if (MayTell()) {
+        Tell(state.keeping);
+        Tell(state.removing);
+    }
 }
 
 } // namespace
 
-void StartKeeping(std::unique_ptr<RecoverySlot> slot) {
+void StartKeeping(std::unique_ptr<RecoverySlot> slot, std::unique_ptr<RecoverySlot> before) {
     state = State{};
     state.running = true;
     state.slot = std::move(slot);
+    state.before = std::move(before);
     if (state.slot && state.slot->holdsTable()) {
         state.kept = TextOf(KeptTable{});
     }
@@ -117,7 +145,9 @@ void NothingUnsaved() {
 }
 
 void EndKeeping() {
+    DisableTimer(timerRecovery);
     Drop();
+    Tell(state.removing);
     ResetRecovery();
 }
 

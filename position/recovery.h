@@ -13,9 +13,13 @@ namespace qdw8 {
 
 class RecoverySlot;
 
-/// Keeps from now on what is unsaved, in that place; in one that is free when it comes to it if
-/// there is none. A table that is in the place stands for what the grid shows now.
-void StartKeeping(std::unique_ptr<RecoverySlot> slot = nullptr);
+/// Keeps from now on what is unsaved, in that place, whose table stands for what the grid shows
+/// now; in one that is free when it comes to it if there is none.
+///
+/// `before` holds a table that was put back of which the grid shows a part alone, or for other
+/// devices. It stays as it is beside what is kept, and goes with it.
+void StartKeeping(std::unique_ptr<RecoverySlot> slot = nullptr,
+                  std::unique_ptr<RecoverySlot> before = nullptr);
 
 /// Keeps what is unsaved now, however short ago that was done. It may wait for the disk: what moves
 /// must have been stopped before. Nobody is told of a failure, and nothing happens without unsaved
@@ -26,7 +30,8 @@ void KeepUnsavedNow();
 /// goes.
 void NothingUnsaved();
 
-/// The user has confirmed the end: what was kept goes, and nothing is kept any more.
+/// The user has confirmed the end: what was kept goes, which a box tells if it can't, and nothing
+/// is kept any more.
 void EndKeeping();
 
 /// Part of `ResetPositions`. A kept file stays, as in a crash.

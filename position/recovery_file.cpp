@@ -2,6 +2,7 @@
 
 #include "app/main_panel.h"
 #include "app/number_forms.h"
+#include "device/axis_device.h"
 #include "device/axis_texts.h"
 #include "platform/check_digits.h"
 #include "platform/fault.h"
@@ -122,6 +123,7 @@ void ReadBody(Lines lines, KeptTable& table) {
     }
     table.devices = lines.nextArray<kAxes>();
     table.types = lines.nextArray<kAxes>();
+    table.leads = lines.nextArray<kAxes>();
     if (head[7] == "edit") {
         const Fields edit = lines.next(4);
         table.edit = {{NumberIn(edit[0], table.first, table.first + count - 1),
@@ -133,6 +135,17 @@ void ReadBody(Lines lines, KeptTable& table) {
 }
 
 } // namespace
+
+std::array<std::string, kAxes> LeadTexts() {
+    std::array<std::string, kAxes> texts;
+    for (std::size_t axis = 0; axis < kAxes; ++axis) {
+        if (!IsSet(AxisOff[axis])) {
+            const AxisDevice& device = DevSetting[axis];
+            texts[axis] = std::to_string(device.DevLead) + "/" + std::to_string(device.DevPPR);
+        }
+    }
+    return texts;
+}
 
 std::string StampOf(const std::string& path) {
     std::error_code error;
@@ -155,6 +168,7 @@ KeptTable TableOnScreen() {
         table.devices[axis] = ThePanel().lblDeviceType[axis];
         table.types[axis] = TypeWordOf(axis);
     }
+    table.leads = LeadTexts();
     // A command that asks for a range moves the range variables before it moves the rows.
     table.first = static_cast<int>(NumberFromText(grid.rows[kGridHeadRows].text[0]));
     for (std::size_t row = kGridHeadRows; row < grid.rows.size(); ++row) {
@@ -175,6 +189,7 @@ std::string TextOf(const KeptTable& table) {
                             std::to_string(table.rows.size()), table.edit ? "edit" : "-"});
     AppendLine(body, table.devices);
     AppendLine(body, table.types);
+    AppendLine(body, table.leads);
     if (table.edit) {
         AppendLine(body,
                    Fields{std::to_string(table.edit->position), std::to_string(table.edit->column),

@@ -34,6 +34,8 @@ struct KeptTable {
     /// "NEW" or "OLD".
     std::array<std::string, kAxes> devices;
     std::array<std::string, kAxes> types;
+    /// By what figures mm and pulses were turned into each other, as `LeadTexts` has them.
+    std::array<std::string, kAxes> leads;
     int first = 0; ///< position number of the first row
     std::vector<Row> rows;
     std::optional<Edit> edit;
@@ -41,6 +43,8 @@ struct KeptTable {
 
 /// What the grid shows now, the document's file as it stands now. No rows where the grid has none.
 KeptTable TableOnScreen();
+/// Lead and pulses of each axis as parameters name them, "2/400"; empty for an axis out of use.
+std::array<std::string, kAxes> LeadTexts();
 /// When a file was changed last; empty if there is none.
 std::string StampOf(const std::string& path);
 

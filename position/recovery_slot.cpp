@@ -3,7 +3,9 @@
 #include "platform/fault.h"
 #include "platform/platform.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <string>
 #include <system_error>
 #include <utility>
 
@@ -21,6 +23,11 @@ std::string NameOf(int number, const char* ending) {
 bool Exists(const std::string& file) {
     std::error_code error;
     return fs::exists(fs::symlink_status(file, error));
+}
+
+fs::file_time_type TimeOf(const RecoverySlot& slot) {
+    std::error_code error;
+    return fs::last_write_time(slot.path(), error);
 }
 
 /// Nobody else is to look into it.
@@ -42,13 +49,19 @@ bool RecoverySlot::holdsTable() const {
 
 std::unique_ptr<RecoverySlot> FreeSlot() {
     MakeStateFolder();
+    std::string reason =
+        ThePlatform().stateFolder + ": full of tables that nobody has decided about";
     for (int number = 1; number <= RecoverySlot::kSlots; ++number) {
-        auto slot = std::make_unique<RecoverySlot>(number);
-        if (slot->mine() && !slot->holdsTable()) {
-            return slot;
+        try {
+            auto slot = std::make_unique<RecoverySlot>(number);
+            if (slot->mine() && !slot->holdsTable()) {
+                return slot;
+            }
+        } catch (const Fault& fault) {
+            reason = fault.what();
         }
     }
-    throw Fault(ThePlatform().stateFolder + ": full of tables that nobody has decided about");
+    throw Fault(reason);
 }
 
 std::vector<std::unique_ptr<RecoverySlot>> LeftSlots() {
@@ -67,6 +80,9 @@ std::vector<std::unique_ptr<RecoverySlot>> LeftSlots() {
             continue;
         }
     }
+    std::stable_sort(left.begin(), left.end(), [](const auto& one, const auto& other) {
+        return TimeOf(*one) > TimeOf(*other);
+    });
     return left;
 }
 

@@ -45,11 +45,11 @@ private:
 };
 
 /// A place that nobody has and that holds no table; the state folder is made if it is missing.
-/// Throws `Fault` if there is none.
+/// One that can't be locked is passed over. Throws `Fault` if there is none.
 std::unique_ptr<RecoverySlot> FreeSlot();
 
-/// The places with a table whose program has gone, by their numbers. One that can't be locked is
-/// left out, for a later start.
+/// The places with a table whose program has gone, the one that was kept last first. One that can't
+/// be locked is left out, for a later start.
 std::vector<std::unique_ptr<RecoverySlot>> LeftSlots();
 
 } // namespace qdw8

@@ -1,6 +1,10 @@
 #pragma once
 
+#include "app/Module1.h"
+
+#include <array>
 #include <cstdint>
+#include <string>
 
 namespace qdw8 {
 
@@ -19,5 +23,11 @@ enum class FileDevices : std::uint8_t {
 /// `before` are put back. Faults for a device that doesn't exist; `DevSettei` is the caller's to
 /// put back, then and where nothing was settled.
 FileDevices SettleFileDevices(const DevicesBefore& before);
+
+/// The same for positions that this program kept. An axis with the name and type of the one in
+/// force has the same device, also where the device list doesn't know it. `leads` (`LeadTexts`)
+/// counts as part of the device where it isn't empty.
+FileDevices SettleKeptDevices(const DevicesBefore& before,
+                              const std::array<std::string, kAxes>& leads);
 
 } // namespace qdw8

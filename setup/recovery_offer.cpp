@@ -24,6 +24,7 @@
 #include <exception>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -68,13 +69,15 @@ SelectionQuestion QuestionAbout(const KeptTable& table) {
                             std::to_string(rows), ResText(table.mm ? 230 : 229)})}};
 }
 
+using Leads = decltype(KeptTable::leads);
+
 /// Axes and devices that the table is to stand on. False: it is not to be shown.
 bool SettleDevices(const KeptTable& table) {
     const DevicesBefore before;
     try {
         FileDevText = table.devices;
         FileNewOld = table.types;
-        if (SettleFileDevices(before) == FileDevices::Settled) {
+        if (SettleKeptDevices(before, table.mm ? table.leads : Leads()) == FileDevices::Settled) {
             return true;
         }
     } catch (const std::exception&) {
@@ -132,12 +135,14 @@ bool PutBack(RecoverySlot& slot, const KeptTable& table) {
         if (!SettleDevices(table)) {
             return false;
         }
-        const RecoverySlot::Attempt attempt(slot);
-        RepaintAxes();
-        ShowCells(table);
-        TakeName(table);
-        PosiDirtyFlag = kSet;
-        RecheckPositions();
+        {
+            const RecoverySlot::Attempt attempt(slot);
+            RepaintAxes();
+            ShowCells(table);
+            TakeName(table);
+            PosiDirtyFlag = kSet;
+        }
+        RecheckPositions(); // whoever ends the program under its windows has not failed
     }
     if (table.edit) {
         EditAgain(*table.edit);
@@ -145,11 +150,18 @@ bool PutBack(RecoverySlot& slot, const KeptTable& table) {
     return true;
 }
 
-/// True: the table stands in the grid. False: the place is left to a later start, or empty.
-bool Offer(RecoverySlot& slot) {
+/// True if what is kept from now on holds all that the table holds.
+bool ShowsAllOf(const KeptTable& table) {
+    const KeptTable now = TableOnScreen();
+    return now.rows == table.rows && now.devices == table.devices && now.types == table.types &&
+           (!table.mm || now.leads == table.leads);
+}
+
+/// The table if it stands in the grid. Nothing: the place is left to a later start, or empty.
+std::optional<KeptTable> Offer(RecoverySlot& slot) {
     if (slot.failures() >= kMostFailures) {
         SetAside(slot.path());
-        return false;
+        return {};
     }
     KeptTable table;
     KeptForm form = KeptForm::Damaged;
@@ -159,21 +171,21 @@ bool Offer(RecoverySlot& slot) {
     }
     if (form == KeptForm::Newer) {
         ShowBox(Lines({ResText(3409), slot.path()}));
-        return false;
+        return {};
     }
     if (form == KeptForm::Damaged) {
         SetAside(slot.path());
-        return false;
+        return {};
     }
     while (true) {
         switch (AskChoice(QuestionAbout(table))) {
         case 0:
             if (PutBack(slot, table)) {
-                return true;
+                return table;
             }
             break;
-        case 2: fs::remove(slot.path()); return false;
-        default: return false;
+        case 2: RemoveFile(slot.path()); return {};
+        default: return {};
         }
     }
 }
@@ -181,21 +193,22 @@ bool Offer(RecoverySlot& slot) {
 } // namespace
 
 void OfferRecovery() {
-    std::unique_ptr<RecoverySlot> taken;
+    std::unique_ptr<RecoverySlot> whole;
+    std::unique_ptr<RecoverySlot> part;
     {
         const PollHeld held; // nothing begins on the line under a question
         for (std::unique_ptr<RecoverySlot>& slot : LeftSlots()) {
             try {
-                if (Offer(*slot)) {
-                    taken = std::move(slot);
+                if (const std::optional<KeptTable> table = Offer(*slot)) {
+                    (ShowsAllOf(*table) ? whole : part) = std::move(slot);
                     break;
                 }
-            } catch (const std::exception&) {
-                continue; // left to a later start
+            } catch (const std::exception& fault) { // left to a later start
+                ShowBox(Lines({ResText(3410), fault.what()}));
             }
         }
     }
-    StartKeeping(std::move(taken));
+    StartKeeping(std::move(whole), std::move(part));
 }
 
 } // namespace qdw8

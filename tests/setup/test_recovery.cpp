@@ -52,7 +52,13 @@ struct RecoveryBench : SetupBench {
                                    std::string("Position No.: 5 to 7, 3 rows ") + unit}},
                                  answer);
     }
+    void askDevices(const std::string& difference, std::int16_t answer = 0) {
+        platform.expectSelection(
+            {"Select", ResText(44), {ResText(45), ResText(46), ResText(47)}, false, {difference}},
+            answer);
+    }
     void start() {
+        RepaintAxes();
         OfferRecovery();
         platform.checkAllAsked();
     }
@@ -116,7 +122,10 @@ TEST_F(Recovery, TakesTheTableBackAsTheUserSawIt) {
                 fs::last_write_time(pathOf("mine.qdd"), fs::file_time_type());
             }
             offer(0, pathOf("mine.qdd"), IsSet(mm) ? "(mm)" : "(pls)");
-            platform.expectScreen("frmSyogoKekka");
+            // the start that is killed under a window of the check has not failed
+            platform.expectScreen("frmSyogoKekka", [this] {
+                EXPECT_EQ(fs::file_size(pathOf("state/positions-1.lock")), 0U);
+            });
             platform.expectBox(ResText(1526));
             start();
             EXPECT_EQ(TextOf(TableOnScreen()) == seen, !changed);
@@ -137,12 +146,7 @@ TEST_F(Recovery, OtherDevicesAreAskedAboutAndNothingIsLostByAnyAnswer) {
     DevSetting[0].DevStroke = DevSettei[0].DevStroke = 300;
     const Everything before;
     offer(0);
-    platform.expectSelection({"Select",
-                              ResText(44),
-                              {ResText(45), ResText(46), ResText(47)},
-                              false,
-                              {"AXIS 1:  program QD-44L-300,  file QD-44L-100"}},
-                             kSelectionCancelled);
+    askDevices("AXIS 1:  program QD-44L-300,  file QD-44L-100", kSelectionCancelled);
     offer(kSelectionCancelled);
     start();
     EXPECT_EQ(Everything(), before);
@@ -160,6 +164,45 @@ TEST_F(Recovery, OtherDevicesAreAskedAboutAndNothingIsLostByAnyAnswer) {
     start();
     EXPECT_EQ(kept(1), "");
     EXPECT_TRUE(fs::exists(table(2)) && fs::exists(table(3)));
+}
+
+TEST_F(Recovery, WhatIsNotShownNowStaysUntilTheTableIsSaved) {
+    fs::create_directories(pathOf("state/positions-1.lock")); // somebody else's, not to be opened
+    DevSetting[0].DevStroke = DevSettei[0].DevStroke = 120;   // the device list lacks it
+    DispMmFlag = kSet;
+    RepaintAxes();
+    showRows(5, 7);
+    type(6, kAxisColumns + kVel, "17");
+    change("four axes");
+    crash();
+    const std::string first = kept(2);
+    AxisOff[1] = kSet;
+    offer(0, "", "(mm)");
+    askDevices("AXIS 2:  program not in use,  file QD-52H-200E(Old)");
+    start();
+    change("one axis");
+    crash();
+    EXPECT_EQ(kept(2), first);
+    offer(0, "", "(mm)"); // the newest
+    start();
+    EndKeeping();
+    AxisOff[1] = kClear;
+    DevSetting[1].DevLead = 8;
+    offer(0, "", "(mm)");
+    askDevices("AXIS 2:  program LEAD/PULSE 8/400,  file LEAD/PULSE 6/400");
+    start();
+    EXPECT_EQ(cell(6, kAxisColumns + kVel), "17");
+    EndKeeping();
+    EXPECT_EQ(kept(2) + kept(3), "");
+}
+
+TEST_F(Recovery, WhatCannotBeTakenAwayIsTold) {
+    change("saved");
+    platform.run(1000);
+    fs::rename(table(), pathOf("elsewhere"));
+    fs::create_directories(table());
+    platform.expectBox(Lines({ResText(3410), table() + ": Is a directory"}));
+    EndKeeping();
 }
 
 TEST_F(Recovery, WhatIsNotATableOfItsOwnIsSetAsideOrLeft) {
