@@ -5,6 +5,7 @@
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QEvent>
+#include <QHeaderView>
 #include <QPainter>
 #include <QProxyStyle>
 #include <QStyleOption>
@@ -36,6 +37,11 @@ public:
 
     int pixelMetric(PixelMetric metric, const QStyleOption* option,
                     const QWidget* widget) const override {
+        const auto* heads = qobject_cast<const QHeaderView*>(widget);
+        if (metric == PM_HeaderGripMargin && heads != nullptr && heads->count() > 0 &&
+            heads->sectionResizeMode(0) == QHeaderView::Fixed) {
+            return 0; // nothing can be gripped there, and a click would be lost
+        }
         const bool ofArea = metric == PM_DefaultFrameWidth &&
                             qobject_cast<const QAbstractScrollArea*>(widget) != nullptr;
         return ofArea ? kAreaFrame : QProxyStyle::pixelMetric(metric, option, widget);
