@@ -5,6 +5,8 @@
 #include "app/main_panel.h"
 #include "app/number_forms.h"
 #include "app/string_table.h"
+#include "link/line_state.h"
+#include "link/port.h"
 #include "platform/cp932_text.h"
 #include "platform/fault.h"
 #include "platform/platform.h"
@@ -107,6 +109,9 @@ void DecodeCtErrorSilently() {
     const bool resettable = Mid(reply, 4, 1) == "0";
     const std::string errorClass = resettable ? "1" : "2";
     AlarmNotResettableFlag = FlagOf(!resettable);
+    if (!resettable) {
+        LastHeard = {Heard::LastingAlarm, PortNo};
+    }
     ErrorNo = Mid(reply, 6, 1);
     SetPanel(&MainPanel::lblAlarmNo, ErrorNo);
     SetPanel(&MainPanel::imgAlarmLed, true);

@@ -295,7 +295,7 @@ Ending Talk(const Request& request, int late, int& sent) {
                                                                    : Ending::WrongData;
 }
 
-Ending Attempt(const Request& request, int late, int& sent) {
+Ending Try(const Request& request, int late, int& sent) {
     try {
         return Talk(request, late, sent);
     } catch (const PortGone&) {
@@ -328,9 +328,15 @@ void NoteHeard(Ending ending) {
     LastHeard = {heard, PortNo};
 }
 
+/// What was heard is noted in the order in which it came, not in that in which it is told.
+Ending Attempt(const Request& request, int late, int& sent) {
+    const Ending ending = Try(request, late, sent);
+    NoteHeard(ending);
+    return ending;
+}
+
 /// What an ending means for the line and the alarm, and what is told of it.
 void Conclude(Ending ending, Manner manner) {
-    NoteHeard(ending);
     switch (ending) {
     case Ending::Good:
         AlarmFlag = kClear;

@@ -41,6 +41,11 @@ std::string& CtVersion = state.CtVersion;
 std::int16_t& CtAxisCount = state.CtAxisCount;
 std::array<std::string, kAxes>& CtAxisVersion = state.CtAxisVersion;
 
+void ForgetHeard() {
+    LastHeard = {};
+    CtAxisCount = 0;
+}
+
 void SetOnlineState() {
     if (IsSet(OffLineFlag)) {
         OffLineFlag = kClear;
@@ -53,6 +58,9 @@ void SetOfflineState() {
     if (!IsSet(OffLineFlag)) {
         OffLineFlag = kSet;
         OnLineFlag = kClear;
+    }
+    if (LastHeard.what == Heard::Answer) {
+        LastHeard = {};
     }
     SetPanel(&MainPanel::imgGreenLedOnline, false);
 }

@@ -23,21 +23,26 @@ enum class LineLoss : std::uint8_t {
     Overtaken ///< a stop went out instead
 };
 extern LineLoss& LastLoss;
-/// What the last exchange brought, for the eyes of the user; an error reply is an answer, too.
+/// What the last exchange brought, for the eyes of the user; an error reply is an answer, too. It
+/// goes for one port, and an answer for one time on line.
 enum class Heard : std::uint8_t {
     Nothing, ///< there was none yet
     Answer,
     Silence,
-    Garble,   ///< what came can't be believed
-    Stranger, ///< a controller of another kind
-    NoPort,   ///< the port could not be opened
-    PortLost  ///< it closed itself
+    Garble,       ///< what came can't be believed
+    Stranger,     ///< a controller of another kind
+    LastingAlarm, ///< that no reset clears
+    NoPort,       ///< the port could not be opened
+    PortLost      ///< it closed itself
 };
 struct LineHeard {
     Heard what = Heard::Nothing;
     std::int16_t portNo = 0; ///< there
 };
 extern LineHeard& LastHeard;
+/// Another controller may stand there from here on: nothing was heard of it, nor how many axes it
+/// has.
+void ForgetHeard();
 /// The controller was heard in the last exchange, if not to its liking, and can be talked to: the
 /// plain question after a reply that can't be believed was answered, too. False when the time limit
 /// passed, the wait was given up, the port is gone, or an alarm stands that no reset clears.
@@ -50,7 +55,7 @@ extern std::int16_t& ReplyTimeoutMs;
 extern std::int16_t& CtModeAnswered;
 
 extern std::string& CtVersion;    ///< version text from `0RV`
-extern std::int16_t& CtAxisCount; ///< axis count from `0RV`
+extern std::int16_t& CtAxisCount; ///< axis count from `0RV`; 0: not known
 extern std::array<std::string, kAxes>& CtAxisVersion;
 
 /// The outcome of the line: state and lamp.

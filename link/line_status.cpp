@@ -1,10 +1,10 @@
 #include "link/line_status.h"
 
 #include "app/string_table.h"
-#include "link/alarm.h"
 #include "link/line_state.h"
 #include "link/port.h"
 #include "link/port_words.h"
+#include "link/receiver.h"
 #include "platform/platform.h"
 #include "platform/port_info.h"
 
@@ -13,19 +13,37 @@ namespace {
 
 /// The port as it was looked at last; the state of a fresh start is that it never was.
 struct Watched {
-    std::int16_t portNo = 0;
+    std::int16_t portNo = -1;
     bool open = false;
+    int ticks = 0; ///< since then
     PortInfo info;
 };
 Watched watched;
 
+/// 3 s. A look goes through the user's folder, which may lie on a slow disk or on another machine.
+constexpr int kTicksBetweenLooks = 6;
+
 Heard HeardHere() {
-    return LastHeard.portNo == PortNo ? LastHeard.what : Heard::Nothing;
+    if (LastHeard.portNo != PortNo) {
+        return Heard::Nothing;
+    }
+    const bool stranger = CtAxisCount != 0 && CtAxisCount != kAxes;
+    return LastHeard.what == Heard::Answer && stranger ? Heard::Stranger : LastHeard.what;
 }
 
-/// An alarm that stands until the controller is switched off.
-bool AlarmStays() {
-    return IsSet(AlarmFlag) && IsSet(AlarmNotResettableFlag);
+bool HasFailed(Heard heard) {
+    return heard != Heard::Nothing && heard != Heard::Answer;
+}
+
+/// An open port is what it was when it was opened, whatever becomes of the link meanwhile; and
+/// between the commands of a line that works nothing has to be found out.
+bool LookIsDue(bool open) {
+    if (watched.portNo != PortNo || watched.open != open) {
+        return true;
+    }
+    const bool mayChange =
+        IsSet(OffLineFlag) || watched.info.state != PortState::Ready || HasFailed(HeardHere());
+    return !open && ++watched.ticks >= kTicksBetweenLooks && mayChange;
 }
 
 std::string WhatThePortLacks(const PortInfo& info) {
@@ -33,17 +51,19 @@ std::string WhatThePortLacks(const PortInfo& info) {
     case PortState::NoDevice: return ResText(3347);
     case PortState::NotAllowed:
         return info.group.empty() ? PortSentence(PortNo, info) : ResText(3349, {info.group});
-    default: return ResText(3348);
+    case PortState::LinkBroken: return ResText(3348);
+    default: return PortSentence(PortNo, info);
     }
 }
 
 std::string WhatWasHeard(Heard heard) {
     switch (heard) {
     case Heard::Answer: return ResText(3340);
-    case Heard::Nothing: return ResText(3341);
+    case Heard::Nothing: return ResText(IsSet(ReplyAwaitedFlag) ? 2401 : 3341);
     case Heard::Silence: return ResText(3343);
     case Heard::Garble: return ResText(3344);
     case Heard::Stranger: return ResText(124);
+    case Heard::LastingAlarm: return ResText(324);
     case Heard::NoPort: return ResText(3345);
     case Heard::PortLost: break;
     }
@@ -55,7 +75,7 @@ std::string WhatWasHeard(Heard heard) {
 LinePanel LineInWords(const PortInfo& info, bool open) {
     using enum LinePanel::Sign;
     const Heard heard = HeardHere();
-    const bool failed = heard != Heard::Nothing && heard != Heard::Answer;
+    const bool failed = HasFailed(heard);
     // Somebody who works on files alone has nothing to mend.
     const bool offLine = IsSet(OffLineFlag) && !failed;
     LinePanel line;
@@ -64,9 +84,6 @@ LinePanel LineInWords(const PortInfo& info, bool open) {
     if (!open && info.state != PortState::Ready) {
         line.sign = offLine ? Rest : Bad;
         line.state = WhatThePortLacks(info);
-    } else if (offLine && AlarmStays()) {
-        line.sign = Bad;
-        line.state = ResText(324);
     } else if (offLine) {
         line.state = ResText(3342);
     } else {
@@ -78,15 +95,14 @@ LinePanel LineInWords(const PortInfo& info, bool open) {
 
 void WatchLine() {
     const bool open = MSComm1().PortOpen();
-    // An open port is what it was when it was opened, whatever becomes of the link meanwhile.
-    if (!open || !watched.open || watched.portNo != PortNo) {
+    if (LookIsDue(open)) {
         const PortInfo now = LookAtPort(PortNo);
         // What was heard goes for what stood behind the number then.
         if (!open && watched.portNo == PortNo && now.state == PortState::Ready &&
             (watched.info.state != now.state || watched.info.device != now.device)) {
-            LastHeard = {};
+            ForgetHeard();
         }
-        watched = {PortNo, open, now};
+        watched = {PortNo, open, 0, now};
     }
     watched.open = open;
     SetPanelLine(LineInWords(watched.info, open));
@@ -99,7 +115,7 @@ std::string PortInWords(const LinePanel& line, bool open) {
 std::string LineDetails() {
     const LinePanel& line = ThePanel().line;
     std::string text = PortInWords(line, line.open) + "\n" + line.state;
-    if (AlarmStays()) {
+    if (HeardHere() == Heard::LastingAlarm) {
         text += "\n" + ResText(325);
     }
     const std::string port = PortSentence(PortNo, watched.info);

@@ -16,7 +16,8 @@ LinePanel LineInWords(const PortInfo& info, bool open);
 /// The port of `line` as it reads when it is open, or closed.
 std::string PortInWords(const LinePanel& line, bool open);
 
-/// Looks at the port, unless it is open, and shows what is told of the line. Opens and sends
+/// Shows what is told of the line; `Timer1` calls it. Looks at the port when it was changed, opened
+/// or closed, and every 3 s while it is closed and the line is off or in trouble. Opens and sends
 /// nothing.
 void WatchLine();
 

@@ -108,10 +108,19 @@ void GoOnLine() {
     if (IsSet(OffLineFlag) && !IsSet(ReplyAwaitedFlag)) {
         MSComm1().DropInput();
     }
+    if (IsSet(OffLineFlag)) {
+        LastHeard = {};
+    }
     OffLineFlag = kClear;
     OnLineFlag = kSet;
     CommErrorFlag = kClear;
     PutReceiverAtRest();
+}
+
+void GoOffLine() {
+    CloseCtPortForce();
+    SetOfflineState();
+    ForgetHeard();
 }
 
 void ResetReceiver() {

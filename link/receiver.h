@@ -27,6 +27,9 @@ extern Timer timerTimeout; ///< reply time limit
 /// and the first command hears its own reply and nothing older; only inside the wait of an exchange
 /// everything that comes is left to that exchange. The lamp waits for the first good reply.
 void GoOnLine();
+/// The user leaves the line, or its port: closed and off line, and what was heard on it is no
+/// longer told. A failure goes off line by `SetOfflineState` and stays told.
+void GoOffLine();
 /// Begins a run of exchanges with nothing of an older one: lines that have come are taken as what
 /// the controller sent by itself, and the beginning of a line is dropped. Inside the wait of an
 /// exchange nothing is dropped.

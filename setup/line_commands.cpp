@@ -10,7 +10,6 @@
 #include "link/batch.h"
 #include "link/ct_commands.h"
 #include "link/line_state.h"
-#include "link/port.h"
 #include "link/receiver.h"
 #include "platform/platform.h"
 #include "setup/controller_devices.h"
@@ -53,8 +52,7 @@ void ResetAlarm() {
 void AskOffline() {
     const EditCommandsAway away;
     if (AskBox(ResText(432), BoxButtons::OkCancel) == BoxAnswer::Ok) {
-        CloseCtPortForce();
-        SetOfflineState();
+        GoOffLine();
     }
 }
 

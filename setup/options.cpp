@@ -5,8 +5,8 @@
 #include "app/move_defaults.h"
 #include "app/number_forms.h"
 #include "app/settings.h"
-#include "link/line_state.h"
 #include "link/port.h"
+#include "link/receiver.h"
 #include "link/stop.h"
 #include "link/window_command.h"
 #include "position/posi_check.h"
@@ -49,9 +49,8 @@ bool CheckJogVel(const OptionsForm& form) {
 
 void TakePort(std::int16_t port) {
     if (port != PortNo) {
-        CloseCtPortForce();
+        GoOffLine();
         SetMotionRuns(false); // what moves at the old port's end is none of the new one's
-        SetOfflineState();
     }
     PortNo = port;
 }

@@ -102,6 +102,7 @@ const Routines kRoutines{NAMED(OpenCtPort),
                          NAMED(CloseCtPortForce),
                          NAMED(SetOfflineState),
                          NAMED(GoOnLine),
+                         NAMED(GoOffLine),
                          NAMED(CheckCtIdentity),
                          NAMED(CheckCtStatus),
                          NAMED(PollCtStatus),
@@ -220,8 +221,10 @@ private:
         std::filesystem::remove(link);
         std::filesystem::create_symlink(device, link);
     }
-    static std::string Line() {
-        WatchLine();
+    static std::string Line(int looks) {
+        while (looks-- > 0) {
+            WatchLine();
+        }
         const LinePanel& line = ThePanel().line;
         EXPECT_EQ(line.open, MSComm1().PortOpen());
         return std::string(1, "-+!"[static_cast<int>(line.sign)]) + " " + line.state;
@@ -238,6 +241,7 @@ private:
     LinkBench bench;
     ScriptedPlatform& platform = bench.platform;
     std::vector<std::shared_ptr<void>> held;
+    std::string noted;
     Verbs verbs{
         {"at", Does([this](auto& rest) {
              platform.after(std::stoi(rest),
@@ -305,7 +309,9 @@ private:
         {"differ", [this](auto&) { return On(platform.boxes.at(0) != platform.boxes.at(1)); }},
         {"lamp", [](auto&) { return On(ThePanel().imgGreenLedOnline); }},
         {"alarmlamp", [](auto&) { return On(ThePanel().imgAlarmLed); }},
-        {"line", [](auto&) { return Line(); }},
+        {"line", [](auto&) { return Line(10); }},
+        {"glance", [this](auto&) { return noted = Line(1); }},
+        {"noted", [this](auto&) { return noted; }},
         {"portlamp", [](auto&) { return On(ThePanel().imgPortGreen); }},
         {"homed", [](auto&) { return On(ThePanel().imgHomeGreen) + " " + On(IsSet(HomedFlag)); }},
         {"port", [](auto&) { return std::to_string(PortNo); }},
