@@ -3,10 +3,12 @@
 #include "platform/platform.h"
 
 #include <algorithm>
-#include <array>
+#include <cerrno>
+#include <cstddef>
 #include <filesystem>
 #include <fstream>
 #include <grp.h>
+#include <map>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -55,16 +57,34 @@ std::string NameOfAdapter(const fs::path& device) {
     return {};
 }
 
-std::string GroupThatMayOpen(const struct stat& device) {
-    constexpr mode_t kReadAndWrite = S_IRGRP | S_IWGRP;
-    if ((device.st_mode & kReadAndWrite) != kReadAndWrite) {
-        return {};
-    }
-    std::array<char, 4096> room{};
+/// A group of many members needs much room for them all.
+std::string NameOfGroup(gid_t number) {
+    constexpr std::size_t kMostRoom = std::size_t{1} << 20U;
     group found{};
     group* result = nullptr;
-    getgrgid_r(device.st_gid, &found, room.data(), room.size(), &result);
-    return result != nullptr ? result->gr_name : std::to_string(device.st_gid);
+    int error = ERANGE;
+    for (std::vector<char> room(4096); error == ERANGE && room.size() <= kMostRoom;
+         room.resize(2 * room.size())) {
+        error = getgrgid_r(number, &found, room.data(), room.size(), &result);
+        if (error == 0 && result != nullptr) {
+            return found.gr_name;
+        }
+    }
+    return std::to_string(number);
+}
+
+/// Nobody joins the administrator's own.
+std::string GroupThatMayOpen(const struct stat& device) {
+    constexpr mode_t kReadAndWrite = S_IRGRP | S_IWGRP;
+    if ((device.st_mode & kReadAndWrite) != kReadAndWrite || device.st_gid == 0) {
+        return {};
+    }
+    // Another machine may have to be asked for the name, which takes its time: once a run.
+    static std::map<gid_t, std::string> names;
+    const auto known = names.find(device.st_gid);
+    return known != names.end()
+               ? known->second
+               : names.emplace(device.st_gid, NameOfGroup(device.st_gid)).first->second;
 }
 
 } // namespace
@@ -101,8 +121,8 @@ PortInfo LookAtPort(int portNo) {
         info.state = there || !info.linked ? PortState::NoDevice : PortState::LinkBroken;
     } else if (!S_ISCHR(device.st_mode)) {
         info.state = PortState::NoSerialDevice;
-    } else if (!info.linked && IsNameAlone(info.device)) {
-        info.state = PortState::NoDevice;
+    } else if (IsNameAlone(info.device)) {
+        info.state = info.linked ? PortState::LinkBroken : PortState::NoDevice;
     } else if (::access(info.device.c_str(), R_OK | W_OK) != 0) {
         info.state = PortState::NotAllowed;
         info.group = GroupThatMayOpen(device);

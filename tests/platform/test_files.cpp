@@ -6,10 +6,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdarg>
+#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <grp.h>
 #include <set>
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -24,9 +27,11 @@ enum class Mishap { None, FailsOnce, FailsForGood, Killed };
 /// The test program's own way to the disk: the calls by which a save changes it come by here.
 struct Disk {
     Mishap mishap = Mishap::None;
-    int at = 0;               ///< the call that it happens at, the first one is 1
-    int calls = 0;            ///< calls so far
-    bool namesAll = false;    ///< the file system has no files without a name
+    int at = 0;            ///< the call that it happens at, the first one is 1
+    int calls = 0;         ///< calls so far
+    bool namesAll = false; ///< the file system has no files without a name
+    gid_t group = 0;       ///< the closed device's
+    int groupsAsked = 0;
     std::string closed = "-"; ///< a folder that takes no new file, a device that isn't the user's
 } disk;
 
@@ -49,6 +54,17 @@ template<typename... Arguments> int Call(long call, Arguments... arguments) {
 extern "C" {
 ssize_t write(int file, const void* bytes, size_t count) {
     return Call(SYS_write, file, bytes, count > 1 ? count / 2 : count); // as a disk may do
+}
+int stat(const char* path, struct stat* found) noexcept {
+    const int result = ::fstatat(AT_FDCWD, path, found, 0);
+    found->st_gid = path == disk.closed ? disk.group : found->st_gid;
+    return result;
+}
+int getgrgid_r(gid_t, group* found, char* room, size_t size, group** result) {
+    ++disk.groupsAsked;
+    found->gr_name = std::strcpy(room, "dialout");
+    *result = size > 4096 ? found : nullptr;
+    return size > 4096 ? 0 : ERANGE;
 }
 int fsync(int) {
     return Call(SYS_sched_yield); // the files of a test need not be on the disk
@@ -312,7 +328,12 @@ TEST_F(Files, APortIsALinkInTheSettingsFolderOrABuiltInOne) {
     }
     disk.closed = "/dev/null";
     EXPECT_EQ(LookAtPort(1).state, NotAllowed);
-    EXPECT_EQ(LookAtPort(1).group, "root") << "whose members may";
+    EXPECT_EQ(LookAtPort(1).group, "") << "nobody joins the group of the administrator";
+    for (int look = 1; look <= 2; ++look) {
+        disk.group = 20;
+        EXPECT_EQ(LookAtPort(1).group, "dialout") << "whose members may";
+        EXPECT_EQ(disk.groupsAsked, 2) << "the first room was too small";
+    }
     disk.closed = "-";
 }
 
