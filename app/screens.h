@@ -49,6 +49,8 @@ struct ScreenFunctions {
     std::function<void(bool small)> frmMainShow;
     /// Brings the main window to the front, for a question about its data.
     std::function<void()> frmMainFront;
+    /// Brings the window back that the user worked in before `frmMainFront`.
+    std::function<void()> frmMainBack;
     /// Asks the main window to close, as its title bar does.
     std::function<void()> frmMainClose;
     /// Shows and takes away the splash.

@@ -49,14 +49,8 @@ bool MayLose(const Editor& editor) {
     return MayLoseEdits(editor.save);
 }
 
-bool UserConfirms() {
-    const PollHeld held; // nothing begins on the line under a question
-    if (!std::all_of(kEditors.begin(), kEditors.end(), MayLose)) {
-        return false;
-    }
-    if (Screens().frmMainFront) {
-        Screens().frmMainFront(); // what is asked from here on is about its data
-    }
+/// The question is about the data of the main window.
+bool MayLosePositions() {
     if (!IsSet(PosiDirtyFlag)) {
         return AskBox(ResText(390), BoxButtons::OkCancel) == BoxAnswer::Ok;
     }
@@ -65,6 +59,21 @@ bool UserConfirms() {
     case BoxAnswer::No: return true;
     default: return false;
     }
+}
+
+bool UserConfirms() {
+    const PollHeld held; // nothing begins on the line under a question
+    if (!std::all_of(kEditors.begin(), kEditors.end(), MayLose)) {
+        return false;
+    }
+    if (Screens().frmMainFront) {
+        Screens().frmMainFront();
+    }
+    const bool confirmed = MayLosePositions();
+    if (!confirmed && Screens().frmMainBack) {
+        Screens().frmMainBack(); // the next key is meant for the window that it was pressed in
+    }
+    return confirmed;
 }
 
 } // namespace

@@ -46,6 +46,7 @@
 #include <QFont>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QPointer>
 #include <QTranslator>
 #include <memory>
 
@@ -200,7 +201,16 @@ void WireScreens() {
     screens.frmGiveUp = Tell(&Windows::giveUp, &frmGiveUp::showState);
     screens.languageSettled = DressForLanguage;
     screens.frmMainShow = ShowMain;
-    screens.frmMainFront = [] { WorkIn(*TheWindows().main); };
+    const auto before = std::make_shared<QPointer<QWidget>>();
+    screens.frmMainFront = [before] {
+        *before = WorkWindow();
+        WorkIn(*TheWindows().main);
+    };
+    screens.frmMainBack = [before] {
+        if (*before != nullptr && (*before)->isVisible()) {
+            WorkIn(**before);
+        }
+    };
     screens.frmMainClose = [] { TheWindows().main->close(); };
     screens.frmSplashShow = [] {
         TheWindows().splash = std::make_unique<frmSplash>();

@@ -275,6 +275,7 @@ TEST_F(StartUp, EachWindowWithEditsIsAskedAboutBeforeTheEnd) {
     Screens().frmGrpShow = [&front] { front += "groups "; };
     Screens().frmSqMcrShow = [&front] { front += "macros "; };
     Screens().frmMainFront = [&front] { front += "main "; };
+    Screens().frmMainBack = [&front] { front += "back "; };
     const auto ask = [this](BoxAnswer last) {
         for (const BoxAnswer answer : {BoxAnswer::No, BoxAnswer::No, last}) {
             platform.expectBox("Data have been changed.Save the data into the file?",
@@ -290,6 +291,9 @@ TEST_F(StartUp, EachWindowWithEditsIsAskedAboutBeforeTheEnd) {
     ask(BoxAnswer::Yes);
     platform.expectBox(TextLines({921, 922, 938}) + "\r\n<1>,");
     EXPECT_FALSE(frmMain_QueryUnload());
+    ask(BoxAnswer::No);
+    expectEnd(BoxAnswer::Cancel, false);
+    EXPECT_TRUE(front.ends_with("macros main back "));
     ask(BoxAnswer::No);
     expectEnd(BoxAnswer::Ok, true);
     EXPECT_TRUE(front.ends_with("macros main "));

@@ -50,6 +50,12 @@ public:
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override {
         QProxyStyle::drawControl(element, option, painter, widget);
+        // Behind Alt the entry is the current one, and not opened yet.
+        if (element == CE_MenuBarItem && option->state.testFlag(State_Selected) &&
+            !option->state.testFlag(State_Sunken)) {
+            painter->setPen(QPen(option->palette.color(QPalette::Highlight), kAreaFrame));
+            painter->drawRect(option->rect.adjusted(1, 1, -1, -1));
+        }
         if (!option->state.testFlag(State_HasFocus)) {
             return;
         }

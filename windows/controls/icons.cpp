@@ -215,7 +215,7 @@ void DrawSqMacro(QPainter& painter, const Inks& inks) {
     Box(painter, {14.5, 16.5, 8, 5}, inks.line, inks.accent);
 }
 
-/// Lamps keep their colours on every palette: the colour is what they say.
+/// Lamps that are on keep their colours on every palette: the colour is what they say.
 void DrawLamp(QPainter& painter, const QColor& fill, const QColor& rim) {
     painter.setPen(Pen(rim, 2));
     painter.setBrush(fill);
@@ -229,8 +229,11 @@ void DrawLampGreen(QPainter& painter, const Inks&) {
     painter.drawPolyline(QPolygonF{{7, 12.5}, {10.5, 16}, {17, 8.5}});
 }
 
-void DrawLampWhite(QPainter& painter, const Inks&) {
-    DrawLamp(painter, Qt::white, QColor(0x666666));
+/// Dark where the desktop is: a white disc there would look brighter than a lamp that is on.
+void DrawLampWhite(QPainter& painter, const Inks& inks) {
+    QColor rim = inks.line;
+    rim.setAlpha(160);
+    DrawLamp(painter, inks.paper, rim);
 }
 
 void DrawLampRed(QPainter& painter, const Inks&) {
