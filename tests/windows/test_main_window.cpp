@@ -66,6 +66,9 @@ TEST_F(MainWindow, ShowsThePanel) {
     EXPECT_EQ(Get<QWidget>(*window, "FrameLine").accessibleName(),
               "RS-232C COM1: /dev/ttyS0, port closed - It is not there.");
     EXPECT_TRUE(isLit("imgLine(2)") && !isLit("imgLine(0)"));
+    Get<QWidget>(*window, "FrameLine").setFocus();
+    SetPanelLine({LinePanel::Sign::Bad, "COM2: /dev/ttyS1", false, "It is not there, either."});
+    EXPECT_TRUE(Get<QWidget>(*window, "FrameLine").accessibleDescription().contains("either"));
     SetPanel(&MainPanel::lblAlarmNo, "14");
     SetPanel(&MainPanel::lblErrorComment, "No Error");
     SetPanel(&MainPanel::lblFileName, "Inside of C/T");

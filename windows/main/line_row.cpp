@@ -68,6 +68,9 @@ void LineRow::showLine(const LinePanel& line) {
     state->setToolTip({});
     setAccessibleName(caption->text() + QLatin1Char(' ') + port->text() + QLatin1String(" - ") +
                       state->text());
+    if (hasFocus()) {
+        setAccessibleDescription(QString::fromStdString(LineDetails()));
+    }
 }
 
 /// The other ports are looked for when somebody asks, and not all the time.
