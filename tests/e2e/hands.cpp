@@ -140,7 +140,11 @@ void KeyIn(const QString& text) {
 
 void CloseWindow(QWidget* window) {
     if (RealHands()) {
-        // Behind a dialog the window manager gives the keys back a moment later.
+        // Behind a dialog the window manager gives the keys back a moment later, and to nobody if
+        // two windows went at once. So the user turns to the window first; what Alt+F4 closes is
+        // the one that the window manager, too, knows to have the keys.
+        const auto id = OnGui([window] { return window->winId(); });
+        Xdotool({"windowactivate", "--sync", QString::number(id)});
         WaitFor([window] { return window->isActiveWindow(); });
         Xdotool({"key", "alt+F4"});
         return;
