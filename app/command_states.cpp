@@ -14,8 +14,8 @@ namespace {
 /// Who takes a command away. The lists of lines and cells come back with a selection in the grid.
 enum class List : std::uint8_t {
     LeftOut,  ///< nobody; while a batch runs the command does nothing
-    ByItself, ///< as `LeftOut`, but off until its room says that there is something to do
     Always,   ///< nobody, ever
+    ByItself, ///< nobody, ever, but off until its room says that there is something to do
     Button,
     Menu,
     ToolBar,

@@ -53,7 +53,7 @@ namespace qdw8 {
     C(mnuEditCellPaste, CellPaste)                                                                 \
     C(mnuGridUndo, ByItself)                                                                       \
     C(mnuGridRedo, ByItself)                                                                       \
-    C(mnuGridGoTo, LeftOut)                                                                        \
+    C(mnuGridGoTo, Always)                                                                         \
     C(mnuView, Menu)                                                                               \
     C(mnuViewToolBar, LeftOut)                                                                     \
     C(mnuViewStatusBar, LeftOut)                                                                   \
@@ -101,7 +101,8 @@ std::string_view NameOf(Command command);
 
 /// True if the command may be used now: it is built, its own state is on, and, for a command that
 /// the routines below leave out, no batch has taken the commands away. The end of the program can
-/// always be asked for, as by the title bar.
+/// always be asked for, as by the title bar. So can a position, or the digits behind the key would
+/// go into a cell; and what may be edited can be taken back.
 bool IsEnabled(Command command);
 
 /// The command's own state, as the routines below set it.

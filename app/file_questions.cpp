@@ -16,6 +16,7 @@ namespace {
 
 constexpr std::int16_t kOneAtATime = 3390;
 constexpr std::int16_t kOtherExtension = 3391; ///< in front of the extension
+constexpr std::int16_t kNoFileHere = 3397;
 constexpr std::int16_t kOpeningCancelled = 20;
 
 std::optional<FileAnswer> dropped; ///< the answer to the next question for a file to open
@@ -68,6 +69,8 @@ void OpenDropped(const FileKind& kind, const std::vector<std::string>& paths,
     const std::filesystem::path file(paths.size() == 1 ? paths.front() : "");
     if (paths.size() > 1) {
         ShowTexts({kOneAtATime, kOpeningCancelled});
+    } else if (file.empty()) {
+        ShowTexts({kNoFileHere, kOpeningCancelled});
     } else if (!HasExtension(file, extension.c_str())) {
         ShowBox(Lines({ResText(kOtherExtension) + extension, ResText(kOpeningCancelled)}));
     } else {

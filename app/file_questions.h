@@ -30,7 +30,8 @@ std::optional<FileAnswer> AskFileToSave(const FileKind& kind, std::int16_t title
 /// The user has dropped files with these paths onto a window; an empty path stands for what is no
 /// file of this machine. `open`, a command that asks for a file of the kind, runs, and its first
 /// question for a file to open is answered with the one that was dropped and doesn't come up. For
-/// more than one, or one without the kind's extension, a box says so, and nothing runs.
+/// more than one, no file of this machine, or one without the kind's extension, a box says so, and
+/// nothing runs.
 void OpenDropped(const FileKind& kind, const std::vector<std::string>& paths,
                  const std::function<void()>& open);
 

@@ -53,12 +53,8 @@ void StoreUnits(int gridRow, std::size_t axis, double pulse, double mm) {
     units.mm[axis] = mm;
 }
 
-Accepted TakeMm(int gridRow, std::size_t axis, double number) {
+Accepted TakeMm(int gridRow, std::size_t axis, double typed) {
     const AxisDevice& device = DevSetting[axis];
-    const double typed = NumberFromText(CutFigure(PlainDecimal(number)));
-    if (!(typed >= 0 && typed <= device.MaxStrokeMm)) {
-        return std::nullopt;
-    }
     const std::int16_t roundUp = IsSet(MmRoundUpFlag) ? 1 : 0;
     const double mm = SnapMmToPulse(device.DevLead, roundUp, device.DevPPR, typed);
     StoreUnits(gridRow, axis, MmToPulse(device.DevLead, device.DevPPR, mm), mm);
@@ -67,9 +63,6 @@ Accepted TakeMm(int gridRow, std::size_t axis, double number) {
 
 Accepted TakePulses(int gridRow, std::size_t axis, double pulse) {
     const AxisDevice& device = DevSetting[axis];
-    if (pulse < 0 || pulse > device.MaxPulse) {
-        return std::nullopt;
-    }
     const double mm = CutToThousandths(PulseToMm(device.DevLead, device.DevPPR, pulse));
     if (mm <= device.MaxStrokeMm) {
         StoreUnits(gridRow, axis, pulse, mm);
@@ -79,11 +72,24 @@ Accepted TakePulses(int gridRow, std::size_t axis, double pulse) {
     return PlainDecimal(pulse);
 }
 
+/// The figure of a text that may be typed.
+std::optional<double> TypedNumber(int tableColumn, const std::string& text) {
+    std::optional<double> number = CellNumber(tableColumn, text);
+    if (number && ColumnOf(tableColumn).item == kPosi && IsSet(DispMmFlag)) {
+        number = NumberFromText(CutFigure(PlainDecimal(*number)));
+    }
+    const PosiLimits limits = TypedLimitsOf(tableColumn);
+    if (number && !(*number >= limits.lowest && *number <= limits.highest)) {
+        number.reset();
+    }
+    return number;
+}
+
 Accepted TakeText(int row, int tableColumn, const std::string& text) {
     if (tableColumn == kComment) {
         return Trim(text);
     }
-    const auto number = CellNumber(tableColumn, text);
+    const auto number = TypedNumber(tableColumn, text);
     if (!number) {
         return std::nullopt;
     }
@@ -91,10 +97,6 @@ Accepted TakeText(int row, int tableColumn, const std::string& text) {
     if (column.item == kPosi) {
         const auto axis = static_cast<std::size_t>(column.axis);
         return IsSet(DispMmFlag) ? TakeMm(row, axis, *number) : TakePulses(row, axis, *number);
-    }
-    const PosiLimits limits = LimitsOf(tableColumn);
-    if (*number < limits.lowest || *number > limits.highest) {
-        return std::nullopt;
     }
     return PlainDecimal(*number);
 }
@@ -108,6 +110,15 @@ Accepted TakeGuarded(int row, int column, const std::string& text) {
 }
 
 } // namespace
+
+bool MayBeTyped(int column, const std::string& text) {
+    try {
+        return column == kGridCommentColumn || IsOffColumn(column - 1) ||
+               TypedNumber(column - 1, text);
+    } catch (const std::exception&) {
+        return false;
+    }
+}
 
 std::int16_t SetDataForFlex(int row, int column) {
     const Accepted text = TakeGuarded(row, column, flgdData().edit.text);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 /// The test of one edited cell.
 namespace qdw8 {
@@ -15,5 +16,9 @@ namespace qdw8 {
 /// whose mm form is above `MaxStrokeMm` is accepted with a beep, and the unit table stays as it
 /// was.
 std::int16_t SetDataForFlex(int row, int column);
+
+/// The same test of a text in a grid column, without a beep, and nothing changes. What the cells of
+/// an axis out of use hold is not judged.
+bool MayBeTyped(int column, const std::string& text);
 
 } // namespace qdw8

@@ -184,6 +184,11 @@ void GridHome() {
     Tell();
 }
 
+void ShowCurrentCell() {
+    ++grid.shown;
+    Tell();
+}
+
 void RefreshGrid() {
     Tell();
 }

@@ -53,7 +53,8 @@ struct FlexGrid {
     struct Row {
         std::array<std::string, kGridColumns> text;
         std::array<CellColour, kGridColumns> colour{};
-        std::bitset<kGridColumns> bad{}; ///< cells that the last check refused
+        std::bitset<kGridColumns>
+            bad{}; ///< cells that the last check refused, or that couldn't be typed
     };
     std::vector<Row> rows = std::vector<Row>(kGridHeadRows);
     int row = 0; ///< current cell
@@ -61,6 +62,7 @@ struct FlexGrid {
     int rowSel = 0; ///< the other end of the selection
     int colSel = 0;
     int homes = 0;  ///< times that the grid went home: it then shows its first row
+    int shown = 0;  ///< times that the current cell was to be scrolled to
     int locked = 0; ///< no selection and no editing while above 0
     int frozen = 0; ///< not painted while above 0
     FillMode fillMode = FillMode::OneCell;
@@ -114,6 +116,8 @@ void ThawGrid();
 void ThawGridWholly();
 /// Puts the current cell at row 0, column 0.
 void GridHome();
+/// Scrolls to the current cell, also if it has been that before.
+void ShowCurrentCell();
 /// Shows the grid again after its current cell or its edit box has changed.
 void RefreshGrid();
 

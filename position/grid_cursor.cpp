@@ -82,7 +82,9 @@ std::string GoToPosition(const std::string& typed) {
     if (grid.locked > 0) {
         return ResText(kLocked);
     }
+    CancelEdit(); // one that was refused: its cell has the old text
     GoToCell(row, std::max(grid.col, 1));
+    ShowCurrentCell();
     return {};
 }
 

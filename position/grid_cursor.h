@@ -20,8 +20,9 @@ void GoToCell(int row, int column);
 
 /// Going to a position by its number: which ones the grid shows, or that there are none, in words.
 std::string GoToRange();
-/// Makes the position with the number current, in the column where the user is, and shows it. Empty
-/// when it did; else the words that tell why not, and nothing has changed.
+/// Makes the position with the number current, in the column where the user is, and shows it; an
+/// edit that is still open, since its text was refused, is given up. Empty when it did; else the
+/// words that tell why not, and nothing has changed.
 std::string GoToPosition(const std::string& typed);
 
 /// Ends the edit with the cell as it was. Where none is open, a key that was dropped is forgotten.

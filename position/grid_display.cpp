@@ -153,6 +153,7 @@ void DispAxisData() {
         return;
     }
     Coloring_FlexGrid(1, rows - kGridHeadRows);
+    ShowUndoCommands();
 }
 
 bool GridShowsItsRange() {

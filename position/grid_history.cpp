@@ -14,8 +14,8 @@
 namespace qdw8 {
 namespace {
 
-/// Rows that all steps together hold: some 30 MB, at least twenty changes of the whole table.
-constexpr std::size_t kMostRows = 40'000;
+/// Rows that all steps together hold: some 70 MB at most, twenty changes of the whole table.
+constexpr std::size_t kMostRows = 100'000;
 
 /// What the steps stand on. On anything else they say nothing.
 struct Ground {
@@ -186,9 +186,11 @@ void ControllerTakesRows() {
 }
 
 void ShowUndoCommands() {
-    const bool stands = state.ground == Ground{};
-    const bool undo = stands && state.done > 0;
-    const bool redo = stands && state.done < state.steps.size();
+    if (state.ground != Ground{}) {
+        Forget(); // at once: it may be what it was before by the time of the next step
+    }
+    const bool undo = state.done > 0;
+    const bool redo = state.done < state.steps.size();
     if (std::exchange(state.undoOn, undo) != undo) {
         SetEnabled(Command::mnuGridUndo, undo);
     }

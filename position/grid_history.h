@@ -64,7 +64,8 @@ void EndGridHistory();
 /// brought back to what is kept there.
 void ControllerTakesRows();
 
-/// Tells the two commands whether there is something for them.
+/// Tells the two commands whether there is something for them. To be called when axes or actuators
+/// have changed, too: a save in between is of other figures.
 void ShowUndoCommands();
 
 /// Part of `ResetPositions`.

@@ -1,6 +1,7 @@
 #include "position/grid_undo.h"
 
 #include "app/command_states.h"
+#include "position/cell_edit.h"
 #include "position/flex_grid.h"
 #include "position/grid_cursor.h"
 #include "position/grid_display.h"
@@ -20,7 +21,7 @@ void BringRow(int gridRow, const FlexGrid::Row& from, const FlexGrid::Row& to) {
         const auto cell = static_cast<std::size_t>(column);
         if (from.text[cell] != to.text[cell] || from.bad[cell] != to.bad[cell]) {
             SetGridText(gridRow, column, to.text[cell]);
-            SetGridBad(gridRow, column, to.bad[cell]);
+            SetGridBad(gridRow, column, to.bad[cell] || !MayBeTyped(column, to.text[cell]));
             RestoreBlockColour(gridRow, column);
         }
     }
@@ -61,6 +62,7 @@ void Bring(const GridChange* (*nextStep)(), bool before) {
     CancelEdit();
     const GridChange* step = nextStep();
     if (step == nullptr) {
+        ShowUndoCommands();
         return;
     }
     const GridStand& stand = before ? step->before : step->after;
@@ -81,7 +83,7 @@ void Bring(const GridChange* (*nextStep)(), bool before) {
         return;
     }
     flgdData_RowColChange(stand.row, stand.col, stand.rowSel, stand.colSel);
-    RefreshGrid();
+    ShowCurrentCell();
 }
 
 } // namespace

@@ -17,6 +17,7 @@
 #include <QPrinter>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QSettings>
 #include <QStringList>
 #include <algorithm>
 
@@ -126,6 +127,8 @@ PrinterAnswer ShowPrinterDialog(const PrinterQuestion& question) {
 } // namespace
 
 void InstallQtCommonDialog() {
+    // The file dialog would keep folders and columns in a store of the toolkit's own.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
     ThePlatform().CommonDialog1.ShowFile = ShowFileDialog;
     ThePlatform().CommonDialog1.ShowPrinter = ShowPrinterDialog;
 }

@@ -19,6 +19,7 @@
 #include <QPrinter>
 #include <QPushButton>
 #include <QScreen>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -61,6 +62,7 @@ public:
         }
     }
     ~DialogPlayer() {
+        EXPECT_FALSE(QSettings(QSettings::UserScope, "QtProject").isWritable());
         SetPrinterOutputFile("");
         SetStandardTexts({});
         QDir::setCurrent(before);

@@ -1,6 +1,7 @@
 #include "position/grid_lines.h"
 
 #include "app/screens.h"
+#include "position/cell_edit.h"
 #include "position/grid_clipboard.h"
 #include "position/grid_undo.h"
 #include "position_bench.h"
@@ -45,7 +46,11 @@ std::vector<std::string> Standing() {
     const FlexGrid& grid = flgdData();
     auto all = PositionBench::gridTexts();
     for (const auto& row : grid.rows) {
-        all.push_back(row.bad.to_string());
+        auto bad = row.bad; // what couldn't be typed has a mark when it comes back
+        for (std::size_t cell = 1; cell < kGridColumns; ++cell) {
+            bad.set(cell, bad[cell] || !MayBeTyped(static_cast<int>(cell), row.text[cell]));
+        }
+        all.push_back(bad.to_string());
     }
     for (const int number : {int{GridFirst}, int{GridLast}, int{PosiFirst}, int{PosiLast}, grid.row,
                              grid.col, grid.rowSel, grid.colSel, int{PosiTableHasData()}}) {

@@ -190,6 +190,11 @@ private:
              line.controller.setAxisMask(static_cast<unsigned>(std::stoi(Word(a), nullptr, 2)));
          }},
         {"during", [this](Args& a) { runDuring(a); }},
+        {"axis-1",
+         [](Args& a) {
+             AxisOff[0] = FlagOf(Word(a) == "out");
+             DispAxisData();
+         }},
         {"stroke", [](Args& a) { DevSetting[0].DevStroke = Short(a); }},
         {"pulses-a-turn", [](Args& a) { DevSetting[3].DevPPR = Short(a); }},
         {"old-type", [](Args&) { DevSetting[0].NewType = kClear; }},

@@ -9,6 +9,7 @@
 #include <QDropEvent>
 #include <QHeaderView>
 #include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
 #include <QScrollBar>
@@ -22,6 +23,8 @@
 
 namespace qdw8::test {
 namespace {
+
+const QString kFiles = QDW8_SOURCE_DIR "/tests/position/files/";
 
 class GridUser : public MainForm {
 public:
@@ -74,6 +77,11 @@ protected:
                  QApplication::processEvents();
              }},
             {"keys", [&] { keys(rest); }},
+            {"held",
+             [&] {
+                 QKeyEvent again(QEvent::KeyPress, Qt::Key_Return, {}, "\r", true);
+                 QApplication::sendEvent(QApplication::focusWidget(), &again);
+             }},
             {"press", [&] { press(name); }},
             {"scroll", [&] { grid->verticalScrollBar()->setValue(n[0]); }},
             {"home", [] { GridHome(); }},
@@ -96,7 +104,8 @@ protected:
                  QMimeData files;
                  QList<QUrl> urls;
                  for (const QString& file : name.split(' ')) {
-                     urls << QUrl::fromLocalFile(QDW8_SOURCE_DIR "/tests/position/files/" + file);
+                     urls << (file.contains(':') ? QUrl(QString(file).replace('@', kFiles))
+                                                 : QUrl::fromLocalFile(kFiles + file));
                  }
                  files.setUrls(urls);
                  QDragEnterEvent over({}, Qt::CopyAction, &files, Qt::LeftButton, {});

@@ -14,6 +14,14 @@
 namespace qdw8 {
 namespace {
 
+/// Empty for what is no file of this machine.
+std::string PathOf(QUrl url) {
+    if (url.host() == QLatin1String("localhost")) {
+        url.setHost({});
+    }
+    return url.host().isEmpty() ? url.toLocalFile().toStdString() : std::string();
+}
+
 class DropWatch : public QObject {
 public:
     DropWatch(QWidget& of, std::function<bool()> may,
@@ -45,7 +53,7 @@ private:
         if (event.type() == QEvent::Drop) {
             std::vector<std::string> paths;
             for (const QUrl& url : event.mimeData()->urls()) {
-                paths.push_back(url.toLocalFile().toStdString());
+                paths.push_back(PathOf(url));
             }
             QTimer::singleShot(0, this, [this, paths] {
                 if (mayTake()) {

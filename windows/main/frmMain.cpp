@@ -391,9 +391,9 @@ void frmMain::chosen(Command command) {
     } else if (command == mnuViewStatusBar) {
         statusBar()->setVisible(ticked());
     } else if (command == mnuGridGoTo) {
-        if (grid->finishInput()) {
-            goTo->open();
-        }
+        // Whatever becomes of the edit: the digits behind the key are no figure for its cell.
+        grid->finishInput();
+        goTo->open();
     } else if (events.command) {
         events.command(command);
     }

@@ -74,7 +74,8 @@ bool RunGridKey(const QKeyEvent& event, const GridKeys& keys) {
     } else if (event.key() == Qt::Key_Delete) {
         flgdData_Delete();
     } else if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) {
-        if (!nowhere) {
+        // An Enter that is held in the bar or in a box must not walk on through the cells.
+        if (!nowhere && !event.isAutoRepeat()) {
             Enter();
         }
     } else {

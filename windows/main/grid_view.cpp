@@ -124,6 +124,10 @@ void GridView::refresh() {
         scrollToTop();
         horizontalScrollBar()->setValue(0);
     }
+    if (knownShown != flgdData().shown) {
+        knownShown = flgdData().shown;
+        scrollTo(cells->index(known.row - kGridHeadRows, std::max(known.col, 1) - 1));
+    }
     showEditor();
 }
 

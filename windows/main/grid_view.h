@@ -101,6 +101,7 @@ private:
     Events events;
     GridSelection known; ///< the unit's selection when it was last shown or handed back
     int knownHomes = 0;
+    int knownShown = 0;
     bool showing = false;   ///< the selection comes from the unit, not from the user
     bool composing = false; ///< an edit was begun by an input method that isn't through yet
     QTimer moveSoon;

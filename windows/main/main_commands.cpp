@@ -81,6 +81,21 @@ QAction* MakeEntry(QMainWindow& window, CommandControls& controls, const Command
     return action;
 }
 
+/// The keys of an entry: its own, and those that the desktop has for it.
+QList<QKeySequence> KeysOf(const MenuPlace& place) {
+    QList<QKeySequence> keys = QKeySequence::listFromString(QLatin1String(place.key));
+    const bool undo = place.name == Command::mnuGridUndo;
+    if (undo || place.name == Command::mnuGridRedo) {
+        for (const QKeySequence& key :
+             QKeySequence::keyBindings(undo ? QKeySequence::Undo : QKeySequence::Redo)) {
+            if (!keys.contains(key)) {
+                keys << key;
+            }
+        }
+    }
+    return keys;
+}
+
 } // namespace
 
 void CommandControls::showStates() const {
@@ -104,7 +119,7 @@ void BuildMenus(QMainWindow& window, CommandControls& controls, const CommandTab
         }
         QAction* action = MakeEntry(window, controls, table, *row.entry);
         Bind(window, *action, row.entry->name, routine);
-        action->setShortcuts(QKeySequence::listFromString(QLatin1String(row.entry->key)));
+        action->setShortcuts(KeysOf(*row.entry));
         action->setShortcutContext(row.entry->everywhere ? Qt::ApplicationShortcut
                                                          : Qt::WindowShortcut);
         action->setCheckable(row.entry->ticked);
