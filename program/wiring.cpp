@@ -207,8 +207,9 @@ void WireScreens() {
         WorkIn(*TheWindows().main);
     };
     screens.frmMainBack = [before] {
-        if (*before != nullptr && (*before)->isVisible()) {
-            WorkIn(**before);
+        QWidget* window = before->data();
+        if (window != nullptr && window->isVisible()) {
+            WorkIn(*window);
         }
     };
     screens.frmMainClose = [] { TheWindows().main->close(); };
