@@ -27,9 +27,9 @@ extern Stop& LastStop;
 /// tells. Whoever moves the axes sets it before, and clears it when they stand still.
 extern Flag& AxisMayMove;
 
-/// What was sent has set axes moving, by whatever window, and neither their arrival nor the answer
-/// to a stop has come since. While it is so the port keeps `0SP` as its last word: it goes out
-/// should the process be gone before.
+/// What was sent may have set axes moving, by whatever window: it was not refused, and neither
+/// their arrival nor the answer to a stop has come since. While it is so the port keeps `0SP` as
+/// its last word: it goes out should the process be gone before. Another port has nothing of it.
 bool MotionRuns();
 void SetMotionRuns(bool runs);
 

@@ -64,8 +64,8 @@ void LockFile::addMark() {
     }
 }
 
-void LockFile::clearMarks() {
-    if (::ftruncate(file->handle(), 0) == 0) {
+void LockFile::setMarks(int count) {
+    if (::ftruncate(file->handle(), count) == 0) {
         ::fsync(file->handle());
     }
 }

@@ -28,7 +28,8 @@ public:
     int marks() const;
     /// One mark more; nothing happens on a full disk.
     void addMark();
-    void clearMarks();
+    /// As many marks as there were before, or none.
+    void setMarks(int count);
 
 private:
     std::string name;

@@ -26,17 +26,22 @@ public:
 
     /// Times that a program began something with this table and never came to its end.
     int failures() const { return lock.marks(); }
+    /// The table has come through.
+    void forgetFailures() { lock.setMarks(0); }
     /// Something is done with the table for the life of the object; what ends it without a farewell
-    /// leaves a failure behind.
+    /// leaves a failure behind, besides those of before.
     class Attempt {
     public:
-        explicit Attempt(RecoverySlot& slot) : lock(slot.lock) { lock.addMark(); }
-        ~Attempt() { lock.clearMarks(); }
+        explicit Attempt(RecoverySlot& slot) : lock(slot.lock), before(lock.marks()) {
+            lock.addMark();
+        }
+        ~Attempt() { lock.setMarks(before); }
         Attempt(const Attempt&) = delete;
         Attempt& operator=(const Attempt&) = delete;
 
     private:
         LockFile& lock;
+        int before;
     };
 
 private:

@@ -142,6 +142,7 @@ bool PutBack(RecoverySlot& slot, const KeptTable& table) {
             TakeName(table);
             PosiDirtyFlag = kSet;
         }
+        slot.forgetFailures();
         RecheckPositions(); // whoever ends the program under its windows has not failed
     }
     if (table.edit) {

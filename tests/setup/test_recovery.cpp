@@ -219,12 +219,19 @@ TEST_F(Recovery, WhatIsNotATableOfItsOwnIsSetAsideOrLeft) {
     WriteWholeFile(table(), "QD-W8 unsaved positions\t2\nwhatever");
     platform.expectBox(Lines({ResText(3409), table()}));
     start();
+    const std::string lock = pathOf("state/positions-1.lock");
+    WriteWholeFile(lock, "x"); // of a start that died behind the reading
+    {
+        RecoverySlot slot(1);
+        { const RecoverySlot::Attempt reading(slot); }
+        EXPECT_EQ(slot.failures(), 1);
+    }
     const std::vector<std::pair<std::string, std::string>> strange{
         {good.substr(1), ""}, {"", ""}, {good, "xx"}}; // the last was too much for two starts
     for (const auto& [bytes, marks] : strange) {
         ResetRecovery();
         WriteWholeFile(table(), bytes);
-        WriteWholeFile(pathOf("state/positions-1.lock"), marks);
+        WriteWholeFile(lock, marks);
         const std::string aside = table() + ".aside" +
                                   (bytes == good   ? "2"
                                    : bytes.empty() ? "1"
